@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+
+class QDomElement;
+class QXmlStreamWriter;
+
+namespace VLT {
+
+class VLTView;
+
+class PortSetWidget : public QWidget
+{
+    Q_OBJECT
+
+public:
+    PortSetWidget(VLTView *view, QWidget *parent);
+
+    void readData(QDomElement *parent);
+    void writeData(QXmlStreamWriter *writer) const;
+    bool checkData();
+
+public slots:
+    void modified();
+
+private:
+    VLTView *const m_view;
+};
+
+} // namespace VLT

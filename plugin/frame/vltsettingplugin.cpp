@@ -1,0 +1,14 @@
+#include "frame/vltsettingplugin.h"
+
+namespace VLT {
+
+bool VLTSettingPlugin::initialize()
+{
+    return true;
+}
+
+void VLTSettingPlugin::extensionsInitialized() {}
+
+void VLTSettingPlugin::shutDown() {}
+
+} // namespace VLT

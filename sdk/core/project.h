@@ -1,0 +1,29 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QObject>
+#include <QString>
+
+namespace Core {
+
+/// The project that the user works on.
+class HOST_EXPORT Project : public QObject
+{
+    Q_OBJECT
+
+public:
+    ~Project() override;
+
+    /// Adds the file at `path` (absolute or relative to the working folder) to the project. A file
+    /// that the project already holds is not added twice.
+    void addFile(const QString &path);
+
+private:
+    friend class ProjectPrivate;
+    explicit Project(class ProjectPrivate *d);
+
+    class ProjectPrivate *const d;
+};
+
+} // namespace Core

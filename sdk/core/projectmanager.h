@@ -1,0 +1,17 @@
+#pragma once
+
+#include "hostexport.h"
+
+namespace Core {
+
+class Project;
+
+/// Keeps the current project.
+class HOST_EXPORT ProjectManager
+{
+public:
+    /// The open project, owned by the environment; null when no project is open.
+    static Project *currentProject();
+};
+
+} // namespace Core

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QList>
+
+class QWidget;
+
+namespace NlsData {
+
+class Net;
+
+/// The environment's net picker.
+class HOST_EXPORT FindNetDialog
+{
+public:
+    /// Lets the user choose among `nets`, modally on `parent`. Returns the chosen nets in the
+    /// order of `nets`; an empty list when cancelled. It runs the event loop.
+    static QList<Net *> getList(const QList<Net *> &nets, QWidget *parent);
+};
+
+} // namespace NlsData

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QString>
+
+namespace TE {
+
+/// The steps of the design flow and their results.
+class HOST_EXPORT FlowManager
+{
+public:
+    /// Absolute path of the file that holds the result `key`, whether or not it exists yet; empty
+    /// when the project names no such result or no project is open.
+    QString resultFile(const QString &key) const;
+
+private:
+    friend class FlowManagerPrivate;
+    explicit FlowManager(class FlowManagerPrivate *d);
+
+    class FlowManagerPrivate *const d;
+};
+
+} // namespace TE

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QString>
+
+namespace DEV {
+class ChipInfo;
+}
+
+namespace TE {
+
+/// What the project knows about its device.
+class HOST_EXPORT ProInfoManager
+{
+public:
+    static ProInfoManager *instance();
+
+    /// Identifier of the project's device in the device database; empty when none is chosen.
+    QString deviceID() const;
+
+    /// The chip of the project's device; empty texts when none is chosen.
+    DEV::ChipInfo chipInfo() const;
+
+private:
+    ProInfoManager() = default;
+};
+
+} // namespace TE

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QFileDialog>
+#include <QString>
+
+namespace Utils {
+
+/// The environment's file choosers.
+class HOST_EXPORT FileUtils
+{
+public:
+    /// Lets the user choose an existing file; empty when cancelled. An empty `directory` starts in
+    /// the folder last used under the same `caption`.
+    static QString getOpenFileName(QWidget *parent, const QString &caption,
+                                   const QString &directory, const QString &filter,
+                                   QString *selectedFilter = nullptr,
+                                   QFileDialog::Options options = QFileDialog::Options());
+};
+
+} // namespace Utils
