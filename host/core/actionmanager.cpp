@@ -1,0 +1,96 @@
+#include "core/actionmanager.h"
+
+#include "host/core/actionmanager_p.h"
+#include "host/core/viewmanager_p.h"
+
+#include <QAction>
+
+namespace Core {
+
+void ActionManager::registerAction(QAction *action, const QString &id, const QString &context)
+{
+    ActionManagerPrivate::get()->registerAction(action, id, context);
+}
+
+ActionManagerPrivate *ActionManagerPrivate::get()
+{
+    // Never destroyed: actions of static life may end after the application.
+    static ActionManagerPrivate *const self = new ActionManagerPrivate;
+    return self;
+}
+
+ActionManagerPrivate::ActionManagerPrivate()
+{
+    connect(ViewManagerPrivate::get(), &ViewManagerPrivate::activeContextsChanged, this,
+            &ActionManagerPrivate::updateAll);
+}
+
+QAction *ActionManagerPrivate::command(const QString &id)
+{
+    return get()->find(id).proxy;
+}
+
+void ActionManagerPrivate::setDefaultText(const QString &id, const QString &text)
+{
+    get()->find(id).defaultText = text;
+    get()->update(id);
+}
+
+ActionManagerPrivate::Command &ActionManagerPrivate::find(const QString &id)
+{
+    auto it = m_commands.find(id);
+    if (it == m_commands.end()) {
+        auto *proxy = new QAction(this);
+        proxy->setEnabled(false);
+        connect(proxy, &QAction::triggered, this, [this, id] {
+            if (QAction *action = activeAction(id))
+                action->trigger();
+        });
+        it = m_commands.insert(id, {proxy, QString(), {}});
+    }
+    return *it;
+}
+
+void ActionManagerPrivate::registerAction(QAction *action, const QString &id,
+                                          const QString &context)
+{
+    if (!action)
+        return;
+    find(id).registrations.append({action, context});
+    connect(action, &QAction::changed, this, [this, id] { update(id); });
+    connect(action, &QObject::destroyed, this, [this, id] { update(id); });
+    update(id);
+}
+
+QAction *ActionManagerPrivate::activeAction(const QString &id) const
+{
+    const QStringList contexts = ViewManagerPrivate::get()->activeContexts();
+    const QList<Registration> registrations = m_commands.value(id).registrations;
+    for (auto it = registrations.crbegin(); it != registrations.crend(); ++it) {
+        if (it->action && contexts.contains(it->context))
+            return it->action;
+    }
+    return nullptr;
+}
+
+void ActionManagerPrivate::update(const QString &id)
+{
+    Command &command = find(id);
+    const auto gone = [](const Registration &r) { return !r.action; };
+    command.registrations.erase(
+        std::remove_if(command.registrations.begin(), command.registrations.end(), gone),
+        command.registrations.end());
+    const QAction *action = activeAction(id);
+    command.proxy->setText(action ? action->text() : command.defaultText);
+    command.proxy->setToolTip(action ? action->toolTip() : QString());
+    command.proxy->setEnabled(action && action->isEnabled());
+}
+
+void ActionManagerPrivate::updateAll()
+{
+    const QStringList ids = m_commands.keys();
+    for (const QString &id : ids)
+        update(id);
+}
+
+} // namespace Core

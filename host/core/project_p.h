@@ -1,0 +1,74 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QJsonObject>
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+namespace Core {
+
+class Project;
+
+/// The host's side of a project. Its file is JSON with the suffix ".fpgaproj":
+///
+///     {"name": "...", "device": "<id>", "sources": ["..."], "files": ["..."],
+///      "synthesis": {"program": "...", "arguments": ["..."]},
+///      "results": {"RES.netlist": "..."}}
+///
+/// Paths are relative to the project file's folder. Members that are not listed are kept. Every
+/// change is saved at once.
+class HOST_EXPORT ProjectPrivate : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Reads a project file. Null on failure, with one sentence in `error` that names the file.
+    static std::unique_ptr<Project> load(const QString &path, QString *error);
+
+    static ProjectPrivate *of(const Project *project);
+
+    /// Absolute path of the project file, and of its folder, the working folder of the flow.
+    QString path() const { return m_path; }
+    QString folder() const;
+    QString name() const;
+
+    QString device() const;
+    void setDevice(const QString &id);
+
+    /// Absolute paths, in the order of the project file.
+    QStringList sources() const;
+    QStringList files() const;
+    void addFile(const QString &path);
+    void removeFile(const QString &path);
+
+    /// The synthesis command; an empty program when the project has none.
+    QString synthesisProgram() const;
+    QStringList synthesisArguments() const;
+
+    /// Absolute path of the result; empty when the project does not name it.
+    QString resultFile(const QString &key) const;
+
+    /// Writes the project file; false on failure, with one sentence in `error`.
+    bool save(QString *error) const;
+
+signals:
+    void changed();
+    void fileAdded(const QString &path);
+
+    /// A change could not be saved; it holds as long as the project is open.
+    void saveFailed(const QString &message);
+
+private:
+    ProjectPrivate(const QString &path, const QJsonObject &data);
+    QStringList absolutePaths(const QString &member) const;
+    QString absolutePath(const QString &path) const;
+    void update(const QJsonObject &data);
+
+    const QString m_path;
+    QJsonObject m_data;
+};
+
+} // namespace Core

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+namespace Core {
+
+class Project;
+
+/// The host's side of the project manager. One project is open at a time.
+class HOST_EXPORT ProjectManagerPrivate : public QObject
+{
+    Q_OBJECT
+
+public:
+    static ProjectManagerPrivate *get();
+
+    /// Opens a project in place of the current one. On failure gives null and one sentence in
+    /// `error`, and the current project stays.
+    Project *open(const QString &path, QString *error);
+    void close();
+
+    Project *current() const { return m_current.get(); }
+
+signals:
+    /// Another project is current, or none. The former one still lives.
+    void currentProjectChanged();
+
+private:
+    ProjectManagerPrivate() = default;
+    void setCurrent(std::unique_ptr<Project> project);
+
+    std::unique_ptr<Project> m_current;
+};
+
+} // namespace Core

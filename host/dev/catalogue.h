@@ -1,0 +1,15 @@
+#pragma once
+
+#include "host/dev/devicedb_p.h"
+
+#include <vector>
+
+class QByteArray;
+
+namespace DEV {
+
+/// Reads the text of a catalogue file. On failure gives false and the cause in `error`: a sentence
+/// without its beginning, as in "the file X: <cause>".
+bool parseCatalogue(const QByteArray &text, std::vector<Device> *devices, QString *error);
+
+} // namespace DEV

@@ -1,0 +1,97 @@
+#include "dev/devicedb.h"
+
+#include "host/dev/catalogue.h"
+#include "host/dev/devicedb_p.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace DEV {
+
+DeviceDb::DeviceDb(DeviceDbPrivate *d)
+    : d(d)
+{
+}
+
+const DeviceArg *DeviceDb::findByID(const QString &id) const
+{
+    const Device *device = d->find(id);
+    return device ? &device->arg : nullptr;
+}
+
+DeviceDbPrivate *DeviceDbPrivate::get()
+{
+    // Never destroyed, as every service that others refer to.
+    static DeviceDbPrivate *const self = new DeviceDbPrivate;
+    return self;
+}
+
+DeviceDbPrivate::DeviceDbPrivate()
+    : m_dataBase(new DeviceDb(this))
+{
+    addFile(QStringLiteral(":/host/devices.json"), nullptr);
+    if (QFile::exists(userFile()))
+        addFile(userFile(), &m_userFileError);
+}
+
+const Device *DeviceDbPrivate::find(const QString &id) const
+{
+    const auto it = std::find_if(m_devices.cbegin(), m_devices.cend(),
+                                 [&id](const Device &device) { return device.arg.id == id; });
+    return it == m_devices.cend() ? nullptr : &*it;
+}
+
+ChipInfo DeviceDbPrivate::chipInfo(const QString &id) const
+{
+    const Device *device = find(id);
+    return device ? ChipInfo{device->arg.partName, device->arg.packageName, device->series}
+                  : ChipInfo();
+}
+
+SupplyData DeviceDbPrivate::supplies(const QString &device, const QString &package) const
+{
+    const auto it = std::find_if(m_devices.cbegin(), m_devices.cend(), [&](const Device &known) {
+        return known.arg.partName == device && known.arg.packageName == package;
+    });
+    return it == m_devices.cend() ? SupplyData() : it->supplies;
+}
+
+bool DeviceDbPrivate::addFile(const QString &path, QString *error)
+{
+    QString cause;
+    std::vector<Device> added;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        cause = file.errorString();
+    else if (parseCatalogue(file.readAll(), &added, &cause))
+        cause.clear();
+    if (!cause.isEmpty()) {
+        if (error)
+            *error = QCoreApplication::translate("DEV::DeviceDb",
+                                                 "Cannot read the device catalogue %1: %2")
+                         .arg(QDir::toNativeSeparators(path), cause);
+        return false;
+    }
+    for (const Device &device : added) {
+        const auto known =
+            std::find_if(m_devices.begin(), m_devices.end(),
+                         [&device](const Device &other) { return other.arg.id == device.arg.id; });
+        if (known == m_devices.end())
+            m_devices.push_back(device);
+        else
+            *known = device;
+    }
+    return true;
+}
+
+QString DeviceDbPrivate::userFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
+           QLatin1String("/devices.json");
+}
+
+} // namespace DEV

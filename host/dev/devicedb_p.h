@@ -1,0 +1,76 @@
+#pragma once
+
+#include "dev/chipinfo.h"
+#include "dev/devicearg.h"
+#include "hostexport.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <deque>
+#include <memory>
+
+namespace DEV {
+
+class DeviceDb;
+
+/// Range and default of one supply, as texts in volts; empty when the chip does not have it.
+struct Supply
+{
+    QString min;
+    QString max;
+    QString defaultValue;
+};
+
+/// Supply data of a chip. All empty when nothing is known about it.
+struct SupplyData
+{
+    Supply vcc;
+    Supply vccx;
+    Supply vccldo;
+    bool vccVccx = false; ///< the two are one supply on this chip; likewise below
+    bool vccxVccldo = false;
+    bool vccVccldo = false;
+};
+
+struct Device
+{
+    DeviceArg arg;
+    QString series;
+    SupplyData supplies;
+};
+
+/// The host's side of the device database: the catalogue that ships, and the user's additions.
+class HOST_EXPORT DeviceDbPrivate
+{
+public:
+    static DeviceDbPrivate *get();
+    DeviceDb *dataBase() const { return m_dataBase; }
+
+    /// In the order of the catalogue. Devices stay where they are once they are known.
+    const std::deque<Device> &devices() const { return m_devices; }
+    const Device *find(const QString &id) const;
+    ChipInfo chipInfo(const QString &id) const;
+
+    /// Supply data of a chip, by DEV::ChipInfo's device and package.
+    SupplyData supplies(const QString &device, const QString &package) const;
+
+    /// Adds the devices of a catalogue file; a device of a known identifier replaces that one. On
+    /// failure gives false and one sentence in `error`, and adds nothing.
+    bool addFile(const QString &path, QString *error);
+
+    /// The user's own catalogue, read at start when it exists.
+    static QString userFile();
+
+    /// What was wrong with the user's file at start; empty when nothing was.
+    QString userFileError() const { return m_userFileError; }
+
+private:
+    DeviceDbPrivate();
+
+    DeviceDb *const m_dataBase;
+    std::deque<Device> m_devices;
+    QString m_userFileError;
+};
+
+} // namespace DEV

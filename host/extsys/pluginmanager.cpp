@@ -1,0 +1,113 @@
+#include "host/extsys/pluginmanager_p.h"
+
+#include "extsys/iplugin.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QLibrary>
+#include <QPluginLoader>
+
+namespace ExtSys {
+
+PluginManager *PluginManager::instance()
+{
+    // Never destroyed: plug-ins may reach it while the process winds down.
+    static PluginManager *const manager = new PluginManager;
+    return manager;
+}
+
+void PluginManager::addPlugin(IPlugin *plugin, const QString &name)
+{
+    m_plugins.append({plugin, plugin, name, State::Added});
+}
+
+void PluginManager::loadFolder(const QString &folder)
+{
+    const QDir dir(folder);
+    if (!dir.exists()) {
+        fail(QDir::toNativeSeparators(folder), tr("The plug-in folder does not exist."));
+        return;
+    }
+    const QFileInfoList files = dir.entryInfoList(QDir::Files, QDir::Name);
+    for (const QFileInfo &file : files) {
+        if (QLibrary::isLibrary(file.fileName()))
+            load(file.absoluteFilePath());
+    }
+}
+
+void PluginManager::load(const QString &path)
+{
+    const QString fileName = QFileInfo(path).fileName();
+    QPluginLoader loader(path);
+    loader.setLoadHints(QLibrary::PreventUnloadHint);
+    QObject *root = loader.instance();
+    if (!root) {
+        fail(fileName, loader.errorString());
+        return;
+    }
+    auto *plugin = qobject_cast<IPlugin *>(root);
+    if (!plugin) {
+        fail(fileName, tr("The library is a Qt plug-in, but it does not offer the interface %1.")
+                           .arg(QString::fromLatin1(qobject_interface_iid<IPlugin *>())));
+        return;
+    }
+    for (const Entry &entry : qAsConst(m_plugins)) {
+        if (entry.plugin == plugin) // the same library under a second name
+            return;
+    }
+    addPlugin(plugin, fileName);
+}
+
+void PluginManager::initializePlugins()
+{
+    const int count = m_plugins.size();
+    QList<int> started;
+    for (int i = 0; i < count; ++i) {
+        if (m_plugins.at(i).state != State::Added)
+            continue;
+        const bool ok = m_plugins.at(i).plugin->initialize();
+        m_plugins[i].state = ok ? State::Running : State::Refused;
+        if (ok)
+            started.append(i);
+        else
+            fail(m_plugins.at(i).name, tr("The plug-in could not be initialized."));
+    }
+    for (int i : qAsConst(started))
+        m_plugins.at(i).plugin->extensionsInitialized();
+}
+
+void PluginManager::shutDown()
+{
+    while (!m_plugins.isEmpty()) {
+        const Entry entry = m_plugins.takeLast();
+        if (entry.state == State::Running && entry.guard)
+            entry.plugin->shutDown();
+    }
+    while (!m_pool.isEmpty())
+        delete m_pool.takeLast().data();
+    m_failures.clear();
+}
+
+QStringList PluginManager::pluginNames() const
+{
+    QStringList names;
+    for (const Entry &entry : m_plugins) {
+        if (entry.state == State::Running)
+            names.append(entry.name);
+    }
+    return names;
+}
+
+void PluginManager::addAutoReleasedObject(QObject *object)
+{
+    if (object && !m_pool.contains(object))
+        m_pool.append(object);
+}
+
+void PluginManager::fail(const QString &fileName, const QString &reason)
+{
+    m_failures.append({fileName, reason});
+    emit loadFailed(fileName, reason);
+}
+
+} // namespace ExtSys

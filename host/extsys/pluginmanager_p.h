@@ -1,0 +1,86 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+namespace ExtSys {
+
+class IPlugin;
+
+/// Loads the plug-ins, runs their life cycle and keeps the object pool. GUI thread only.
+class HOST_EXPORT PluginManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// A library that could not be used, by file name, and why.
+    struct Failure
+    {
+        QString fileName;
+        QString reason;
+    };
+
+    static PluginManager *instance();
+
+    /// Adds a plug-in that is linked rather than loaded. It is not owned.
+    void addPlugin(IPlugin *plugin, const QString &name);
+
+    /// Loads every library of `folder` in the order of the file names. Files that are no library by
+    /// name are passed over; a library that cannot be used becomes a failure. Libraries are never
+    /// unloaded, because views of theirs may outlive the plug-ins' shutDown().
+    void loadFolder(const QString &folder);
+
+    /// Calls initialize() on each plug-in that was added since the last call, then
+    /// extensionsInitialized() on those that agreed.
+    void initializePlugins();
+
+    /// Calls shutDown() in reverse order, deletes the pool's objects in reverse order of
+    /// registration, and forgets the plug-ins.
+    void shutDown();
+
+    /// Names of the plug-ins that are initialized, in load order.
+    QStringList pluginNames() const;
+    QList<Failure> failures() const { return m_failures; }
+
+    /// Publishes `object` and takes ownership of it.
+    void addAutoReleasedObject(QObject *object);
+
+    /// The pool's objects of class `T`, in order of registration.
+    template<typename T>
+    QList<T *> objects() const
+    {
+        QList<T *> found;
+        for (const QPointer<QObject> &object : m_pool) {
+            if (T *match = qobject_cast<T *>(object.data()))
+                found.append(match);
+        }
+        return found;
+    }
+
+signals:
+    void loadFailed(const QString &fileName, const QString &reason);
+
+private:
+    enum class State { Added, Running, Refused };
+    struct Entry
+    {
+        QPointer<QObject> guard;
+        IPlugin *plugin; // not owned
+        QString name;
+        State state;
+    };
+
+    PluginManager() = default;
+    void load(const QString &path);
+    void fail(const QString &fileName, const QString &reason);
+
+    QList<Entry> m_plugins;
+    QList<QPointer<QObject>> m_pool;
+    QList<Failure> m_failures;
+};
+
+} // namespace ExtSys

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace QUtil {
+
+class IEvent;
+class IEventHandler;
+
+/// The host's side of the event bus.
+class HOST_EXPORT EventManagerPrivate
+{
+public:
+    static EventManagerPrivate *get();
+
+    /// Calls, in order of subscription and before it returns, every handler that was subscribed to
+    /// the event's type when the delivery began and still is when its turn comes. Deliveries may
+    /// nest, and handlers may subscribe, unsubscribe and be destroyed meanwhile.
+    void deliver(const IEvent &event);
+
+    void subscribe(IEventHandler *handler, const QString &type);
+    void unsubscribe(IEventHandler *handler, const QString &type);
+
+    /// Number of live subscriptions to `type`.
+    int subscriberCount(const QString &type) const;
+
+private:
+    struct Subscription
+    {
+        IEventHandler *handler; // not owned; null once taken back
+        QString type;
+    };
+
+    // Entries keep their places while an event is being delivered; dead ones go afterwards.
+    std::vector<Subscription> m_subscriptions;
+    int m_depth = 0;
+};
+
+} // namespace QUtil

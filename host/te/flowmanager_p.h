@@ -1,0 +1,73 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+namespace TE {
+
+class FlowManager;
+class FlowProcess;
+class ResultWatcher;
+
+/// The host's side of the design flow: runs the synthesis of the current project.
+///
+/// Every change of state is raised as the event "TE.Process.Status.Change" with the values
+/// "process" = "Process.Syn" and "status", the number of the state.
+class HOST_EXPORT FlowManagerPrivate : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum Status {
+        Idle = 0,
+        Running = 1,
+        Finished = 2, ///< successfully; the results are new
+        Failed = 3,
+        Stopped = 4, ///< by stop()
+    };
+    Q_ENUM(Status)
+
+    static FlowManagerPrivate *get();
+    FlowManager *manager() const { return m_manager; }
+
+    QString resultFile(const QString &key) const;
+
+    Status status() const { return m_status; }
+    bool isRunning() const { return m_status == Running; }
+
+    /// Starts the synthesis command in the project's folder. False when it cannot even be tried,
+    /// with one sentence in `error`; a program that does not start fails like one that ends badly.
+    bool start(QString *error);
+
+    /// Asks the run and all processes that it started to end, and ends them by force when they do
+    /// not within `killAfter` milliseconds. Nothing without a run.
+    void stop(int killAfter = 3000);
+
+signals:
+    /// One line that the run wrote, without its line break; both channels in order of arrival.
+    void output(const QString &line);
+
+    /// One sentence for the user about the state that was reached.
+    void message(const QString &text);
+    void statusChanged(TE::FlowManagerPrivate::Status status);
+
+private:
+    FlowManagerPrivate();
+    ~FlowManagerPrivate() override;
+    void setStatus(Status status, const QString &text);
+    void onProjectChanged();
+    void onProcessEnded(bool ok, const QString &cause);
+    void onResultReplaced();
+
+    FlowManager *const m_manager;
+    std::unique_ptr<FlowProcess> m_process;
+    std::unique_ptr<ResultWatcher> m_watcher;
+    Status m_status = Idle;
+    bool m_stopping = false;
+};
+
+} // namespace TE
