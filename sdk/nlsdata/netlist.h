@@ -11,9 +11,9 @@
 namespace NlsData {
 
 class NetlistData;
-class NetlistBuilder;
 
-/// A primitive or module of the design in its place in the hierarchy.
+/// A primitive or module of the design in its place in the hierarchy. A module that has contents
+/// is an instance with codes 0, followed by the instances inside it.
 class HOST_EXPORT Instance
 {
 public:
@@ -29,7 +29,6 @@ public:
 
 private:
     friend class NetlistData;
-    friend class NetlistBuilder;
     const NetlistData *m_data = nullptr;
     quint32 m_row = 0;
 };
@@ -47,7 +46,6 @@ public:
 
 private:
     friend class NetlistData;
-    friend class NetlistBuilder;
     const NetlistData *m_data = nullptr;
     quint32 m_row = 0;
 };
@@ -66,7 +64,6 @@ public:
 
 private:
     friend class NetlistData;
-    friend class NetlistBuilder;
     const NetlistData *m_data = nullptr;
     quint32 m_row = 0;
 };
@@ -83,7 +80,8 @@ public:
     /// Name of the design (its top module).
     QString name() const;
 
-    /// In the order of the netlist file, vectors from their lowest bit.
+    /// In the order of the netlist file, vectors from their least significant bit, a module's
+    /// contents right after its instance.
     const QList<Port *> &ports() const;
     const QList<Instance *> &instances() const;
 
@@ -92,7 +90,7 @@ public:
     const QMap<QString, Instance *> &instanceMap() const;
 
 private:
-    friend class NetlistBuilder;
+    friend class NetlistData;
     explicit Netlist(std::unique_ptr<NetlistData> data);
 
     const std::unique_ptr<NetlistData> d;

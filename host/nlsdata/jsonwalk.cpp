@@ -1,0 +1,108 @@
+#include "jsonwalk_p.h"
+
+#include "readcontrol_p.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace NlsData {
+
+constexpr int maximumNesting = 64;
+
+QString quoted(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), int(std::min<size_t>(text.size(), 200)));
+}
+
+void JsonWalk::refuse(const QString &cause) const
+{
+    throw ReadError{cause};
+}
+
+void JsonWalk::fail(simdjson::error_code error, const char *what) const
+{
+    switch (error) {
+    case simdjson::INCORRECT_TYPE:
+    case simdjson::NUMBER_OUT_OF_RANGE:
+        refuse(QStringLiteral("it is no netlist, '%1'%2 is not what it should be")
+                   .arg(QLatin1String(what), place()));
+    case simdjson::EMPTY:
+        refuse(QStringLiteral("it is empty"));
+    case simdjson::UTF8_ERROR:
+        refuse(QStringLiteral("it is not valid UTF-8"));
+    case simdjson::MEMALLOC:
+        refuse(QStringLiteral("there is not enough memory"));
+    case simdjson::CAPACITY:
+        refuse(QStringLiteral("it is larger than 4 GiB"));
+    case simdjson::UNCLOSED_STRING:
+    case simdjson::INCOMPLETE_ARRAY_OR_OBJECT:
+        refuse(
+            QStringLiteral("it is not complete JSON, it may have been cut short%1").arg(place()));
+    default:
+        refuse(QStringLiteral("it is not valid JSON%1").arg(place()));
+    }
+}
+
+ondemand::object JsonWalk::object(ondemand::value value, const char *what) const
+{
+    return take(value.get_object(), what);
+}
+
+ondemand::array JsonWalk::array(ondemand::value value, const char *what) const
+{
+    return take(value.get_array(), what);
+}
+
+std::string_view JsonWalk::string(ondemand::value value, const char *what) const
+{
+    const std::string_view token = value.raw_json_token();
+    if (token.empty() || token.front() != '"')
+        fail(simdjson::INCORRECT_TYPE, what);
+    const char *begin = token.data() + 1;
+    const auto *end = static_cast<const char *>(std::memchr(begin, '"', token.size() - 1));
+    if (!end || std::memchr(begin, '\\', size_t(end - begin)))
+        return take(value.get_string(), what);
+    check(value.get_raw_json_string().error(), what);
+    return {begin, size_t(end - begin)};
+}
+
+std::string_view JsonWalk::key(ondemand::field &field) const
+{
+    const char *begin = field.key().raw();
+    const auto *end = static_cast<const char *>(
+        std::memchr(begin, '"', size_t(m_text.data() + m_text.size() - begin)));
+    if (end && !std::memchr(begin, '\\', size_t(end - begin)))
+        return {begin, size_t(end - begin)};
+    return take(field.unescaped_key(), "name");
+}
+
+void JsonWalk::skip(ondemand::value value, int depth) const
+{
+    if (depth > maximumNesting)
+        refuse(QStringLiteral("it nests too deeply%1").arg(place()));
+    switch (take(value.type(), "value")) {
+    case ondemand::json_type::object:
+        for (auto field : object(value, "value"))
+            skip(take(field, "value").value(), depth + 1);
+        break;
+    case ondemand::json_type::array:
+        for (auto element : array(value, "value"))
+            skip(take(element, "value"), depth + 1);
+        break;
+    case ondemand::json_type::string:
+        check(value.get_raw_json_string().error(), "value");
+        break;
+    case ondemand::json_type::number:
+        check(value.get_double().error(), "value");
+        break;
+    case ondemand::json_type::boolean:
+        check(value.get_bool().error(), "value");
+        break;
+    case ondemand::json_type::null:
+        if (!value.is_null())
+            fail(simdjson::TAPE_ERROR, "value");
+        break;
+    }
+}
+
+} // namespace NlsData

@@ -1,0 +1,201 @@
+#include "netlistdata_p.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace NlsData {
+
+namespace {
+
+/// The objects of `rows` by path. Of two with the same path, which only an escaped name can
+/// bring about, the first is there.
+template<typename Handle, typename Row, typename PathOf>
+QMap<QString, Handle *> byPath(std::vector<Handle> &handles, const std::vector<Row> &rows,
+                               const PathOf &pathOf)
+{
+    std::vector<std::pair<QString, Handle *>> entries;
+    entries.reserve(rows.size());
+    for (size_t i = 0; i < rows.size(); ++i)
+        entries.emplace_back(pathOf(rows[i]), &handles[i]);
+    std::sort(entries.begin(), entries.end());
+    QMap<QString, Handle *> map;
+    const QString *last = nullptr;
+    for (const auto &[path, handle] : entries) {
+        if (!last || path != *last)
+            map.insert(map.cend(), path, handle);
+        last = &path;
+    }
+    return map;
+}
+
+} // namespace
+
+template<typename Handle, typename Row>
+void NetlistData::makeHandles(std::vector<Handle> *handles, const std::vector<Row> &rows)
+{
+    handles->resize(rows.size());
+    for (size_t i = 0; i < rows.size(); ++i) {
+        (*handles)[i].m_data = this;
+        (*handles)[i].m_row = quint32(i);
+    }
+}
+
+std::unique_ptr<Netlist> NetlistData::makeNetlist(std::unique_ptr<NetlistData> data)
+{
+    data->makeHandles(&data->m_nets, data->nets);
+    data->makeHandles(&data->m_instances, data->instances);
+    data->makeHandles(&data->m_ports, data->ports);
+    data->portList.reserve(int(data->ports.size()));
+    for (Port &port : data->m_ports)
+        data->portList.append(&port);
+    data->instanceList.reserve(int(data->instances.size()));
+    for (Instance &instance : data->m_instances)
+        data->instanceList.append(&instance);
+    return std::unique_ptr<Netlist>(new Netlist(std::move(data)));
+}
+
+const NetlistData &NetlistData::of(const Netlist &netlist)
+{
+    return *netlist.d;
+}
+
+QString NetlistData::path(quint32 scope, quint32 name, qint32 bit) const
+{
+    // Composed backwards, into a buffer that is large enough for nearly every path.
+    char number[16] = "[";
+    size_t numberSize = 0;
+    if (bit != scalar) {
+        char *end = std::to_chars(number + 1, number + sizeof number - 1, bit).ptr;
+        *end = ']';
+        numberSize = size_t(end + 1 - number);
+    }
+    size_t size = names[name].size + numberSize;
+    for (quint32 up = scope; up != none; up = instances[up].scope)
+        size += names[instances[up].name].size + 1;
+
+    char small[512];
+    std::unique_ptr<char[]> large;
+    char *buffer = small;
+    if (size > sizeof small) {
+        large.reset(new char[size]);
+        buffer = large.get();
+    }
+    char *begin = buffer + size;
+    const auto prepend = [&begin](std::string_view part) {
+        begin -= part.size();
+        std::copy(part.begin(), part.end(), begin);
+    };
+    prepend({number, numberSize});
+    prepend(nameText(name));
+    for (quint32 up = scope; up != none; up = instances[up].scope) {
+        prepend("/");
+        prepend(nameText(instances[up].name));
+    }
+    return QString::fromUtf8(buffer, int(size));
+}
+
+Instance *NetlistData::driver(quint32 net) const
+{
+    const quint32 row = nets[net].driver;
+    return row == none ? nullptr : &m_instances[row];
+}
+
+Net *NetlistData::netOf(quint32 port) const
+{
+    const quint32 row = ports[port].net;
+    return row == none ? nullptr : &m_nets[row];
+}
+
+const QMap<QString, Net *> &NetlistData::netMap() const
+{
+    if (m_netMap.isEmpty())
+        m_netMap = byPath(m_nets, nets,
+                          [this](const NetRow &row) { return path(row.scope, row.name, row.bit); });
+    return m_netMap;
+}
+
+const QMap<QString, Instance *> &NetlistData::instanceMap() const
+{
+    if (m_instanceMap.isEmpty())
+        m_instanceMap = byPath(m_instances, instances, [this](const InstanceRow &row) {
+            return path(row.scope, row.name, scalar);
+        });
+    return m_instanceMap;
+}
+
+QString Instance::path() const
+{
+    const NetlistData::InstanceRow &row = m_data->instances[m_row];
+    return m_data->path(row.scope, row.name, NetlistData::scalar);
+}
+
+int Instance::category() const
+{
+    return m_data->kind(m_row).category;
+}
+
+int Instance::primitive() const
+{
+    return m_data->kind(m_row).primitive;
+}
+
+QString Net::path() const
+{
+    const NetlistData::NetRow &row = m_data->nets[m_row];
+    return m_data->path(row.scope, row.name, row.bit);
+}
+
+Instance *Net::driver() const
+{
+    return m_data->driver(m_row);
+}
+
+QString Port::path() const
+{
+    const NetlistData::PortRow &row = m_data->ports[m_row];
+    return m_data->path(NetlistData::none, row.name, row.bit);
+}
+
+int Port::direction() const
+{
+    return m_data->ports[m_row].direction;
+}
+
+Net *Port::net() const
+{
+    return m_data->netOf(m_row);
+}
+
+Netlist::Netlist(std::unique_ptr<NetlistData> data)
+    : d(std::move(data))
+{
+}
+
+Netlist::~Netlist() = default;
+
+QString Netlist::name() const
+{
+    return QString::fromUtf8(d->design);
+}
+
+const QList<Port *> &Netlist::ports() const
+{
+    return d->portList;
+}
+
+const QList<Instance *> &Netlist::instances() const
+{
+    return d->instanceList;
+}
+
+const QMap<QString, Net *> &Netlist::netMap() const
+{
+    return d->netMap();
+}
+
+const QMap<QString, Instance *> &Netlist::instanceMap() const
+{
+    return d->instanceMap();
+}
+
+} // namespace NlsData

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "hostexport.h"
+#include "nlsdata/netlist.h"
+
+#include <QByteArray>
+
+#include <limits>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+namespace NlsData {
+
+/// The contents of a netlist: one row per object and one handle per row, all sized once. Names are
+/// kept apart, so that the bits of a vector and the copies of a module share them.
+class HOST_EXPORT NetlistData
+{
+public:
+    static constexpr quint32 none = 0xffffffff;
+    static constexpr qint32 scalar = std::numeric_limits<qint32>::min();
+
+    /// A name's bytes in `text`, in UTF-8.
+    struct Name
+    {
+        quint32 begin;
+        quint32 size;
+    };
+    struct NetRow
+    {
+        quint32 scope; ///< the instance that it is in, or none at the top
+        quint32 name;
+        qint32 bit;     ///< its number in the vector, or scalar
+        quint32 driver; ///< an instance, or none
+    };
+    struct InstanceRow
+    {
+        quint32 scope;
+        quint32 name;
+        quint32 kind;
+    };
+    struct PortRow
+    {
+        quint32 name;
+        qint32 bit;
+        quint32 net; ///< or none
+        quint8 direction;
+    };
+    struct Kind
+    {
+        QByteArray type;
+        int category = 0;
+        int primitive = 0;
+        bool isModule = false; ///< a module with contents
+        bool isKnown = false;  ///< in a cell library
+    };
+
+    /// The netlist over these contents; the handles are made here.
+    static std::unique_ptr<Netlist> makeNetlist(std::unique_ptr<NetlistData> data);
+    static const NetlistData &of(const Netlist &netlist);
+
+    std::string_view nameText(quint32 name) const
+    {
+        return {text.data() + names[name].begin, names[name].size};
+    }
+    QString path(quint32 scope, quint32 name, qint32 bit) const;
+
+    const Kind &kind(quint32 instance) const { return kinds[instances[instance].kind]; }
+    Instance *driver(quint32 net) const;
+    Net *netOf(quint32 port) const;
+
+    /// Built at the first call.
+    const QMap<QString, Net *> &netMap() const;
+    const QMap<QString, Instance *> &instanceMap() const;
+
+    QByteArray design;
+    std::vector<char> text;
+    std::vector<Name> names;
+    std::vector<Kind> kinds;
+    std::vector<NetRow> nets;
+    std::vector<InstanceRow> instances;
+    std::vector<PortRow> ports;
+
+    QList<Port *> portList;
+    QList<Instance *> instanceList;
+
+private:
+    template<typename Handle, typename Row>
+    void makeHandles(std::vector<Handle> *handles, const std::vector<Row> &rows);
+
+    // What a netlist hands out points into these; they never grow.
+    mutable std::vector<Net> m_nets;
+    mutable std::vector<Instance> m_instances;
+    std::vector<Port> m_ports;
+    mutable QMap<QString, Net *> m_netMap;
+    mutable QMap<QString, Instance *> m_instanceMap;
+};
+
+} // namespace NlsData
