@@ -1,27 +1,186 @@
 #include "conditions/vltcommonwidget.h"
 
 #include "document/vltview.h"
+#include "document/wheelguard.h"
+#include "frame/vltviewmanager.h"
+#include "ui_vltcommonwidget.h"
+
+#include "core/idecore.h"
+#include "dev/devicedb.h"
+#include "qutil/eventmanager.h"
+#include "qutil/ievent.h"
+#include "te/proinfomanager.h"
+#include "zum/voltage.h"
+
+#include <algorithm>
 
 namespace VLT {
+
+namespace {
+
+QString deviceChangeEvent()
+{
+    return QStringLiteral("TE.Device.Change");
+}
+
+/// Gives the columns of labels and of fields in all `grids` the width of the widest.
+void shareColumnWidths(const QList<QGridLayout *> &grids)
+{
+    for (int column : {0, 1}) {
+        int width = 0;
+        for (const QGridLayout *grid : grids) {
+            for (int row = 0; row < grid->rowCount(); ++row) {
+                QLayoutItem *item = grid->itemAtPosition(row, column);
+                if (item && !qobject_cast<QGroupBox *>(item->widget()))
+                    width = std::max(width, item->sizeHint().width());
+            }
+        }
+        for (QGridLayout *grid : grids)
+            grid->setColumnMinimumWidth(column, width);
+    }
+}
+
+} // namespace
 
 VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
     : QWidget(parent)
     , m_view(view)
+    , m_ui(std::make_unique<Ui::VLTSettingWidget>())
 {
+    QUtil::EventManager::instance()->subscribe(this, deviceChangeEvent());
+    m_ui->setupUi(this);
+    alignColumns();
+    connectFields();
+    // Before the page reads a file: one without voltages gets the device's defaults.
+    if (updateVoltageInfo())
+        setVoltageDefaults();
 }
 
-void VLTSettingWidget::readData(QDomElement *) {}
-
-void VLTSettingWidget::writeData(QXmlStreamWriter *) const {}
-
-bool VLTSettingWidget::checkData()
+VLTSettingWidget::~VLTSettingWidget()
 {
-    return true;
+    QUtil::EventManager::instance()->unsubscribe(this, deviceChangeEvent());
+}
+
+void VLTSettingWidget::connectFields()
+{
+    using Page = VLTSettingWidget;
+    constexpr auto indexChanged = qOverload<int>(&QComboBox::currentIndexChanged);
+    constexpr auto valueChanged = qOverload<double>(&QDoubleSpinBox::valueChanged);
+
+    connect(m_ui->comboGrade, indexChanged, this, &Page::modified);
+    connect(m_ui->comboGrade, indexChanged, this, &Page::updateJunctionTempRange);
+    connect(m_ui->comboProcess, indexChanged, this, &Page::modified);
+    connect(m_ui->comboAirFlow, indexChanged, this, &Page::modified);
+    connect(m_ui->spinAmbTemp, valueChanged, this, &Page::modified);
+    connect(m_ui->spinBoardTemp, valueChanged, this, &Page::modified);
+    connect(m_ui->lineEditJA, valueChanged, this, &Page::modified);
+    connect(m_ui->spinJunctionTemp, valueChanged, this, &Page::modified);
+    connect(m_ui->lineEditSA, &QDoubleSpinBox::textChanged, this, &Page::modified);
+    connect(m_ui->lineEditJB, &QDoubleSpinBox::textChanged, this, &Page::modified);
+    connect(m_ui->checkJA, &QCheckBox::clicked, this, &Page::onChangeThetaEnable);
+    connect(m_ui->buttonGroupHeat, qOverload<QAbstractButton *>(&QButtonGroup::buttonClicked), this,
+            &Page::onHeatChanged);
+    connect(m_ui->buttonGroupBoard, qOverload<QAbstractButton *>(&QButtonGroup::buttonClicked),
+            this, &Page::onBoardTMChanged);
+    connect(m_ui->checkBoxJunctionTemp, &QCheckBox::toggled, this, &Page::onJunctionTempChanged);
+
+    for (QComboBox *combo : {m_ui->comboGrade, m_ui->comboProcess, m_ui->comboAirFlow})
+        ignoreWheelWithoutFocus(combo);
+}
+
+void VLTSettingWidget::alignColumns()
+{
+    shareColumnWidths({m_ui->gridConditions, m_ui->gridEnvironment, m_ui->gridVoltage});
+    shareColumnWidths({m_ui->gridHeat, m_ui->gridBoard});
 }
 
 void VLTSettingWidget::modified()
 {
     m_view->setModified(true);
+}
+
+// A given junction temperature overrides everything; otherwise theta JA overrides heat sink and
+// board; otherwise the heat sink decides. Each slot applies the rules below it in this chain.
+
+void VLTSettingWidget::onJunctionTempChanged()
+{
+    const bool given = m_ui->checkBoxJunctionTemp->isChecked();
+    m_ui->spinJunctionTemp->setEnabled(given);
+    m_ui->spinAmbTemp->setEnabled(!given);
+    m_ui->checkJA->setEnabled(!given);
+    m_ui->lineEditJA->setEnabled(!given);
+    m_ui->groupHeat->setEnabled(!given);
+    m_ui->groupBoard->setEnabled(!given);
+    if (!given)
+        onChangeThetaEnable();
+    modified();
+}
+
+void VLTSettingWidget::onChangeThetaEnable()
+{
+    const bool given = m_ui->checkJA->isChecked();
+    m_ui->groupHeat->setEnabled(!given);
+    m_ui->groupBoard->setEnabled(!given);
+    m_ui->lineEditJA->setEnabled(given);
+    if (!given)
+        onHeatChanged();
+    modified();
+}
+
+void VLTSettingWidget::onHeatChanged()
+{
+    const bool none = m_ui->radioHeatNone->isChecked();
+    const bool custom = m_ui->radioHeatCumstom->isChecked();
+    if (none)
+        m_ui->radioBoardNone->setChecked(true); // no heat sink means no board model
+    else if (custom)
+        m_ui->comboAirFlow->setCurrentIndex(0);
+    m_ui->groupBoard->setEnabled(!none);
+    m_ui->comboAirFlow->setEnabled(!custom);
+    m_ui->lineEditSA->setEnabled(custom);
+    onBoardTMChanged();
+}
+
+void VLTSettingWidget::onBoardTMChanged()
+{
+    m_ui->lineEditJB->setEnabled(m_ui->radioBoardCustom->isChecked());
+    m_ui->spinBoardTemp->setEnabled(!m_ui->radioBoardNone->isChecked());
+    modified();
+}
+
+void VLTSettingWidget::onValueChanged()
+{
+    updateDoubleSpin();
+    modified();
+}
+
+void VLTSettingWidget::updateJunctionTempRange()
+{
+    const QString grade = m_ui->comboGrade->currentText();
+    if (grade == QLatin1String("Commercial"))
+        m_ui->spinJunctionTemp->setRange(0, 85);
+    else if (grade == QLatin1String("Industrial"))
+        m_ui->spinJunctionTemp->setRange(-40, 100);
+    else
+        m_ui->spinJunctionTemp->setRange(-40, 125);
+}
+
+void VLTSettingWidget::handleIEvent(const QUtil::IEvent *event)
+{
+    if (event->type() != deviceChangeEvent())
+        return;
+    if (updateVoltageInfo()) {
+        checkVlotageShow();
+        checkVoltageRange();
+        // The device itself changes nothing further: its supplies are all that the page shows.
+        if (const DEV::DeviceDb *devices = Core::IdeCore::deviceDataBase())
+            devices->findByID(TE::ProInfoManager::instance()->deviceID());
+        return;
+    }
+    m_view->abandonEdits();
+    m_view->setModified(false);
+    // Closing may destroy the view and this page: nothing may follow.
+    VLTViewManager::closeView(m_view->file());
 }
 
 } // namespace VLT

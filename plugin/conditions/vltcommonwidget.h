@@ -1,30 +1,87 @@
 #pragma once
 
+#include "dev/chipinfo.h"
+#include "dev/devicearg.h"
+#include "qutil/ieventhandler.h"
+
 #include <QWidget>
+
+#include <memory>
 
 class QDomElement;
 class QXmlStreamWriter;
+
+namespace ZUM {
+class Voltage;
+}
 
 namespace VLT {
 
 class VLTView;
 
-class VLTSettingWidget : public QWidget
+namespace Ui {
+class VLTSettingWidget;
+}
+
+/// The operating conditions page: grade and process, thermal environment, supply voltages.
+/// Temperatures are in ℃, thermal resistances in ℃/W, voltages in V. The values live in the
+/// widgets alone.
+class VLTSettingWidget : public QWidget, public QUtil::IEventHandler
 {
     Q_OBJECT
 
 public:
     VLTSettingWidget(VLTView *view, QWidget *parent);
+    ~VLTSettingWidget() override;
 
-    void readData(QDomElement *parent);
+    void readData(QDomElement *root);
     void writeData(QXmlStreamWriter *writer) const;
-    bool checkData();
+
+    /// The page never keeps the document from being saved.
+    bool checkData() { return true; }
+
+    /// Asks for the supply data of the current chip. False when the chip has none: the data of the
+    /// chip before is then kept.
+    bool updateVoltageInfo();
+
+    /// Shows the supplies that the chip has, and enables those that the user sets.
+    void checkVlotageShow();
+
+    /// Applies the rule for devices whose VCCX is fixed. A later checkVlotageShow() decides again.
+    void setDevice(DEV::DeviceArg device);
+
+    /// Applies the chip's ranges; a shown supply that was outside gets its default.
+    void checkVoltageRange();
+
+    /// Makes supplies that are one on this chip equal.
+    void updateDoubleSpin();
+
+    /// Lets edits of the voltages count from now on; called once, when the file has been read.
+    void connectVlotageDoubleSpin();
+
+    void handleIEvent(const QUtil::IEvent *event) override;
 
 public slots:
     void modified();
+    void onChangeThetaEnable();
+    void onHeatChanged();
+    void onBoardTMChanged();
+    void onJunctionTempChanged();
+    void onValueChanged();
+    void updateJunctionTempRange();
 
 private:
+    void connectFields();
+    void alignColumns();
+    void setVoltageDefaults();
+    void writeVoltages(QXmlStreamWriter *writer) const;
+    void writeHeatSink(QXmlStreamWriter *writer) const;
+    void writeBoard(QXmlStreamWriter *writer) const;
+
     VLTView *const m_view;
+    const std::unique_ptr<Ui::VLTSettingWidget> m_ui;
+    std::unique_ptr<ZUM::Voltage> m_voltage; ///< null until a chip with supply data was seen
+    DEV::ChipInfo m_chipInfo;
 };
 
 } // namespace VLT

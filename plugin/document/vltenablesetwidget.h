@@ -7,8 +7,13 @@ class QXmlStreamWriter;
 
 namespace VLT {
 
+class BsramSetWidget;
+class ClockEnableSetWidget;
+class DFFSetWidget;
+class PortSetWidget;
 class VLTView;
 
+/// Holds the pages of the activity settings: clock enables, ports, block SRAMs, flip-flops.
 class VLTEnableSetWidget : public QWidget
 {
     Q_OBJECT
@@ -18,13 +23,12 @@ public:
 
     void readData(QDomElement *parent);
     void writeData(QXmlStreamWriter *writer) const;
-    bool checkData();
-
-public slots:
-    void modified();
 
 private:
-    VLTView *const m_view;
+    BsramSetWidget *m_bsramPage;
+    PortSetWidget *m_portPage;
+    ClockEnableSetWidget *m_clockPage;
+    DFFSetWidget *m_dffPage;
 };
 
 } // namespace VLT

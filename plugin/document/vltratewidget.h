@@ -7,8 +7,11 @@ class QXmlStreamWriter;
 
 namespace VLT {
 
+class RateWidget;
+class VcdFileWidget;
 class VLTView;
 
+/// Holds the pages of the signal activity: toggle rates beside activity files.
 class VLTRateWidget : public QWidget
 {
     Q_OBJECT
@@ -18,13 +21,13 @@ public:
 
     void readData(QDomElement *parent);
     void writeData(QXmlStreamWriter *writer) const;
+
+    /// Whether the pages may be saved; what is wrong has been told. Runs the event loop.
     bool checkData();
 
-public slots:
-    void modified();
-
 private:
-    VLTView *const m_view;
+    RateWidget *m_ratePage;
+    VcdFileWidget *m_filePage;
 };
 
 } // namespace VLT

@@ -4,7 +4,12 @@
 #include "dev/devicearg.h"
 #include "qutil/ieventhandler.h"
 
+#include <QPointer>
 #include <QString>
+
+#include <memory>
+
+class QVBoxLayout;
 
 namespace NlsData {
 class Netlist;
@@ -12,7 +17,16 @@ class Netlist;
 
 namespace VLT {
 
-/// The open document.
+class VLTEnableSetWidget;
+class VLTRateWidget;
+class VLTSettingWidget;
+
+namespace Ui {
+class ChangedBanner;
+}
+
+/// The open document: a configuration file with its pages and the netlist that they pick objects
+/// from. Created by the view manager, owned by the environment once it is shown.
 class VLTView : public Core::IView, public QUtil::IEventHandler
 {
     Q_OBJECT
@@ -20,23 +34,73 @@ class VLTView : public Core::IView, public QUtil::IEventHandler
 public:
     /// Takes ownership of `netlist`.
     VLTView(DEV::DeviceArg device, NlsData::Netlist *netlist);
+    ~VLTView() override;
 
+    void setDevice(DEV::DeviceArg device);
     QString file() const { return m_file; }
     bool isModified() const { return m_modified; }
     void setModified(bool modified);
 
+    /// Shows the file's name, with "*" when modified, as window title and tab text.
+    void setTitle();
+
     /// The current netlist; ask for it each time, since a synthesis run replaces it.
-    NlsData::Netlist *getNetlist() const;
+    NlsData::Netlist *getNetlist() const { return m_netlist.get(); }
+
+    /// The current netlist for as long as the caller keeps the pointer. Whoever runs an event loop
+    /// while it works on the netlist's objects holds one: the view may get a new netlist meanwhile.
+    std::shared_ptr<NlsData::Netlist> holdNetlist() const { return m_netlist; }
+
+    /// Asks for the supply data of the current chip and shows its supplies; false without data.
+    bool getVoltageInfo();
+
+    /// Loads the file at `path`; false when it cannot be read or is no configuration file.
+    bool readCfgFile(const QString &path);
+
+    /// Validates and saves; false when it was refused or failed, which the user has been told.
+    bool writeToFile();
+    bool save() { return writeToFile(); }
+
+    void showChangedBanner();
+
+    /// The view is about to be closed without saving: what stands in open editors is not taken
+    /// over any more, and an open close question has nothing left to ask.
+    void abandonEdits();
 
     void handleIEvent(const QUtil::IEvent *event) override;
 
 signals:
     void modificationStatusChanged(bool b);
 
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private slots:
+    void onOkBtn();
+    void onNetlistChanged();
+
 private:
+    /// Takes over what the user has typed and not yet confirmed, in cells and in spin boxes.
+    void commitEdits();
+    bool composeText(QByteArray *bytes);
+    bool writeText(const QByteArray &bytes);
+    /// Whether a modified view may close: asks, and saves when told so. Runs the event loop.
+    bool mayClose();
+
     bool m_modified = false;
     QString m_file;
-    NlsData::Netlist *m_netlist;
+    VLTSettingWidget *m_settingPage = nullptr;
+    VLTRateWidget *m_ratePage = nullptr;
+    VLTEnableSetWidget *m_enablePage = nullptr;
+    QVBoxLayout *m_layout = nullptr;
+    QWidget *m_banner = nullptr;
+    std::shared_ptr<NlsData::Netlist> m_netlist;
+
+    std::unique_ptr<Ui::ChangedBanner> m_bannerForm;
+    bool m_closeQuestionOpen = false;
+    bool m_closed = false;
+    bool m_reloadFailureOpen = false;
+    bool m_editsAbandoned = false;
 };
 
 } // namespace VLT

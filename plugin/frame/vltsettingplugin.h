@@ -12,8 +12,11 @@ class VLTSettingPlugin : public ExtSys::IPlugin
     Q_INTERFACES(ExtSys::IPlugin)
 
 public:
+    /// Registers the wizard and the view manager's action.
     bool initialize() override;
     void extensionsInitialized() override;
+
+    /// Deletes the view manager; views that are still open stay with the environment.
     void shutDown() override;
 };
 

@@ -22,6 +22,7 @@ public:
 
 public slots:
     void modified();
+    void onVectorlessChanged(bool) {}
 
 private:
     VLTView *const m_view;

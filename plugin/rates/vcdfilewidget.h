@@ -23,6 +23,9 @@ public:
 public slots:
     void modified();
 
+signals:
+    void vectorlessChanged(bool vectorless);
+
 private:
     VLTView *const m_view;
 };

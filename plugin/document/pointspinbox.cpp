@@ -1,0 +1,30 @@
+#include "document/pointspinbox.h"
+
+#include <QLocale>
+#include <QWheelEvent>
+
+namespace VLT {
+
+PointSpinBox::PointSpinBox(QWidget *parent)
+    : QDoubleSpinBox(parent)
+{
+    setLocale(QLocale::c());
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+QValidator::State PointSpinBox::validate(QString &input, int &pos) const
+{
+    // In the C locale a comma groups digits: 12,5 would be taken for 125.
+    input.replace(QLatin1Char(','), QLatin1Char('.'));
+    return QDoubleSpinBox::validate(input, pos);
+}
+
+void PointSpinBox::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QDoubleSpinBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+} // namespace VLT

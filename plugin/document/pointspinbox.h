@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QDoubleSpinBox>
+
+namespace VLT {
+
+/// A spin box that shows a point as the decimal sign whatever the system's locale, and takes a
+/// typed comma for one. The wheel changes it only while it has the focus, so that scrolling a page
+/// changes no value.
+class PointSpinBox : public QDoubleSpinBox
+{
+    Q_OBJECT
+
+public:
+    explicit PointSpinBox(QWidget *parent = nullptr);
+
+    QValidator::State validate(QString &input, int &pos) const override;
+
+protected:
+    void wheelEvent(QWheelEvent *event) override;
+};
+
+} // namespace VLT

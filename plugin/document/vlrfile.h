@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <functional>
+
+class QIODevice;
+class QXmlStreamWriter;
+
+namespace VLT {
+
+/// What the bytes of a file turn out to be.
+enum class VlrContent {
+    Invalid, ///< not well formed, nested too deep, or of another document type
+    NoRoot,  ///< the declarations alone, with nothing but white space, comments and instructions
+    Document ///< a root element that can be handed to the DOM
+};
+
+/// Looks the file through before a DOM is built of it: the DOM parser keeps half a tree of a file
+/// that was cut short, and freeing a very deep one overflows the stack.
+VlrContent inspectFile(const QByteArray &bytes);
+
+/// Composes a file: the envelope with what `writeSections` writes into its root element. False
+/// when a text has a character that XML forbids; `offender` is then that text.
+bool composeFile(const std::function<void(QXmlStreamWriter *)> &writeSections, QByteArray *bytes,
+                 QString *offender);
+
+/// A new file: the envelope with an empty root element.
+QByteArray emptyFile();
+
+/// Writes all of `bytes` to the open `device` and closes it. False when a part of it failed; the
+/// device's errorString() tells why.
+bool writeWhole(QIODevice *device, const QByteArray &bytes);
+
+} // namespace VLT

@@ -1,0 +1,121 @@
+// Loading and saving of the view's file.
+
+#include "document/vltview.h"
+
+#include "conditions/vltcommonwidget.h"
+#include "document/plainmessage.h"
+#include "document/vlrfile.h"
+#include "document/vltenablesetwidget.h"
+#include "document/vltratewidget.h"
+
+#include <QAbstractItemDelegate>
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QDir>
+#include <QDomDocument>
+#include <QFile>
+
+namespace VLT {
+
+bool VLTView::readCfgFile(const QString &path)
+{
+    m_file = path;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return false;
+    const QByteArray bytes = file.readAll();
+    file.close();
+    const VlrContent content = inspectFile(bytes);
+    if (content == VlrContent::Invalid)
+        return false;
+    if (content == VlrContent::NoRoot) {
+        setModified(true);
+        // Wired all the same: voltages edited after the first save mark the document again.
+        m_settingPage->connectVlotageDoubleSpin();
+        return true;
+    }
+    QDomDocument document;
+    document.setContent(bytes);
+    QDomElement root = document.documentElement();
+    m_settingPage->readData(&root);
+    m_ratePage->readData(&root);
+    m_enablePage->readData(&root);
+    m_file = path;
+    setModified(false);
+    setTitle();
+    m_settingPage->connectVlotageDoubleSpin();
+    m_settingPage->checkVoltageRange();
+    return true;
+}
+
+bool VLTView::writeToFile()
+{
+    if (m_file.isEmpty())
+        return false;
+    commitEdits();
+    // The checks and messages run event loops, in which the view may be destroyed.
+    QPointer<VLTView> self(this);
+    if (!m_settingPage->checkData() || !self)
+        return false;
+    if (!m_ratePage->checkData() || !self)
+        return false;
+    QByteArray bytes;
+    if (!composeText(&bytes) || !writeText(bytes))
+        return false;
+    setModified(false);
+    return true;
+}
+
+bool VLTView::composeText(QByteArray *bytes)
+{
+    const auto writeSections = [this](QXmlStreamWriter *writer) {
+        m_settingPage->writeData(writer);
+        m_ratePage->writeData(writer);
+        m_enablePage->writeData(writer);
+    };
+    QString offender;
+    if (composeFile(writeSections, bytes, &offender))
+        return true;
+    showMessage(QMessageBox::Warning, this, tr("Warning"),
+                tr("Cannot write the config file '%1'!\nThe text '%2' has a character that such a "
+                   "file cannot hold.")
+                    .arg(QDir::toNativeSeparators(m_file), offender));
+    return false;
+}
+
+bool VLTView::writeText(const QByteArray &bytes)
+{
+    QFile file(m_file);
+    QString problem;
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text))
+        problem = tr("Cannot open the config file '%1'!");
+    else if (!writeWhole(&file, bytes))
+        problem = tr("Cannot write the config file '%1'!");
+    if (problem.isEmpty())
+        return true;
+    showMessage(QMessageBox::Warning, this, tr("Warning"),
+                problem.arg(QDir::toNativeSeparators(m_file)));
+    return false;
+}
+
+void VLTView::commitEdits()
+{
+    const auto spinBoxes = findChildren<QAbstractSpinBox *>();
+    for (QAbstractSpinBox *spinBox : spinBoxes)
+        spinBox->interpretText();
+    const auto tables = findChildren<QAbstractItemView *>();
+    for (QAbstractItemView *table : tables) {
+        QAbstractItemDelegate *delegate = table->itemDelegate();
+        if (!delegate)
+            continue;
+        // The table takes an editor of any of its delegates, and leaves other widgets alone.
+        const auto editors =
+            table->viewport()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+        for (QWidget *editor : editors) {
+            emit delegate->commitData(editor);
+            emit delegate->closeEditor(editor, QAbstractItemDelegate::NoHint);
+        }
+    }
+}
+
+} // namespace VLT
