@@ -1,0 +1,124 @@
+#include "host/nlsdata/netpickermodel.h"
+
+#include "nlsdata/netlist.h"
+
+#include <QElapsedTimer>
+
+namespace NlsData {
+
+namespace {
+
+constexpr int TURN_MS = 15;
+constexpr int NETS_BETWEEN_CLOCK_LOOKS = 256;
+
+bool isWildcard(const QString &filter)
+{
+    return filter.contains(QLatin1Char('*')) || filter.contains(QLatin1Char('?'));
+}
+
+bool keepsEverything(const QString &filter)
+{
+    return filter.count(QLatin1Char('*')) == filter.size();
+}
+
+/// Brackets stand for themselves, as they are part of nearly every net name.
+QRegularExpression wildcardExpression(const QString &wildcard)
+{
+    QString pattern = QRegularExpression::escape(wildcard);
+    pattern.replace(QLatin1String("\\*"), QLatin1String(".*"));
+    pattern.replace(QLatin1String("\\?"), QLatin1String("."));
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern),
+                              QRegularExpression::CaseInsensitiveOption |
+                                  QRegularExpression::DotMatchesEverythingOption);
+}
+
+} // namespace
+
+NetPickerModel::NetPickerModel(const QList<Net *> &nets, QObject *parent)
+    : QAbstractListModel(parent)
+    , m_nets(nets)
+{
+    m_turn.setInterval(0);
+    connect(&m_turn, &QTimer::timeout, this, &NetPickerModel::takeTurn);
+}
+
+void NetPickerModel::setFilter(const QString &filter)
+{
+    if (filter == m_filter)
+        return;
+    m_filter = filter;
+    m_wildcard = isWildcard(filter);
+    m_narrowing = !m_all && !m_wildcard && !isWildcard(m_shownFilter) &&
+                  filter.contains(m_shownFilter, Qt::CaseInsensitive);
+    m_found.clear();
+    m_next = 0;
+    if (keepsEverything(filter)) {
+        finish();
+        return;
+    }
+    if (m_wildcard)
+        m_pattern = wildcardExpression(filter);
+    else
+        m_part = QStringMatcher(filter, Qt::CaseInsensitive);
+    m_turn.start();
+    emit filteringChanged();
+    takeTurn();
+}
+
+void NetPickerModel::takeTurn()
+{
+    QElapsedTimer clock;
+    clock.start();
+    const int total = m_narrowing ? int(m_rows.size()) : m_nets.size();
+    while (m_next < total) {
+        const int position = m_narrowing ? m_rows[size_t(m_next)] : m_next;
+        if (matches(m_nets.at(position)->path()))
+            m_found.push_back(position);
+        if (++m_next % NETS_BETWEEN_CLOCK_LOOKS == 0 && clock.hasExpired(TURN_MS))
+            return;
+    }
+    finish();
+}
+
+void NetPickerModel::finish()
+{
+    m_turn.stop();
+    beginResetModel();
+    m_shownFilter = m_filter;
+    m_all = keepsEverything(m_filter);
+    m_rows.swap(m_found);
+    m_found.clear();
+    endResetModel();
+    emit filteringChanged();
+}
+
+bool NetPickerModel::matches(const QString &path) const
+{
+    return m_wildcard ? m_pattern.match(path).hasMatch() : m_part.indexIn(path) >= 0;
+}
+
+Net *NetPickerModel::net(int row) const
+{
+    return m_nets.at(m_all ? row : m_rows[size_t(row)]);
+}
+
+int NetPickerModel::rowCount(const QModelIndex &parent) const
+{
+    if (parent.isValid())
+        return 0;
+    return m_all ? m_nets.size() : int(m_rows.size());
+}
+
+QVariant NetPickerModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid() || index.row() >= rowCount())
+        return QVariant();
+    if (role == Qt::DisplayRole)
+        return net(index.row())->path();
+    // Escaped, since a name may look like markup.
+    if (role == Qt::ToolTipRole)
+        return net(index.row())->path().toHtmlEscaped();
+    return QVariant();
+}
+
+} // namespace NlsData

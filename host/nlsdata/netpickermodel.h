@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QRegularExpression>
+#include <QStringMatcher>
+#include <QTimer>
+
+#include <vector>
+
+namespace NlsData {
+
+class Net;
+
+/// The nets of a list that a filter keeps, in the list's order. Filtering works in short turns of
+/// the event loop, so that typing stays fluent on a million nets; until it has finished, the model
+/// holds the rows of the filter before.
+class NetPickerModel : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    /// The nets must outlive the model.
+    explicit NetPickerModel(const QList<Net *> &nets, QObject *parent = nullptr);
+
+    /// Starts filtering. A text without "*" and "?" keeps the nets whose path contains it, any
+    /// other those whose whole path it matches; both ignore case.
+    void setFilter(const QString &filter);
+    bool isFiltering() const { return m_turn.isActive(); }
+
+    Net *net(int row) const;
+
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+
+signals:
+    /// Filtering has begun or ended.
+    void filteringChanged();
+
+private:
+    void takeTurn();
+    void finish();
+    bool matches(const QString &path) const;
+
+    const QList<Net *> m_nets;
+    std::vector<int> m_rows; ///< positions in m_nets
+    QString m_shownFilter;
+    bool m_all = true; ///< every net is kept and m_rows is not used
+
+    QString m_filter;
+    bool m_wildcard = false;
+    QStringMatcher m_part;
+    QRegularExpression m_pattern;
+    bool m_narrowing = false; ///< only nets in m_rows can match
+    int m_next = 0;           ///< position in what is searched
+    std::vector<int> m_found;
+    QTimer m_turn;
+};
+
+} // namespace NlsData

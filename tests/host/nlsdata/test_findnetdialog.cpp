@@ -1,0 +1,200 @@
+#include "nlsdata/findnetdialog.h"
+
+#include "support/modaldriver.h"
+#include "support/netlistjson.h"
+
+#include "nlsdata/netlist.h"
+#include "nlsdata/netlistreader.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+using NlsData::FindNetDialog;
+using NlsData::Net;
+
+namespace {
+
+/// The parts of the open picker.
+struct Picker
+{
+    explicit Picker(QWidget *dialog)
+        : filter(dialog->findChild<QLineEdit *>(QStringLiteral("lineEditFilter")))
+        , list(dialog->findChild<QListView *>(QStringLiteral("listView")))
+        , count(dialog->findChild<QLabel *>(QStringLiteral("labelCount")))
+        , ok(dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok))
+    {
+    }
+
+    QStringList shown() const
+    {
+        QStringList names;
+        for (int row = 0; row < list->model()->rowCount(); ++row)
+            names.append(list->model()->index(row, 0).data().toString());
+        return names;
+    }
+
+    void click(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
+    {
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, modifiers,
+                          list->visualRect(list->model()->index(row, 0)).center());
+    }
+
+    QLineEdit *filter;
+    QListView *list;
+    QLabel *count;
+    QPushButton *ok;
+};
+
+QStringList paths(const QList<Net *> &nets)
+{
+    QStringList names;
+    for (const Net *net : nets)
+        names.append(net->path());
+    return names;
+}
+
+QStringList words(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+class TestFindNetDialog : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void filters_data();
+    void filters();
+    void returnsChosenInListOrder();
+    void returnsNothingWhenCancelled();
+    void survivesItsParent();
+    void keepsUpWithTyping();
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<NlsData::Netlist> m_netlist;
+    QList<Net *> m_nets;
+};
+
+void TestFindNetDialog::initTestCase()
+{
+    NetlistJson json;
+    json.module("top")
+        .top()
+        .net("clk", {2})
+        .net("CPU_clk", {3})
+        .net("data", {4, 5, 6, 7})
+        .net("x*y", {8});
+    const QString path = m_folder.filePath(QStringLiteral("design.json"));
+    QVERIFY(json.write(path));
+    QString error;
+    m_netlist.reset(NlsData::readNetlistFile(path, &error, false));
+    QVERIFY2(m_netlist, qPrintable(error));
+    m_nets = m_netlist->netMap().values();
+    QCOMPARE(paths(m_nets), words("CPU_clk clk data[0] data[1] data[2] data[3] x*y"));
+}
+
+void TestFindNetDialog::filters_data()
+{
+    QTest::addColumn<QString>("filter");
+    QTest::addColumn<QStringList>("expected");
+    const auto row = [](const char *filter, const char *expected) {
+        QTest::newRow(filter) << QString::fromLatin1(filter) << words(expected);
+    };
+    row("", "CPU_clk clk data[0] data[1] data[2] data[3] x*y");
+    row("*", "CPU_clk clk data[0] data[1] data[2] data[3] x*y");
+    row("CLK", "CPU_clk clk");
+    row("clk*", "clk");
+    row("*c?k", "CPU_clk clk");
+    row("data[1]", "data[1]");
+    row("d*[2]", "data[2]");
+    row("(", "");
+}
+
+void TestFindNetDialog::filters()
+{
+    QFETCH(QString, filter);
+    QFETCH(QStringList, expected);
+    ModalDriver driver([&](QWidget *dialog) {
+        const Picker picker(dialog);
+        QTest::keyClicks(picker.filter, filter);
+        QCOMPARE(picker.shown(), expected);
+        QCOMPARE(picker.count->text(),
+                 QStringLiteral("%1 of 7 nets, 0 selected").arg(expected.size()));
+        QVERIFY(!picker.ok->isEnabled());
+    });
+    QVERIFY(FindNetDialog::getList(m_nets, nullptr).isEmpty());
+}
+
+void TestFindNetDialog::returnsChosenInListOrder()
+{
+    ModalDriver driver([](QWidget *dialog) {
+        const Picker picker(dialog);
+        picker.click(0);
+        // What a filter hides is no longer chosen.
+        QTest::keyClicks(picker.filter, QStringLiteral("data"));
+        picker.click(3);
+        picker.click(0, Qt::ControlModifier);
+        picker.click(1, Qt::ControlModifier);
+        QCOMPARE(picker.count->text(), QStringLiteral("4 of 7 nets, 3 selected"));
+        QTest::mouseClick(picker.ok, Qt::LeftButton);
+    });
+    QCOMPARE(paths(FindNetDialog::getList(m_nets, nullptr)), words("data[0] data[1] data[3]"));
+}
+
+void TestFindNetDialog::returnsNothingWhenCancelled()
+{
+    ModalDriver driver([](QWidget *dialog) {
+        Picker(dialog).click(2);
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    QVERIFY(FindNetDialog::getList(m_nets, nullptr).isEmpty());
+}
+
+void TestFindNetDialog::survivesItsParent()
+{
+    auto *parent = new QWidget;
+    ModalDriver driver([parent](QWidget *dialog) {
+        Picker(dialog).click(2);
+        delete parent;
+    });
+    QVERIFY(FindNetDialog::getList(m_nets, parent).isEmpty());
+}
+
+/// With more nets than one turn of the event loop can look at, typing faster than the filter works
+/// ends with the list of the last text.
+void TestFindNetDialog::keepsUpWithTyping()
+{
+    QList<Net *> nets;
+    for (int i = 0; i < 50000; ++i)
+        nets += m_nets;
+    ModalDriver driver([&](QWidget *dialog) {
+        const Picker picker(dialog);
+        const int all = nets.size();
+        const auto rows = [&picker] { return picker.list->model()->rowCount(); };
+        QTest::keyClicks(picker.filter, QStringLiteral("ta[3"));
+        QTRY_COMPARE(rows(), all / 7);
+        QTest::keyClicks(picker.filter, QStringLiteral("]"));
+        QTest::keyClick(picker.filter, Qt::Key_Backspace);
+        QTest::keyClick(picker.filter, Qt::Key_Backspace);
+        QTRY_COMPARE(rows(), 4 * (all / 7));
+        picker.filter->clear();
+        QCOMPARE(rows(), all);
+        picker.list->selectAll();
+        QTest::mouseClick(picker.ok, Qt::LeftButton);
+    });
+    QCOMPARE(FindNetDialog::getList(nets, nullptr), nets);
+}
+
+QTEST_MAIN(TestFindNetDialog)
+#include "test_findnetdialog.moc"
