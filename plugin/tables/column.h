@@ -1,0 +1,130 @@
+#pragma once
+
+#include "tables/numbers.h"
+
+#include <QString>
+#include <QVariant>
+
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace VLT {
+
+/// One column of a RecordModel: where its cells come from, where edits go, what may be edited,
+/// what is gray, and how it sorts. Start from one of the kinds and chain the rest:
+///
+///     Column::number("Out Enable", &VLT_Port::outEnable, 50)
+///         .editable(hasEnable).gray(hasNoEnable).sortedBy(lessThanByOE, greaterThanByOE)
+///
+/// A column that is not made editable never is; one without comparisons does not sort.
+template<class Record>
+struct Column
+{
+    using Rule = bool (*)(const Record &);
+    using Compare = bool (*)(Record *const &, Record *const &);
+    using Data = std::function<QVariant(const Record &, int role)>;
+    /// Stores an edited value; false when it is refused or is the stored one.
+    using Store = std::function<bool(Record &, const QVariant &)>;
+
+    /// Null: the column is served and sorted but not counted, so no view shows it. Such columns
+    /// stand behind the titled ones.
+    const char *title = nullptr;
+    /// Every role but the background.
+    Data data;
+    /// Empty: an edit succeeds without storing anything.
+    Store store;
+    Rule isEditable = nullptr;
+    Rule isGray = nullptr;
+    Compare lessThan = nullptr;
+    Compare greaterThan = nullptr;
+
+    /// Cells filled by a function of record and role.
+    static Column served(const char *title, Data data)
+    {
+        Column column;
+        column.title = title;
+        column.data = std::move(data);
+        return column;
+    }
+
+    /// Text that is shown and not edited.
+    static Column text(const char *title, QString Record::*member)
+    {
+        return served(title, [member](const Record &record, int role) {
+            return role == Qt::DisplayRole || role == Qt::ToolTipRole ? record.*member : QVariant();
+        });
+    }
+
+    /// Text that is edited; a text that `accepts` denies is refused.
+    static Column editableText(const char *title, QString Record::*member,
+                               bool (*accepts)(const QString &))
+    {
+        Column column = served(title, [member](const Record &record, int role) {
+            const bool shown =
+                role == Qt::DisplayRole || role == Qt::ToolTipRole || role == Qt::EditRole;
+            return shown ? record.*member : QVariant();
+        });
+        column.store = [member, accepts](Record &record, const QVariant &value) {
+            const QString text = value.toString();
+            if (!accepts(text) || text == record.*member)
+                return false;
+            record.*member = text;
+            return true;
+        };
+        return std::move(column).editable();
+    }
+
+    /// A number, negative for "not set", which shows nothing. `editDefault` is what the editor of
+    /// such a cell opens on. A `format` such as "%1pF" makes the shown text.
+    static Column number(const char *title, float Record::*member,
+                         std::optional<float> editDefault = {}, const char *format = nullptr)
+    {
+        Column column = served(title, [=](const Record &record, int role) -> QVariant {
+            const float number = record.*member;
+            const bool isSet = number >= 0;
+            if (role == Qt::EditRole)
+                return isSet ? number : editDefault ? *editDefault : QVariant();
+            if (!isSet || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
+                return {};
+            if (format)
+                return QString::fromLatin1(format).arg(double(number));
+            return number;
+        });
+        column.store = [member](Record &record, const QVariant &value) {
+            const float number = finiteOrZero(value.toFloat());
+            if (number == record.*member)
+                return false;
+            record.*member = number;
+            return true;
+        };
+        return column;
+    }
+
+    Column editable(Rule rule = [](const Record &) { return true; }) &&
+    {
+        isEditable = rule;
+        return std::move(*this);
+    }
+
+    Column gray(Rule rule) &&
+    {
+        isGray = rule;
+        return std::move(*this);
+    }
+
+    Column storedBy(Store function) &&
+    {
+        store = std::move(function);
+        return std::move(*this);
+    }
+
+    Column sortedBy(Compare less, Compare greater) &&
+    {
+        lessThan = less;
+        greaterThan = greater;
+        return std::move(*this);
+    }
+};
+
+} // namespace VLT

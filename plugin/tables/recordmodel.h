@@ -1,0 +1,172 @@
+#pragma once
+
+#include "tables/column.h"
+#include "tables/tablemodel.h"
+
+#include <QBrush>
+#include <QList>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace VLT {
+
+/// Table model over a list of records that its page owns. A subclass supplies the columns:
+///
+///     DffModel::DffModel(VLTView *view, QList<VLT_Dff *> &records, QObject *parent)
+///         : RecordModel(view, records, parent,
+///                       {Column::text("Name", &VLT_Dff::name)
+///                            .sortedBy(lessThanByName, greaterThanByName),
+///                        Column::number("Value", &VLT_Dff::value, 100)
+///                            .editable().sortedBy(lessThanByValue, greaterThanByValue)})
+///
+/// The model borrows the list: it sorts it in place, and deletes the records that it removes. The
+/// page appends to the list and calls `reload()`; the list must outlive the model. Rows are places
+/// in the list. An index carries its record's pointer, but since sorting reorders rows without
+/// telling so, the model itself goes by the row alone, and so must its users.
+template<class Record>
+class RecordModel : public TableModel
+{
+public:
+    using RecordType = Record;
+
+    int rowCount(const QModelIndex &parent = {}) const final
+    {
+        return parent.isValid() ? 0 : m_records.size();
+    }
+
+    int columnCount(const QModelIndex &parent = {}) const final
+    {
+        return parent.isValid() ? 0 : m_titleCount;
+    }
+
+    QModelIndex index(int row, int column, const QModelIndex &parent = {}) const final
+    {
+        return hasIndex(row, column, parent) ? createIndex(row, column, m_records.at(row))
+                                             : QModelIndex();
+    }
+
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const final
+    {
+        if (role != Qt::DisplayRole)
+            return TableModel::headerData(section, orientation, role);
+        if (orientation == Qt::Vertical)
+            return section;
+        if (section < 0 || section >= m_titleCount)
+            return {};
+        return QString::fromLatin1(m_columns[size_t(section)].title);
+    }
+
+    QVariant data(const QModelIndex &index, int role) const final
+    {
+        const Column *column = columnAt(index);
+        if (!column)
+            return {};
+        const Record &record = *m_records.at(index.row());
+        if (role != Qt::BackgroundRole)
+            return column->data(record, role);
+        return column->isGray && column->isGray(record) ? QBrush(Qt::gray) : QVariant();
+    }
+
+    Qt::ItemFlags flags(const QModelIndex &index) const final
+    {
+        const Qt::ItemFlags base = TableModel::flags(index);
+        const Column *column = columnAt(index);
+        const bool editable =
+            column && column->isEditable && column->isEditable(*m_records.at(index.row()));
+        return editable ? base | Qt::ItemIsEditable : base;
+    }
+
+    /// Stores by value alone: whether the cell is editable is for the view to ask, by `flags`.
+    /// True for a cell that stores nothing, false for a value that is refused or not new.
+    bool setData(const QModelIndex &index, const QVariant &value, int role) final
+    {
+        const Column *column = role == Qt::EditRole ? columnAt(index) : nullptr;
+        if (!column)
+            return false;
+        if (!column->store)
+            return true;
+        if (!column->store(*m_records[index.row()], value))
+            return false;
+        markModified();
+        return true;
+    }
+
+    /// Stable. It emits `dataChanged` with invalid indexes, and nothing for a column that does not
+    /// sort.
+    void sort(int column, Qt::SortOrder order) final
+    {
+        if (column < 0 || column >= int(m_columns.size()))
+            return;
+        const Column &key = m_columns[size_t(column)];
+        const auto compare = order == Qt::AscendingOrder ? key.lessThan : key.greaterThan;
+        if (!compare)
+            return;
+        emit aboutToSort();
+        std::stable_sort(m_records.begin(), m_records.end(), compare);
+        emit sorted();
+        emit dataChanged({}, {});
+    }
+
+    void remove(int row) final
+    {
+        if (row < 0 || row >= m_records.size())
+            return;
+        beginRemoveRows({}, row, row);
+        delete m_records.takeAt(row);
+        endRemoveRows();
+    }
+
+    /// Few rows leave one by one, so that views keep their place. Each such step moves all that
+    /// stands behind the row, hence many rows leave in one pass inside a reset.
+    void removeRecords(const QVector<int> &rows) final
+    {
+        constexpr int manyRows = 200;
+        if (rows.size() < manyRows) {
+            std::for_each(rows.rbegin(), rows.rend(), [this](int row) { remove(row); });
+            return;
+        }
+        beginResetModel();
+        auto next = rows.begin();
+        int kept = 0;
+        for (int row = 0; row < m_records.size(); ++row) {
+            if (next != rows.end() && *next == row) {
+                delete m_records.at(row);
+                ++next;
+            } else {
+                m_records[kept++] = m_records.at(row);
+            }
+        }
+        m_records.erase(m_records.begin() + kept, m_records.end());
+        endResetModel();
+    }
+
+protected:
+    using Column = VLT::Column<Record>;
+
+    RecordModel(VLTView *view, QList<Record *> &records, QObject *parent,
+                std::vector<Column> columns)
+        : TableModel(view, parent)
+        , m_records(records)
+        , m_columns(std::move(columns))
+        , m_titleCount(int(std::count_if(m_columns.begin(), m_columns.end(),
+                                         [](const Column &column) { return column.title; })))
+    {
+    }
+
+private:
+    /// The column of a cell that is there, else null.
+    const Column *columnAt(const QModelIndex &index) const
+    {
+        const bool there = index.isValid() && index.row() < m_records.size() &&
+                           index.column() < int(m_columns.size());
+        return there ? &m_columns[size_t(index.column())] : nullptr;
+    }
+
+    QList<Record *> &m_records;
+    const std::vector<Column> m_columns;
+    const int m_titleCount;
+};
+
+} // namespace VLT

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QVector>
+
+namespace VLT {
+
+class VLTView;
+
+/// What a page needs of its model without knowing the record; see RecordModel.
+class TableModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    /// Tells the views, by a reset, that records were appended to the list or exchanged.
+    void reload();
+
+    /// Removes and deletes the record at `row`; a row that is not there is ignored.
+    virtual void remove(int row) = 0;
+
+    /// Removes and deletes the records at `rows`, which are ascending and hold each row once.
+    virtual void removeRecords(const QVector<int> &rows) = 0;
+
+    /// The document that edits mark as modified; not owned, null for a table without edits.
+    void setView(VLTView *view) { m_view = view; }
+
+signals:
+    /// Around a sort that does reorder rows, which the model tells only by `dataChanged`: an index
+    /// taken before `aboutToSort` names another record after `sorted`.
+    void aboutToSort();
+    void sorted();
+
+protected:
+    TableModel(VLTView *view, QObject *parent);
+
+    void markModified();
+
+private:
+    VLTView *m_view;
+};
+
+} // namespace VLT

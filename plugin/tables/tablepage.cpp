@@ -1,0 +1,127 @@
+#include "tables/tablepage.h"
+
+#include "document/vltview.h"
+#include "tables/doubledelegate.h"
+#include "tables/guardeddialog.h"
+#include "tables/rowselection.h"
+
+#include <QHeaderView>
+#include <QMenu>
+
+#include <algorithm>
+
+namespace VLT {
+
+TablePage::TablePage(VLTView *view, QWidget *parent)
+    : QWidget(parent)
+    , m_view(view)
+{
+}
+
+TablePage::~TablePage()
+{
+    // The page may go while a command of its menu is still being delivered.
+    if (m_menu) {
+        m_menu->setParent(nullptr);
+        m_menu->deleteLater();
+    }
+}
+
+void TablePage::setView(VLTView *view)
+{
+    m_view = view;
+    m_model->setView(view);
+}
+
+void TablePage::setUpTable(QTableView *table, TableModel *model, const QVector<int> &widths,
+                           const QString &addText)
+{
+    m_table = table;
+    m_model = model;
+    m_delegate = new DoubleEditorDelegate(this, 0.0, 100.0);
+
+    table->setContextMenuPolicy(Qt::CustomContextMenu);
+    table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    table->setWordWrap(false);
+    table->setTextElideMode(Qt::ElideMiddle); // paths differ at their ends
+    table->verticalHeader()->hide();
+    QHeaderView *header = table->horizontalHeader();
+    header->setHighlightSections(false);
+    header->setStretchLastSection(true);
+
+    table->setModel(model);
+    table->setItemDelegate(m_delegate);
+    for (int column = 0; column < widths.size(); ++column)
+        table->setColumnWidth(column, widths.at(column));
+    // Enabling would sort at once by the indicated column, while the list is in the file's order.
+    header->setSortIndicator(-1, Qt::AscendingOrder);
+    table->setSortingEnabled(true);
+
+    // The editor first: what it holds belongs to the record under it.
+    connect(model, &TableModel::aboutToSort, m_delegate, &DoubleEditorDelegate::commitOpenEditor);
+    new RowSelection(table, model);
+
+    m_addAction = new QAction(addText, this);
+    m_removeAction = new QAction(tr("Remove"), this);
+    m_removeAction->setShortcut(QKeySequence::Delete);
+    m_removeAction->setShortcutContext(Qt::WidgetShortcut);
+    table->addAction(m_removeAction);
+}
+
+void TablePage::commitEditor()
+{
+    m_delegate->commitOpenEditor();
+}
+
+void TablePage::onRemove()
+{
+    commitEditor();
+    QItemSelectionModel *selection = m_table->selectionModel();
+    if (!selection->hasSelection() || confirm(this, tr("Sure to remove?")) != Answer::Yes)
+        return;
+
+    QVector<int> rows = selectedRows(selection);
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    if (rows.isEmpty())
+        return;
+    m_model->removeRecords(rows);
+    selection->clearSelection();
+    const int next = qMin(rows.first(), m_model->rowCount() - 1);
+    selection->setCurrentIndex(m_model->index(next, 0), QItemSelectionModel::NoUpdate);
+    m_view->setModified(true);
+}
+
+void TablePage::showMenu(const QPoint &globalPos)
+{
+    m_menu = new QMenu(this);
+    if (m_table->selectionModel()->hasSelection()) {
+        m_menu->addAction(m_removeAction);
+        m_menu->addSeparator();
+    }
+    m_menu->addAction(m_addAction);
+    const QPointer<QMenu> menu = m_menu;
+    menu->exec(globalPos);
+    if (menu)
+        menu->deleteLater();
+}
+
+void TablePage::showAdded(int oldCount)
+{
+    m_model->reload();
+    const int count = m_model->rowCount();
+    if (count <= oldCount)
+        return;
+    // The new rows stand at the end, whatever the list was sorted by.
+    m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    const QModelIndex first = m_model->index(oldCount, 0);
+    const QModelIndex last = m_model->index(count - 1, m_model->columnCount() - 1);
+    QItemSelectionModel *selection = m_table->selectionModel();
+    selection->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    selection->select({first, last}, QItemSelectionModel::ClearAndSelect);
+    m_table->scrollTo(first);
+}
+
+} // namespace VLT

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "tables/tablemodel.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QPointer>
+#include <QTableView>
+#include <QVector>
+#include <QWidget>
+
+class QMenu;
+
+namespace VLT {
+
+class DoubleEditorDelegate;
+class VLTView;
+
+/// Base of a page that shows records in one table: table set-up, the commands "Add" and "Remove",
+/// the context menu, removal, and a selection that follows its records when the table is sorted.
+///
+/// A page declares its record, a RecordModel with the columns, a RecordList, and then
+///
+///     DFFSetWidget::DFFSetWidget(VLTView *view, QWidget *parent)
+///         : TablePage(view, parent), m_ui(...), m_model(view, m_records.list(), this)
+///     {
+///         m_ui->setupUi(this);
+///         m_records.follow(&m_model);
+///         setUpTable(m_ui->tableView, &m_model, {320, 120});
+///         connectCommands(m_ui->btnAdd, m_ui->btnRemove, &DFFSetWidget::onAdd,
+///                         &DFFSetWidget::onShowContextMenu);
+///     }
+///
+/// Its members are the list first and the model after it, so that the model goes first. `onAdd`
+/// runs its dialog in a GuardedDialog, appends to the list and calls `showAdded`. The slot for the
+/// context menu calls `showMenu` with the point of its choice.
+class TablePage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    ~TablePage() override;
+
+    /// Stores what is being typed into a cell and closes that editor.
+    void commitEditor();
+
+public slots:
+    /// Asks, and removes the selected rows.
+    void onRemove();
+
+protected:
+    /// `view` is not owned and outlives the page.
+    TablePage(VLTView *view, QWidget *parent);
+
+    VLTView *view() const { return m_view; }
+    void setView(VLTView *view);
+
+    /// To be called once, before `connectCommands`. `widths` are those of the first columns, in
+    /// pixels; the last column stretches.
+    void setUpTable(QTableView *table, TableModel *model, const QVector<int> &widths = {},
+                    const QString &addText = QStringLiteral("Add    "));
+
+    /// The numeric editor of the table, from 0 to 100.
+    DoubleEditorDelegate *delegate() const { return m_delegate; }
+
+    /// Wires actions, buttons (null when the page has none) and the context menu to the page's
+    /// slots; `onMenu` may take the requested point, in the viewport's coordinates, or nothing.
+    template<class Page, class... Point>
+    void connectCommands(QAbstractButton *addButton, QAbstractButton *removeButton,
+                         void (Page::*onAdd)(), void (Page::*onMenu)(Point...))
+    {
+        auto *page = static_cast<Page *>(this);
+        connect(m_table, &QTableView::customContextMenuRequested, page, onMenu);
+        connect(m_addAction, &QAction::triggered, page, onAdd);
+        connect(m_removeAction, &QAction::triggered, this, &TablePage::onRemove);
+        if (addButton)
+            connect(addButton, &QAbstractButton::clicked, page, onAdd);
+        if (removeButton)
+            connect(removeButton, &QAbstractButton::clicked, this, &TablePage::onRemove);
+    }
+
+    /// Runs the context menu at a point of the screen. The page may be gone when it returns.
+    void showMenu(const QPoint &globalPos);
+
+    /// Reloads the model; when the list grew to more than `oldCount` rows, selects the new ones and
+    /// scrolls to the first of them.
+    void showAdded(int oldCount);
+
+private:
+    VLTView *m_view;
+    QTableView *m_table = nullptr;
+    TableModel *m_model = nullptr;
+    DoubleEditorDelegate *m_delegate = nullptr;
+    QAction *m_addAction = nullptr;
+    QAction *m_removeAction = nullptr;
+    QPointer<QMenu> m_menu;
+};
+
+} // namespace VLT

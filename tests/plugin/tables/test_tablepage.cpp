@@ -1,0 +1,233 @@
+#include "samplemodel.h"
+#include "support/modaldriver.h"
+
+#include "document/vltview.h"
+#include "tables/doubledelegate.h"
+#include "tables/recordlist.h"
+#include "tables/tablepage.h"
+
+#include <QDoubleSpinBox>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <QtTest>
+
+using namespace VLT;
+
+namespace {
+
+class SamplePage : public TablePage
+{
+public:
+    explicit SamplePage(VLTView *view)
+        : TablePage(view, nullptr)
+        , table(new QTableView(this))
+        , model(view, records.list(), this)
+    {
+        (new QVBoxLayout(this))->addWidget(table);
+        records.follow(&model);
+        setUpTable(table, &model, {120});
+        connectCommands(nullptr, nullptr, &SamplePage::onAdd, &SamplePage::onShowContextMenu);
+        resize(600, 400);
+    }
+
+    void onAdd() { add(1); }
+    void onShowContextMenu(QPoint point) { showMenu(table->viewport()->mapToGlobal(point)); }
+
+    void add(int count)
+    {
+        const int oldCount = model.rowCount();
+        for (int i = 0; i < count; ++i) {
+            auto sample = std::make_unique<Sample>();
+            sample->name = QString::number(oldCount + i);
+            sample->rate = float(-oldCount - i);
+            records.append(std::move(sample));
+        }
+        showAdded(oldCount);
+    }
+
+    QTableView *const table;
+    RecordList<Sample> records;
+    SampleModel model;
+};
+
+} // namespace
+
+class TestTablePage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void startsUnsorted();
+    void removesWhatIsSelected_data();
+    void removesWhatIsSelected();
+    void asksBeforeRemoving();
+    void selectionFollowsItsRecords();
+    void sortCommitsTheOpenEditor();
+    void menuHoldsWhatApplies();
+    void mayGoUnderItsQuestion();
+
+private:
+    void select(const QVector<int> &rows)
+    {
+        for (const int row : rows)
+            m_page->table->selectionModel()->select(m_page->model.index(row, 0),
+                                                    QItemSelectionModel::Select |
+                                                        QItemSelectionModel::Rows);
+    }
+    void clickHeader(int column)
+    {
+        QHeaderView *header = m_page->table->horizontalHeader();
+        const QPoint middle(header->sectionViewportPosition(column) + 20, header->height() / 2);
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, middle);
+    }
+
+    std::unique_ptr<VLTView> m_view;
+    std::unique_ptr<SamplePage> m_page;
+};
+
+void TestTablePage::init()
+{
+    m_view = std::make_unique<VLTView>(DEV::DeviceArg(), nullptr);
+    m_page = std::make_unique<SamplePage>(m_view.get());
+    m_page->add(6);
+    m_page->table->clearSelection();
+    m_page->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_page.get()));
+}
+
+void TestTablePage::cleanup()
+{
+    m_page.reset();
+    m_view.reset();
+    QVERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+void TestTablePage::startsUnsorted()
+{
+    QHeaderView *header = m_page->table->horizontalHeader();
+    QCOMPARE(header->sortIndicatorSection(), -1);
+    QCOMPARE(m_page->model.names(), QStringLiteral("0 1 2 3 4 5"));
+    clickHeader(1);
+    QCOMPARE(header->sortIndicatorOrder(), Qt::AscendingOrder);
+    QCOMPARE(m_page->model.names(), QStringLiteral("5 4 3 2 1 0"));
+    m_page->onAdd();
+    QCOMPARE(header->sortIndicatorSection(), -1);
+    QCOMPARE(m_page->model.names(), QStringLiteral("5 4 3 2 1 0 6"));
+}
+
+void TestTablePage::removesWhatIsSelected_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("slot") << false;
+    QTest::newRow("Delete key") << true;
+}
+
+void TestTablePage::removesWhatIsSelected()
+{
+    QFETCH(bool, byKey);
+    select({2, 5, 3});
+    ModalDriver driver(pressButton(QMessageBox::Yes));
+    if (byKey) {
+        m_page->table->setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
+        QTest::keyClick(m_page->table, Qt::Key_Delete);
+    } else {
+        m_page->onRemove();
+    }
+    QCOMPARE(driver.title(), QStringLiteral("Confirm"));
+    QCOMPARE(driver.text(), QStringLiteral("Sure to remove?"));
+    QCOMPARE(m_page->model.names(), QStringLiteral("0 1 4"));
+    QVERIFY(!m_page->table->selectionModel()->hasSelection());
+    QVERIFY(m_view->isModified());
+}
+
+void TestTablePage::asksBeforeRemoving()
+{
+    m_page->onRemove(); // nothing is selected: no question
+    select({1});
+    {
+        ModalDriver driver([](QWidget *box) {
+            const auto *question = qobject_cast<QMessageBox *>(box);
+            QVERIFY(question->defaultButton() == question->button(QMessageBox::No));
+            QTest::keyClick(box, Qt::Key_Escape);
+        });
+        m_page->onRemove();
+    }
+    QCOMPARE(m_page->model.rowCount(), 6);
+    QVERIFY(!m_view->isModified());
+}
+
+void TestTablePage::selectionFollowsItsRecords()
+{
+    select({0, 1, 4});
+    QItemSelectionModel *selection = m_page->table->selectionModel();
+    selection->setCurrentIndex(m_page->model.index(4, 1), QItemSelectionModel::NoUpdate);
+    clickHeader(1);
+    QVector<int> rows;
+    for (const QModelIndex &index : selection->selectedRows())
+        rows << index.row();
+    std::sort(rows.begin(), rows.end());
+    QCOMPARE(rows, QVector<int>({1, 4, 5}));
+    QCOMPARE(selection->currentIndex(), m_page->model.index(1, 1));
+
+    ModalDriver driver(pressButton(QMessageBox::Yes));
+    m_page->onRemove();
+    QCOMPARE(m_page->model.names(), QStringLiteral("5 3 2"));
+}
+
+void TestTablePage::sortCommitsTheOpenEditor()
+{
+    m_page->table->edit(m_page->model.index(0, 1));
+    QTest::keyClicks(m_page->table->findChild<QDoubleSpinBox *>(), QStringLiteral("77"));
+    const Sample *edited = m_page->records.list().first();
+    clickHeader(1);
+    QCOMPARE(edited->rate, 77.f);
+    QCOMPARE(m_page->records.list().last(), edited);
+}
+
+void TestTablePage::menuHoldsWhatApplies()
+{
+    QStringList texts;
+    const auto openMenu = [&] {
+        texts.clear();
+        QTimer::singleShot(0, this, [&] {
+            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            QVERIFY(menu);
+            for (const QAction *action : menu->actions())
+                texts << action->text();
+            menu->close();
+        });
+        m_page->onShowContextMenu({5, 5});
+    };
+    openMenu();
+    QCOMPARE(texts, QStringList({QStringLiteral("Add    ")}));
+    select({0});
+    openMenu();
+    QCOMPARE(texts, QStringList({QStringLiteral("Remove"), {}, QStringLiteral("Add    ")}));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void TestTablePage::mayGoUnderItsQuestion()
+{
+    select({0});
+    // The page is closed by somebody else while the question of its menu's command is open.
+    QTimer::singleShot(0, this, [this] {
+        QWidget *menu = QApplication::activePopupWidget();
+        QVERIFY(menu);
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+    });
+    ModalDriver driver([this](QWidget *) { m_page.reset(); });
+    m_page->onShowContextMenu({5, 5});
+    QVERIFY(!m_page);
+    QVERIFY(!m_view->isModified());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QTEST_MAIN(TestTablePage)
+#include "test_tablepage.moc"
