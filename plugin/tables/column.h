@@ -1,10 +1,9 @@
 #pragma once
 
-#include "tables/numbers.h"
-
 #include <QString>
 #include <QVariant>
 
+#include <cmath>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -92,7 +91,8 @@ struct Column
             return number;
         });
         column.store = [member](Record &record, const QVariant &value) {
-            const float number = finiteOrZero(value.toFloat());
+            const float given = value.toFloat();
+            const float number = std::isfinite(given) ? given : 0.0F;
             if (number == record.*member)
                 return false;
             record.*member = number;

@@ -1,11 +1,40 @@
 #include "tables/doubledelegate.h"
 
-#include "tables/decimalspinbox.h"
+#include "document/pointspinbox.h"
 
 #include <QKeyEvent>
 #include <QLocale>
+#include <QRegularExpression>
 
 namespace VLT {
+
+namespace {
+
+/// Takes what was copied from a cell: a unit behind the number ("12.5%", "5.5pF") is dropped, and
+/// a number with more decimals than the box shows is rounded.
+class CellEditor : public PointSpinBox
+{
+public:
+    using PointSpinBox::PointSpinBox;
+
+    QValidator::State validate(QString &input, int &pos) const override
+    {
+        static const QRegularExpression unit(QStringLiteral("(?<=[0-9.,])\\s*(%|pF)\\s*$"));
+        input.remove(unit);
+        pos = qMin(pos, input.size());
+        return PointSpinBox::validate(input, pos);
+    }
+
+    void fixup(QString &input) const override
+    {
+        bool ok = false;
+        const double number = locale().toDouble(input.trimmed(), &ok);
+        if (ok && number >= minimum() && number <= maximum())
+            input = textFromValue(number);
+    }
+};
+
+} // namespace
 
 DoubleEditorDelegate::DoubleEditorDelegate(QObject *parent, double minimum, double maximum)
     : QStyledItemDelegate(parent)
@@ -29,7 +58,7 @@ QWidget *DoubleEditorDelegate::createEditor(QWidget *parent, const QStyleOptionV
 {
     if (index.column() == 0)
         return QStyledItemDelegate::createEditor(parent, option, index);
-    auto *editor = new DecimalSpinBox(parent);
+    auto *editor = new CellEditor(parent);
     editor->setFrame(false);
     editor->setDecimals(2);
     editor->setRange(m_minimum, m_maximum);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QDialog>
-#include <QMessageBox>
 #include <QPointer>
 
 namespace VLT {
@@ -37,14 +36,5 @@ private:
     QPointer<Dialog> m_dialog;
     QPointer<QWidget> m_owner;
 };
-
-enum class Answer {
-    Yes,
-    No,
-    OwnerGone ///< The parent was destroyed under the question: touch nothing of it.
-};
-
-/// Asks a question titled "Confirm" with Yes and No, No being the default, modally on `owner`.
-Answer confirm(QWidget *owner, const QString &text);
 
 } // namespace VLT

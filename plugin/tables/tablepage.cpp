@@ -1,8 +1,8 @@
 #include "tables/tablepage.h"
 
+#include "document/plainmessage.h"
 #include "document/vltview.h"
 #include "tables/doubledelegate.h"
-#include "tables/guardeddialog.h"
 #include "tables/rowselection.h"
 
 #include <QHeaderView>
@@ -79,8 +79,13 @@ void TablePage::onRemove()
 {
     commitEditor();
     QItemSelectionModel *selection = m_table->selectionModel();
-    if (!selection->hasSelection() || confirm(this, tr("Sure to remove?")) != Answer::Yes)
+    if (!selection->hasSelection())
         return;
+    const auto answer =
+        showMessage(QMessageBox::Question, this, tr("Confirm"), tr("Sure to remove?"),
+                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+    if (answer != QMessageBox::Yes)
+        return; // possibly because the page is gone
 
     QVector<int> rows = selectedRows(selection);
     std::sort(rows.begin(), rows.end());
