@@ -100,9 +100,6 @@ bool VLTView::writeText(const QByteArray &bytes)
 
 void VLTView::commitEdits()
 {
-    const auto spinBoxes = findChildren<QAbstractSpinBox *>();
-    for (QAbstractSpinBox *spinBox : spinBoxes)
-        spinBox->interpretText();
     const auto tables = findChildren<QAbstractItemView *>();
     for (QAbstractItemView *table : tables) {
         QAbstractItemDelegate *delegate = table->itemDelegate();
@@ -116,6 +113,11 @@ void VLTView::commitEdits()
             emit delegate->closeEditor(editor, QAbstractItemDelegate::NoHint);
         }
     }
+    // After the cells, whose delegate takes an emptied editor for a cleared value: interpreting it
+    // would bring the old one back.
+    const auto spinBoxes = findChildren<QAbstractSpinBox *>();
+    for (QAbstractSpinBox *spinBox : spinBoxes)
+        spinBox->interpretText();
 }
 
 } // namespace VLT
