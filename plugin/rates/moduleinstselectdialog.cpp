@@ -1,0 +1,108 @@
+#include "rates/moduleinstselectdialog.h"
+
+#include "ui_moduleinstselectdialog.h"
+
+#include "nlsdata/netlist.h"
+
+#include <QElapsedTimer>
+#include <QStringMatcher>
+
+#include <algorithm>
+
+namespace VLT {
+
+namespace {
+
+constexpr int TURN_MS = 25;
+constexpr int ENTRIES_BETWEEN_CLOCK_LOOKS = 512;
+
+QStringList entriesOf(const NlsData::Netlist *netlist)
+{
+    QStringList entries;
+    const auto &instances = netlist->instanceMap();
+    entries.reserve(instances.size() + 1);
+    entries.append(netlist->name());
+    for (const NlsData::Instance *instance : instances)
+        entries.append(instance->path());
+    return entries;
+}
+
+} // namespace
+
+ModuleInstSelectDialog::ModuleInstSelectDialog(QWidget *parent, NlsData::Netlist *netlist,
+                                               bool single)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::ModuleInstSelectDialog>())
+    , m_entries(entriesOf(netlist))
+    , m_candidates(m_entries)
+{
+    m_ui->setupUi(this);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    if (single)
+        m_ui->listWidget->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_turn.setInterval(0);
+    connect(&m_turn, &QTimer::timeout, this, &ModuleInstSelectDialog::fillTurn);
+    connect(m_ui->lineEditFilter, &QLineEdit::textChanged, this, &ModuleInstSelectDialog::onSearch);
+    connect(m_ui->listWidget, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
+    startFilling();
+}
+
+ModuleInstSelectDialog::~ModuleInstSelectDialog() = default;
+
+void ModuleInstSelectDialog::onSearch()
+{
+    const QString filter = m_ui->lineEditFilter->text().trimmed();
+    if (filter == m_filter)
+        return;
+    // A filter that holds the one before can only keep entries that the one before kept, once that
+    // has been searched to its end.
+    if (!filter.contains(m_filter, Qt::CaseInsensitive))
+        m_candidates = m_entries;
+    else if (!m_turn.isActive())
+        m_candidates = m_found;
+    m_filter = filter;
+    m_ui->listWidget->clear();
+    startFilling();
+}
+
+void ModuleInstSelectDialog::startFilling()
+{
+    m_found.clear();
+    m_next = 0;
+    m_turn.start();
+    m_ui->listWidget->viewport()->setCursor(Qt::BusyCursor);
+    fillTurn();
+}
+
+void ModuleInstSelectDialog::fillTurn()
+{
+    QElapsedTimer clock;
+    clock.start();
+    const QStringMatcher matcher(m_filter, Qt::CaseInsensitive);
+    QStringList kept;
+    while (m_next < m_candidates.size() && !clock.hasExpired(TURN_MS)) {
+        const int end = std::min(m_next + ENTRIES_BETWEEN_CLOCK_LOOKS, m_candidates.size());
+        for (; m_next < end; ++m_next) {
+            const QString &entry = m_candidates.at(m_next);
+            if (m_filter.isEmpty() || matcher.indexIn(entry) >= 0)
+                kept.append(entry);
+        }
+    }
+    m_ui->listWidget->addItems(kept);
+    m_found += kept;
+    if (m_next == m_candidates.size()) {
+        m_turn.stop();
+        m_ui->listWidget->viewport()->unsetCursor();
+    }
+}
+
+QStringList ModuleInstSelectDialog::getSelected() const
+{
+    QStringList selected;
+    const QList<QListWidgetItem *> items = m_ui->listWidget->selectedItems();
+    for (const QListWidgetItem *item : items)
+        selected.append(item->text());
+    return selected;
+}
+
+} // namespace VLT
