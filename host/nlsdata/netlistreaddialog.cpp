@@ -1,11 +1,121 @@
-#include "nlsdata/netlistreader.h"
+#include "netlistreaddialog_p.h"
+
+#include "nlsdata/netlist.h"
+#include "readcontrol_p.h"
+
+#include <QDialogButtonBox>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QLabel>
+#include <QPointer>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <atomic>
+#include <thread>
 
 namespace NlsData {
 
-// Without the dialog for now; the file is replaced by the one that shows it.
-Netlist *readNetlistFileWithDialog(QWidget *, const QString &path, QString *error, bool reread)
+namespace {
+
+constexpr int refreshInterval = 50;
+constexpr int usualDelay = 500;
+
+} // namespace
+
+NetlistReadDialog::NetlistReadDialog(const QString &path, ReadControl *control, QWidget *parent)
+    : QDialog(parent)
+    , m_control(control)
+    , m_label(new QLabel(this))
+    , m_progress(new QProgressBar(this))
+    , m_buttons(new QDialogButtonBox(QDialogButtonBox::Cancel, this))
 {
-    return readNetlistFile(path, error, reread);
+    setWindowTitle(tr("Reading Netlist"));
+    setModal(true);
+    m_label->setTextFormat(Qt::PlainText);
+    m_label->setMinimumWidth(360);
+    const QString name = QFileInfo(path).fileName();
+    m_label->setText(tr("Reading %1...").arg(fontMetrics().elidedText(name, Qt::ElideMiddle, 280)));
+    m_progress->setRange(0, 1000);
+    auto *layout = new QVBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addWidget(m_label);
+    layout->addWidget(m_progress);
+    layout->addWidget(m_buttons);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &NetlistReadDialog::reject);
+    connect(&m_timer, &QTimer::timeout, this, &NetlistReadDialog::refresh);
+    m_timer.start(refreshInterval);
+    refresh();
+}
+
+/// The dialog stays until the read has really ended.
+void NetlistReadDialog::reject()
+{
+    m_control->cancel();
+    m_label->setText(tr("Cancelling..."));
+    m_buttons->button(QDialogButtonBox::Cancel)->setEnabled(false);
+}
+
+void NetlistReadDialog::refresh()
+{
+    m_progress->setValue(m_control->permille());
+}
+
+std::unique_ptr<Netlist> readNetlistWithDialog(QWidget *parent, const QString &path, QString *error,
+                                               ReadOptions options, int showAfter)
+{
+    ReadControl ownControl;
+    if (!options.control)
+        options.control = &ownControl;
+    ReadControl *control = options.control;
+
+    QEventLoop loop;
+    std::atomic<bool> finished{false};
+    std::unique_ptr<Netlist> netlist;
+    QString problem;
+    std::thread reader([&] {
+        netlist = readNetlist(path, &problem, options);
+        finished = true;
+        QMetaObject::invokeMethod(&loop, "quit", Qt::QueuedConnection);
+    });
+
+    // A short read passes without a dialog; what the user does meanwhile waits for its end.
+    const QPointer<QWidget> guardedParent(parent);
+    QTimer::singleShot(showAfter, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+
+    QPointer<NetlistReadDialog> dialog;
+    if (!finished && !(parent && !guardedParent)) {
+        dialog = new NetlistReadDialog(path, control, guardedParent);
+        QObject::connect(dialog, &QObject::destroyed, &loop, [control] { control->cancel(); });
+        dialog->show();
+    }
+    while (!finished) {
+        if (!dialog)
+            control->cancel(); // the parent went
+        if (loop.exec() != 0)
+            control->cancel(); // the program quits: no loop runs any more
+        if (control->isCancelled())
+            break;
+    }
+    reader.join();
+    delete dialog;
+
+    if (control->isCancelled() && netlist) {
+        netlist.reset();
+        problem = QObject::tr("Reading the netlist file was cancelled.");
+    }
+    if (error && !netlist)
+        *error = problem;
+    return netlist;
+}
+
+Netlist *readNetlistFileWithDialog(QWidget *parent, const QString &path, QString *error,
+                                   bool reread)
+{
+    Q_UNUSED(reread) // nothing is kept from one read to the next
+    return readNetlistWithDialog(parent, path, error, {}, usualDelay).release();
 }
 
 } // namespace NlsData

@@ -10,6 +10,9 @@ namespace NlsData {
 class ReadControl
 {
 public:
+    ReadControl() = default;
+    virtual ~ReadControl() = default;
+
     void cancel() { m_cancelled = true; }
     bool isCancelled() const { return m_cancelled; }
 
@@ -17,9 +20,11 @@ public:
     int permille() const { return m_permille; }
 
     /// Called by the reading thread every few thousand objects; throws ReadError when cancelled.
-    void report(int permille);
+    virtual void report(int permille);
 
 private:
+    Q_DISABLE_COPY(ReadControl)
+
     std::atomic<bool> m_cancelled{false};
     std::atomic<int> m_permille{0};
 };

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "netlistreader_p.h"
+
+#include <QDialog>
+#include <QTimer>
+
+class QDialogButtonBox;
+class QLabel;
+class QProgressBar;
+
+namespace NlsData {
+
+/// Shows how far a read has come, and cancels it.
+class HOST_EXPORT NetlistReadDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// `control` is borrowed and must outlive the dialog.
+    NetlistReadDialog(const QString &path, ReadControl *control, QWidget *parent);
+
+    void reject() override;
+
+private:
+    void refresh();
+
+    ReadControl *const m_control;
+    QLabel *const m_label;
+    QProgressBar *const m_progress;
+    QDialogButtonBox *const m_buttons;
+    QTimer m_timer;
+};
+
+/// readNetlistFileWithDialog with options; the dialog comes after `showAfter` milliseconds.
+HOST_EXPORT std::unique_ptr<Netlist> readNetlistWithDialog(QWidget *parent, const QString &path,
+                                                           QString *error, ReadOptions options,
+                                                           int showAfter);
+
+} // namespace NlsData
