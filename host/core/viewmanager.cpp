@@ -240,7 +240,12 @@ void ViewManagerPrivate::onViewDestroyed(QObject *view)
     m_closing.remove(view);
     m_reasked.remove(view);
     m_closed.remove(view);
+    const bool wasActive = m_active == view;
+    if (wasActive)
+        m_active.clear();
     updateActiveView();
+    if (wasActive && !m_active)
+        emit m_manager->viewActiveted(nullptr);
 }
 
 void ViewManagerPrivate::updateTitle(IView *view)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "frame/vltexport.h"
+
 #include "core/iview.h"
 #include "dev/devicearg.h"
 #include "qutil/ieventhandler.h"
@@ -39,7 +41,7 @@ public:
     void setDevice(DEV::DeviceArg device);
     QString file() const { return m_file; }
     bool isModified() const { return m_modified; }
-    void setModified(bool modified);
+    VLT_EXPORT void setModified(bool modified);
 
     /// Shows the file's name, with "*" when modified, as window title and tab text.
     void setTitle();
@@ -65,7 +67,7 @@ public:
 
     /// The view is about to be closed without saving: what stands in open editors is not taken
     /// over any more, and an open close question has nothing left to ask.
-    void abandonEdits();
+    VLT_EXPORT void abandonEdits();
 
     void handleIEvent(const QUtil::IEvent *event) override;
 

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "workbench/documentwatcher.h"
+
+#include <QHash>
+#include <QObject>
+#include <QStringList>
+
+class QWidget;
+
+namespace Core {
+class IView;
+}
+
+namespace Workbench {
+
+class TextView;
+
+/// Opens projects and files, and looks after the files of open views: a change on disk by another
+/// program is offered to the user for reading, and is never read without being asked for.
+class Documents : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `window` is the parent of questions, not owned.
+    explicit Documents(QWidget *window);
+
+    /// Opens `path` by its kind: a project, a file that a plug-in opens, or a text to be read.
+    /// Failures are told to the user.
+    void open(const QString &path);
+
+    /// Replaces the current project; its views are closed first. False when a view refused to close
+    /// or the project cannot be read, which the user has been told.
+    bool openProject(const QString &path);
+
+    /// Closes the view by view what is open; false when one of them refuses.
+    bool closeAll();
+
+    /// Whether open() would take a file of this name for more than a text.
+    static bool isDocument(const QString &path);
+
+signals:
+    void opened(const QString &path);
+    void message(const QString &text);
+    void failed(const QString &text);
+
+private:
+    void openDocument(const QString &path);
+    void openText(const QString &path);
+    bool openProjectBeside(const QString &path);
+    void follow();
+    void onViewClosed(Core::IView *view);
+    void onRemoved(const QString &path);
+    void askAboutNext();
+    bool askToReload(const QString &path);
+    void reload(const QString &path);
+    Core::IView *viewOf(const QString &path) const;
+
+    QWidget *const m_window;
+    DocumentWatcher m_watcher;
+    QHash<Core::IView *, QString> m_followed; // open documents, not owned, and their files
+    QStringList m_changed;                    // files that the user is still to be asked about
+    QTimer m_askLater;
+};
+
+} // namespace Workbench

@@ -1,0 +1,267 @@
+#include "workbench/mainwindow.h"
+
+#include "workbench/devicedialog.h"
+#include "workbench/documents.h"
+#include "workbench/messagespane.h"
+#include "workbench/projecttree.h"
+#include "workbench/synthesis.h"
+
+#include "host/core/project_p.h"
+#include "host/core/projectmanager_p.h"
+#include "host/core/viewmanager_p.h"
+#include "host/dev/devicedb_p.h"
+#include "host/extsys/pluginmanager_p.h"
+#include "host/te/flowmanager_p.h"
+#include "host/te/proinfomanager_p.h"
+
+#include "core/iview.h"
+#include "core/iwizardfactory.h"
+#include "core/viewmanager.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QScreen>
+#include <QSettings>
+#include <QTabWidget>
+#include <QUrl>
+
+namespace Workbench {
+
+namespace {
+
+const QString GeometryKey = QStringLiteral("window/geometry");
+const QString StateKey = QStringLiteral("window/state");
+
+Core::ProjectPrivate *currentProject()
+{
+    return Core::ProjectPrivate::of(Core::ProjectManagerPrivate::get()->current());
+}
+
+// The folder of the project, where files are looked for and put first.
+QString workingFolder()
+{
+    const Core::ProjectPrivate *project = currentProject();
+    return project ? project->folder() : QString();
+}
+
+QStringList localFiles(const QMimeData *data)
+{
+    QStringList result;
+    const QList<QUrl> urls = data->urls();
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile() && Documents::isDocument(url.toLocalFile()))
+            result.append(url.toLocalFile());
+    }
+    return result;
+}
+
+} // namespace
+
+MainWindow::MainWindow(QWidget *parent)
+    : QMainWindow(parent)
+    , m_views(new QTabWidget)
+    , m_tree(new ProjectTree)
+    , m_messages(new MessagesPane)
+    , m_documents(new Documents(this))
+    , m_synthesis(new Synthesis(this))
+{
+    setObjectName(QStringLiteral("workbench"));
+    setAcceptDrops(true);
+    m_views->setObjectName(QStringLiteral("views"));
+    m_views->setDocumentMode(true);
+    m_views->setTabsClosable(true);
+    m_views->setMovable(true);
+    setCentralWidget(m_views);
+    Core::ViewManagerPrivate::get()->setArea(m_views);
+    Core::ViewManagerPrivate::get()->setDialogParent(this);
+
+    createDocks();
+    createFileMenu();
+    createOtherMenus();
+    createStatusBar();
+    connectParts();
+    restoreLayout();
+    updateTitle();
+    updateActions();
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::connectParts()
+{
+    connect(m_tree, &ProjectTree::fileActivated, m_documents, &Documents::open);
+    connect(m_tree, &ProjectTree::deviceActivated, this, &MainWindow::chooseDevice);
+    connect(m_documents, &Documents::opened, &m_recent, &RecentFiles::add);
+    connect(m_documents, &Documents::message, m_messages, &MessagesPane::note);
+    connect(m_documents, &Documents::failed, m_messages, &MessagesPane::fail);
+    connect(m_synthesis, &Synthesis::output, m_messages, &MessagesPane::output);
+    connect(m_synthesis, &Synthesis::message, m_messages, &MessagesPane::note);
+    connect(m_synthesis, &Synthesis::failed, m_messages, &MessagesPane::fail);
+    connect(&m_recent, &RecentFiles::chosen, this, &MainWindow::open);
+
+    connect(Core::ProjectManagerPrivate::get(), &Core::ProjectManagerPrivate::currentProjectChanged,
+            this, [this] {
+                if (Core::ProjectPrivate *project = currentProject()) {
+                    connect(project, &Core::ProjectPrivate::changed, this,
+                            &MainWindow::updateActions);
+                    connect(project, &Core::ProjectPrivate::saveFailed, m_messages,
+                            &MessagesPane::fail);
+                }
+                updateTitle();
+                updateActions();
+            });
+    connect(Core::ViewManager::instance(), &Core::ViewManager::viewActiveted, this,
+            &MainWindow::updateActions);
+}
+
+void MainWindow::takeUpPlugins()
+{
+    const auto *plugins = ExtSys::PluginManager::instance();
+    const auto wizards = plugins->objects<Core::IWizardFactory>();
+    for (int i = 0; i < wizards.size(); ++i) {
+        QAction *action = m_newMenu->addAction(wizards.at(i)->icon(), wizards.at(i)->displayName());
+        action->setObjectName(wizards.at(i)->id());
+        action->setStatusTip(wizards.at(i)->description());
+        connect(action, &QAction::triggered, this, [this, i] { newFile(i); });
+    }
+    m_newMenu->setEnabled(!wizards.isEmpty());
+
+    const auto failures = plugins->failures();
+    for (const ExtSys::PluginManager::Failure &failure : failures)
+        m_messages->fail(tr("Plug-in %1: %2").arg(failure.fileName, failure.reason));
+    if (plugins->pluginNames().isEmpty())
+        m_messages->fail(tr("No plug-in is loaded: configurations cannot be opened."));
+    const QString catalogueError = DEV::DeviceDbPrivate::get()->userFileError();
+    if (!catalogueError.isEmpty())
+        m_messages->fail(catalogueError);
+}
+
+void MainWindow::open(const QString &path)
+{
+    if (!QFileInfo::exists(path))
+        m_recent.remove(path);
+    m_documents->open(path);
+}
+
+void MainWindow::newFile(int wizard)
+{
+    const auto wizards = ExtSys::PluginManager::instance()->objects<Core::IWizardFactory>();
+    if (wizard < wizards.size())
+        wizards.at(wizard)->runWizard(this, workingFolder());
+}
+
+void MainWindow::chooseFile()
+{
+    const QStringList paths = QFileDialog::getOpenFileNames(
+        this, tr("Open"), workingFolder(),
+        tr("Projects and configurations (*.fpgaproj *.vlr);;All files (*)"));
+    for (const QString &path : paths)
+        open(path);
+}
+
+void MainWindow::closeActiveView()
+{
+    if (Core::IView *view = Core::ViewManagerPrivate::get()->activeView())
+        Core::ViewManager::instance()->closeView(view);
+}
+
+void MainWindow::chooseDevice()
+{
+    DeviceDialog dialog(TE::ProInfoManagerPrivate::get()->deviceID(), this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    TE::ProInfoManagerPrivate::get()->setDevice(dialog.deviceId());
+    m_messages->note(tr("Device: %1").arg(dialog.deviceId()));
+    updateActions();
+}
+
+void MainWindow::about()
+{
+    QMessageBox::about(
+        this, tr("About Workbench"),
+        tr("<h3>Workbench %1</h3><p>Opens synthesised designs and edits their power "
+           "analysis configurations.</p><p>Plug-ins: %2</p>")
+            .arg(QCoreApplication::applicationVersion(), ExtSys::PluginManager::instance()
+                                                             ->pluginNames()
+                                                             .join(QLatin1String(", "))
+                                                             .toHtmlEscaped()));
+}
+
+void MainWindow::updateTitle()
+{
+    const Core::ProjectPrivate *project = currentProject();
+    setWindowTitle(project ? tr("%1 \u2013 Workbench").arg(project->name()) : tr("Workbench"));
+}
+
+void MainWindow::updateActions()
+{
+    m_close->setEnabled(Core::ViewManagerPrivate::get()->activeView());
+    const QString device = TE::ProInfoManagerPrivate::get()->deviceID();
+    m_device->setText(device.isEmpty() ? tr("No device") : device);
+}
+
+bool MainWindow::stopRunningSynthesis()
+{
+    auto *flow = TE::FlowManagerPrivate::get();
+    if (!flow->isRunning())
+        return true;
+    const auto answer =
+        QMessageBox::question(this, tr("Quit"), tr("Synthesis is running. Stop it and quit?"),
+                              QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
+    if (answer != QMessageBox::Yes)
+        return false;
+    flow->stop();
+    return true;
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    if (!stopRunningSynthesis() || !m_documents->closeAll()) {
+        event->ignore();
+        return;
+    }
+    QSettings settings;
+    settings.setValue(GeometryKey, saveGeometry());
+    settings.setValue(StateKey, saveState());
+    event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!localFiles(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    const QStringList paths = localFiles(event->mimeData());
+    // The source of the drag waits for the drop to end; opening may ask questions.
+    QMetaObject::invokeMethod(
+        this,
+        [this, paths] {
+            for (const QString &path : paths)
+                open(path);
+        },
+        Qt::QueuedConnection);
+}
+
+void MainWindow::restoreLayout()
+{
+    const QSettings settings;
+    if (!restoreGeometry(settings.value(GeometryKey).toByteArray())) {
+        // In characters, so that it fits at any scale, and never more than the screen.
+        const QSize wanted(fontMetrics().averageCharWidth() * 145, fontMetrics().height() * 46);
+        resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
+    }
+    restoreState(settings.value(StateKey).toByteArray());
+}
+
+} // namespace Workbench

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "workbench/recentfiles.h"
+
+#include <QMainWindow>
+
+class QLabel;
+class QTabWidget;
+
+namespace Workbench {
+
+class Documents;
+class MessagesPane;
+class ProjectTree;
+class Synthesis;
+
+/// The program's window: project tree, views in tabs, messages, menus. It sets itself up as the
+/// area in which the host shows views.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(QWidget *parent = nullptr);
+    ~MainWindow() override;
+
+    /// Offers what the plug-ins have published, and tells which of them could not be used. To be
+    /// called once, after the plug-ins are initialised.
+    void takeUpPlugins();
+
+    /// Opens a project, a configuration or a text; failures are told to the user.
+    void open(const QString &path);
+
+    Documents *documents() const { return m_documents; }
+    MessagesPane *messages() const { return m_messages; }
+    const RecentFiles &recentFiles() const { return m_recent; }
+
+protected:
+    /// Asks view by view about what is not saved; a refusal keeps the window open.
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void createDocks();
+    void createFileMenu();
+    void createOtherMenus();
+    void createStatusBar();
+    void restoreLayout();
+    void connectParts();
+
+    void newFile(int wizard);
+    void chooseFile();
+    void closeActiveView();
+    void chooseDevice();
+    void about();
+    void updateTitle();
+    void updateActions();
+    bool stopRunningSynthesis();
+
+    QTabWidget *m_views;
+    ProjectTree *m_tree;
+    MessagesPane *m_messages;
+    Documents *m_documents;
+    Synthesis *m_synthesis;
+    RecentFiles m_recent;
+    QMenu *m_newMenu = nullptr;
+    QMenu *m_viewMenu = nullptr;
+    QAction *m_close = nullptr;
+    QLabel *m_device = nullptr;
+};
+
+} // namespace Workbench

@@ -1,0 +1,108 @@
+// The parts of the window around its views: docks, menus and status bar.
+
+#include "workbench/mainwindow.h"
+
+#include "workbench/documents.h"
+#include "workbench/messagespane.h"
+#include "workbench/projecttree.h"
+#include "workbench/synthesis.h"
+
+#include "host/core/actionmanager_p.h"
+
+#include "core/constants.h"
+
+#include <QAction>
+#include <QDockWidget>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QStyle>
+
+namespace Workbench {
+
+void MainWindow::createDocks()
+{
+    auto *project = new QDockWidget(tr("Project"), this);
+    project->setObjectName(QStringLiteral("projectDock"));
+    project->setWidget(m_tree);
+    addDockWidget(Qt::LeftDockWidgetArea, project);
+
+    auto *messages = new QDockWidget(tr("Messages"), this);
+    messages->setObjectName(QStringLiteral("messagesDock"));
+    messages->setWidget(m_messages);
+    addDockWidget(Qt::BottomDockWidgetArea, messages);
+
+    // The tree keeps the whole height.
+    setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
+    resizeDocks({project}, {fontMetrics().averageCharWidth() * 34}, Qt::Horizontal);
+    resizeDocks({messages}, {fontMetrics().height() * 8}, Qt::Vertical);
+
+    m_viewMenu = new QMenu(tr("&View"), this);
+    m_viewMenu->addAction(project->toggleViewAction());
+    m_viewMenu->addAction(messages->toggleViewAction());
+}
+
+void MainWindow::createFileMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&File"));
+    m_newMenu = menu->addMenu(style()->standardIcon(QStyle::SP_FileIcon), tr("&New"));
+    m_newMenu->setObjectName(QStringLiteral("newMenu"));
+
+    QAction *open = menu->addAction(style()->standardIcon(QStyle::SP_DialogOpenButton),
+                                    tr("&Open..."), this, &MainWindow::chooseFile);
+    open->setObjectName(QStringLiteral("open"));
+    open->setShortcut(QKeySequence::Open);
+    open->setStatusTip(tr("Open a project or a configuration"));
+    m_recent.fill(menu->addMenu(tr("Open &recent")));
+    menu->addSeparator();
+
+    Core::ActionManagerPrivate::setDefaultText(QLatin1String(Core::Constants::A_FILE_SAVE),
+                                               tr("&Save"));
+    QAction *save =
+        Core::ActionManagerPrivate::command(QLatin1String(Core::Constants::A_FILE_SAVE));
+    save->setShortcut(QKeySequence::Save);
+    save->setIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
+    menu->addAction(save);
+
+    m_close = menu->addAction(style()->standardIcon(QStyle::SP_DialogCloseButton), tr("&Close"),
+                              this, &MainWindow::closeActiveView);
+    m_close->setObjectName(QStringLiteral("closeView"));
+    m_close->setShortcuts({Qt::CTRL | Qt::Key_W, Qt::CTRL | Qt::Key_F4});
+    m_close->setStatusTip(tr("Close the view in front"));
+    menu->addSeparator();
+    QAction *quit = menu->addAction(tr("&Quit"), this, &MainWindow::close);
+    quit->setObjectName(QStringLiteral("quit"));
+    quit->setShortcut(Qt::CTRL | Qt::Key_Q);
+}
+
+void MainWindow::createOtherMenus()
+{
+    QMenu *flow = menuBar()->addMenu(tr("F&low"));
+    flow->addAction(m_synthesis->runAction());
+    flow->addAction(m_synthesis->stopAction());
+
+    QMenu *device = menuBar()->addMenu(tr("&Device"));
+    QAction *choose = device->addAction(style()->standardIcon(QStyle::SP_ComputerIcon),
+                                        tr("&Choose device..."), this, &MainWindow::chooseDevice);
+    choose->setObjectName(QStringLiteral("chooseDevice"));
+    choose->setStatusTip(tr("Choose the project's device from the catalogue"));
+
+    menuBar()->addMenu(m_viewMenu);
+
+    QMenu *help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("&About Workbench"), this, &MainWindow::about);
+}
+
+void MainWindow::createStatusBar()
+{
+    m_device = new QLabel;
+    m_device->setObjectName(QStringLiteral("deviceLabel"));
+    m_device->setTextFormat(Qt::PlainText);
+    statusBar()->addPermanentWidget(m_synthesis->progress());
+    statusBar()->addPermanentWidget(m_device);
+    m_synthesis->progress()->hide();
+}
+
+} // namespace Workbench

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QTreeWidget>
+
+namespace Workbench {
+
+/// The current project: its device, its configurations and other files, its sources and its
+/// netlist. It follows the project by itself.
+class ProjectTree : public QTreeWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ProjectTree(QWidget *parent = nullptr);
+
+    /// Fills the tree anew; what is selected stays selected.
+    void rebuild();
+
+signals:
+    void fileActivated(const QString &path);
+    void deviceActivated();
+
+private:
+    void onProjectChanged();
+    void onItemActivated(QTreeWidgetItem *item);
+    void addFiles(QTreeWidgetItem *root, const QString &title, const QStringList &paths);
+    QTreeWidgetItem *addFile(QTreeWidgetItem *parent, const QString &path);
+    void contextMenuEvent(QContextMenuEvent *event) override;
+};
+
+} // namespace Workbench

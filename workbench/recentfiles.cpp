@@ -1,0 +1,77 @@
+#include "workbench/recentfiles.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QMenu>
+#include <QSettings>
+
+namespace Workbench {
+
+namespace {
+
+const QString SettingsKey = QStringLiteral("recentFiles");
+
+QString normalised(const QString &path)
+{
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+
+} // namespace
+
+RecentFiles::RecentFiles(QObject *parent)
+    : QObject(parent)
+    , m_paths(QSettings().value(SettingsKey).toStringList().mid(0, Maximum))
+{
+}
+
+void RecentFiles::add(const QString &path)
+{
+    const QString file = normalised(path);
+    m_paths.removeAll(file);
+    m_paths.prepend(file);
+    m_paths = m_paths.mid(0, Maximum);
+    store();
+}
+
+void RecentFiles::remove(const QString &path)
+{
+    m_paths.removeAll(normalised(path));
+    store();
+}
+
+void RecentFiles::clear()
+{
+    m_paths.clear();
+    store();
+}
+
+void RecentFiles::fill(QMenu *menu)
+{
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+        menu->clear();
+        int number = 0;
+        for (const QString &path : qAsConst(m_paths)) {
+            const QFileInfo info(path);
+            // An ampersand in a file name is no mnemonic.
+            QString text = QStringLiteral("%1 \u2013 %2")
+                               .arg(info.fileName(), QDir::toNativeSeparators(info.path()));
+            text.replace(QLatin1Char('&'), QLatin1String("&&"));
+            ++number;
+            const QString prefix = number < 10 ? QStringLiteral("&%1  ") : QStringLiteral("%1  ");
+            QAction *action = menu->addAction(prefix.arg(number) + text);
+            connect(action, &QAction::triggered, this, [this, path] { emit chosen(path); });
+        }
+        if (m_paths.isEmpty())
+            menu->addAction(tr("No files yet"))->setEnabled(false);
+        menu->addSeparator();
+        QAction *forget = menu->addAction(tr("&Clear the list"), this, &RecentFiles::clear);
+        forget->setEnabled(!m_paths.isEmpty());
+    });
+}
+
+void RecentFiles::store()
+{
+    QSettings().setValue(SettingsKey, m_paths);
+}
+
+} // namespace Workbench

@@ -1,0 +1,35 @@
+#include "workbench/session.h"
+
+#include "host/core/projectmanager_p.h"
+#include "host/core/viewmanager_p.h"
+#include "host/extsys/pluginmanager_p.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+namespace Workbench {
+
+Session::Session(const QString &pluginFolder)
+    : m_window(std::make_unique<MainWindow>())
+{
+    const QString folder =
+        pluginFolder.isEmpty()
+            ? QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("plugins"))
+            : pluginFolder;
+    auto *plugins = ExtSys::PluginManager::instance();
+    plugins->loadFolder(folder);
+    plugins->initializePlugins();
+    m_window->takeUpPlugins();
+}
+
+Session::~Session()
+{
+    // Closed views wait for the event loop, which has ended; a view must not outlive its plug-in.
+    Core::ViewManagerPrivate::get()->discardAllViews();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    ExtSys::PluginManager::instance()->shutDown();
+    Core::ProjectManagerPrivate::get()->close();
+    m_window.reset();
+}
+
+} // namespace Workbench

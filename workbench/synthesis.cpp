@@ -1,0 +1,66 @@
+#include "workbench/synthesis.h"
+
+#include "host/core/projectmanager_p.h"
+#include "host/te/flowmanager_p.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QProgressBar>
+#include <QStyle>
+
+namespace Workbench {
+
+Synthesis::Synthesis(QObject *parent)
+    : QObject(parent)
+    , m_run(new QAction(tr("&Run synthesis"), this))
+    , m_stop(new QAction(tr("&Stop"), this))
+    , m_progress(new QProgressBar)
+{
+    QStyle *style = QApplication::style();
+    m_run->setObjectName(QStringLiteral("runSynthesis"));
+    m_run->setIcon(style->standardIcon(QStyle::SP_MediaPlay));
+    m_run->setShortcut(Qt::CTRL | Qt::Key_R);
+    m_run->setStatusTip(tr("Run the project's synthesis command"));
+    m_stop->setObjectName(QStringLiteral("stopSynthesis"));
+    m_stop->setIcon(style->standardIcon(QStyle::SP_MediaStop));
+    m_stop->setStatusTip(tr("Stop the synthesis that is running"));
+    m_progress->setRange(0, 0);
+    m_progress->setTextVisible(false);
+    m_progress->setMaximumWidth(120);
+    m_progress->setMaximumHeight(m_progress->fontMetrics().height());
+
+    auto *flow = TE::FlowManagerPrivate::get();
+    connect(m_run, &QAction::triggered, this, &Synthesis::start);
+    connect(m_stop, &QAction::triggered, flow, [flow] { flow->stop(); });
+    connect(flow, &TE::FlowManagerPrivate::output, this, &Synthesis::output);
+    connect(flow, &TE::FlowManagerPrivate::message, this, &Synthesis::onMessage);
+    connect(flow, &TE::FlowManagerPrivate::statusChanged, this, &Synthesis::update);
+    connect(Core::ProjectManagerPrivate::get(), &Core::ProjectManagerPrivate::currentProjectChanged,
+            this, &Synthesis::update);
+    update();
+}
+
+void Synthesis::start()
+{
+    QString error;
+    if (!TE::FlowManagerPrivate::get()->start(&error))
+        emit failed(error);
+}
+
+void Synthesis::update()
+{
+    const bool running = TE::FlowManagerPrivate::get()->isRunning();
+    m_run->setEnabled(!running && Core::ProjectManagerPrivate::get()->current());
+    m_stop->setEnabled(running);
+    m_progress->setVisible(running && m_progress->parentWidget());
+}
+
+void Synthesis::onMessage(const QString &text)
+{
+    if (TE::FlowManagerPrivate::get()->status() == TE::FlowManagerPrivate::Failed)
+        emit failed(text);
+    else
+        emit message(text);
+}
+
+} // namespace Workbench

@@ -1,0 +1,50 @@
+#include "workbench/textview.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QFontDatabase>
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
+
+namespace Workbench {
+
+namespace {
+
+// Larger files are shown up to here: netlists and traces run to gigabytes.
+constexpr qint64 MaximumBytes = 4 * 1024 * 1024;
+
+} // namespace
+
+TextView::TextView(const QString &path)
+    : m_path(QFileInfo(path).absoluteFilePath())
+    , m_text(new QPlainTextEdit(this))
+{
+    setShortTitle(QFileInfo(path).fileName());
+    setWindowTitle(shortTitle());
+    m_text->setReadOnly(true);
+    m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_text->setFrameShape(QFrame::NoFrame);
+    m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_text);
+    setFocusProxy(m_text);
+}
+
+bool TextView::load(QString *error)
+{
+    QFile file(m_path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error =
+            tr("Cannot read %1: %2.").arg(QDir::toNativeSeparators(m_path), file.errorString());
+        return false;
+    }
+    QString text = QString::fromUtf8(file.read(MaximumBytes));
+    if (!file.atEnd())
+        text += tr("\n\n[The file goes on: only its beginning is shown.]\n");
+    m_text->setPlainText(text);
+    return true;
+}
+
+} // namespace Workbench

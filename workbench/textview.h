@@ -1,0 +1,28 @@
+#pragma once
+
+#include "core/iview.h"
+
+class QPlainTextEdit;
+
+namespace Workbench {
+
+/// Shows a text file of the project for reading.
+class TextView : public Core::IView
+{
+    Q_OBJECT
+
+public:
+    explicit TextView(const QString &path);
+
+    /// Absolute.
+    QString path() const { return m_path; }
+
+    /// Reads the file. On failure gives one sentence in `error`.
+    bool load(QString *error);
+
+private:
+    QString m_path;
+    QPlainTextEdit *m_text;
+};
+
+} // namespace Workbench

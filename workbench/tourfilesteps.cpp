@@ -1,0 +1,87 @@
+#include "workbench/tourlocators.h"
+#include "workbench/toursteps.h"
+
+#include <QAction>
+#include <QFileInfo>
+#include <QLabel>
+#include <QTabWidget>
+
+namespace Workbench {
+
+namespace {
+
+const QByteArray EmptyFile = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                             "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>\n"
+                             "<Config/>";
+
+bool saveIsEnabled()
+{
+    const QAction *save = findShortcut(QKeySequence::Save);
+    return save && save->isEnabled();
+}
+
+} // namespace
+
+void createFileByWizard(const Tour &tour)
+{
+    TourDriver &driver = tour.driver;
+    driver.picture(QStringLiteral("project"));
+    driver.click(QStringLiteral("the File menu"), menu(QStringLiteral("File")));
+    driver.click(QStringLiteral("New"), menuItem(QStringLiteral("New")));
+    driver.click(QStringLiteral("the wizard"), menuItem(QStringLiteral("VLR Config File")));
+    driver.expectDialog(QStringLiteral("New VLR Config File"));
+
+    driver.click(QStringLiteral("OK"), button(QStringLiteral("OK")));
+    driver.expect(QStringLiteral("a missing name is refused"), [] {
+        const auto *info = find<QLabel>("labelInfo");
+        return info && info->text() == QLatin1String("Please enter a name.");
+    });
+    driver.fill(QStringLiteral("the name"), widgetNamed("editName"), tour.fileName);
+    driver.fill(QStringLiteral("the folder"), widgetNamed("editCreateIn"), tour.folder);
+    driver.picture(QStringLiteral("wizard"));
+    driver.click(QStringLiteral("OK"), button(QStringLiteral("OK")));
+    driver.expectNoDialog();
+    driver.expect(QStringLiteral("the empty configuration is on disk"),
+                  [&] { return tour.fileText() == EmptyFile; });
+}
+
+void openFileFromProjectTree(const Tour &tour)
+{
+    const QString name = QFileInfo(tour.file()).fileName();
+    tour.driver.doubleClick(QStringLiteral("the file in the project tree"),
+                            treeItem("projectTree", name));
+    tour.driver.expect(QStringLiteral("its view is shown, unmodified"),
+                       [&] { return activeViewTitle() == name; });
+    tour.driver.expectNoDialog();
+    tour.driver.expect(QStringLiteral("there is nothing to save"), [] { return !saveIsEnabled(); });
+    tour.driver.picture(QStringLiteral("opened"));
+}
+
+void saveFile(const Tour &tour)
+{
+    const QString name = QFileInfo(tour.file()).fileName();
+    tour.driver.press(Qt::Key_S, Qt::ControlModifier);
+    tour.driver.expect(QStringLiteral("the view is unmodified"),
+                       [&] { return activeViewTitle() == name && !saveIsEnabled(); });
+}
+
+void closeFile(const Tour &tour)
+{
+    tour.driver.press(Qt::Key_W, Qt::ControlModifier);
+    tour.driver.expect(QStringLiteral("no view is open"),
+                       [] { return viewTabs() && viewTabs()->count() == 0; });
+    tour.driver.expectNoDialog();
+}
+
+void reopenFileFromRecentFiles(const Tour &tour)
+{
+    const QString name = QFileInfo(tour.file()).fileName();
+    tour.driver.click(QStringLiteral("the File menu"), menu(QStringLiteral("File")));
+    tour.driver.click(QStringLiteral("Open recent"), menuItem(QStringLiteral("Open recent")));
+    tour.driver.click(QStringLiteral("the file"), menuItemWith(name));
+    tour.driver.expect(QStringLiteral("its view is shown again, unmodified"),
+                       [&] { return activeViewTitle() == name; });
+    tour.driver.picture(QStringLiteral("reopened"));
+}
+
+} // namespace Workbench
