@@ -5,6 +5,8 @@
 
 #include <QAction>
 
+#include <algorithm>
+
 namespace Core {
 
 void ActionManager::registerAction(QAction *action, const QString &id, const QString &context)
@@ -43,7 +45,8 @@ ActionManagerPrivate::Command &ActionManagerPrivate::find(const QString &id)
         auto *proxy = new QAction(this);
         proxy->setEnabled(false);
         connect(proxy, &QAction::triggered, this, [this, id] {
-            if (QAction *action = activeAction(id))
+            QAction *action = activeAction(id);
+            if (action && action->isEnabled()) // trigger() would not ask
                 action->trigger();
         });
         it = m_commands.insert(id, {proxy, QString(), {}});
@@ -56,7 +59,12 @@ void ActionManagerPrivate::registerAction(QAction *action, const QString &id,
 {
     if (!action)
         return;
-    find(id).registrations.append({action, context});
+    QList<Registration> &registrations = find(id).registrations;
+    for (const Registration &known : qAsConst(registrations)) {
+        if (known.action == action && known.context == context)
+            return;
+    }
+    registrations.append({action, context});
     connect(action, &QAction::changed, this, [this, id] { update(id); });
     connect(action, &QObject::destroyed, this, [this, id] { update(id); });
     update(id);

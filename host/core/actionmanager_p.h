@@ -8,8 +8,6 @@
 #include <QPointer>
 #include <QString>
 
-#include <memory>
-
 class QAction;
 
 namespace Core {

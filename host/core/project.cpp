@@ -8,6 +8,8 @@
 #include <QJsonDocument>
 #include <QSaveFile>
 
+#include <algorithm>
+
 namespace Core {
 
 namespace {
@@ -188,6 +190,15 @@ QStringList ProjectPrivate::synthesisArguments() const
 QString ProjectPrivate::resultFile(const QString &key) const
 {
     return absolutePath(m_data[RESULTS].toObject()[key].toString());
+}
+
+QStringList ProjectPrivate::resultFiles() const
+{
+    QStringList paths;
+    const QJsonObject results = m_data[RESULTS].toObject();
+    for (const QJsonValue &result : results)
+        paths.append(absolutePath(result.toString()));
+    return paths;
 }
 
 bool ProjectPrivate::save(QString *error) const

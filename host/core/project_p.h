@@ -51,6 +51,9 @@ public:
     /// Absolute path of the result; empty when the project does not name it.
     QString resultFile(const QString &key) const;
 
+    /// Absolute paths of all results.
+    QStringList resultFiles() const;
+
     /// Writes the project file; false on failure, with one sentence in `error`.
     bool save(QString *error) const;
 

@@ -3,7 +3,6 @@
 #include "core/iview.h"
 #include "host/core/viewmanager_p.h"
 
-#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QTabWidget>
@@ -16,6 +15,8 @@ namespace Core {
 
 namespace {
 
+constexpr int LEVEL_POLL = 20; // ms
+
 bool belongsTo(const QWidget *widget, const QWidget *ancestor)
 {
     while (widget && widget != ancestor)
@@ -23,18 +24,29 @@ bool belongsTo(const QWidget *widget, const QWidget *ancestor)
     return widget;
 }
 
-/// Closes the modal dialogs that `view` runs; true when there were any.
-bool closeModalDialogs(const QWidget *view)
+int depth(const QWidget *widget)
 {
-    bool any = false;
-    while (QWidget *dialog = QApplication::activeModalWidget()) {
-        if (!belongsTo(dialog, view))
-            break;
-        any = true;
-        if (!dialog->close())
-            break;
+    int parents = 0;
+    while ((widget = widget->parentWidget()))
+        ++parents;
+    return parents;
+}
+
+/// The visible windows that wait in an event loop of their own, or may do so: popups and modal
+/// dialogs, inner ones before the ones that opened them.
+QList<QWidget *> waitingWindows()
+{
+    QList<QWidget *> waiting;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        const bool waits = window->windowModality() == Qt::ApplicationModal
+                           || window->windowType() == Qt::Popup;
+        if (waits && window->isVisible())
+            waiting.append(window);
     }
-    return any;
+    std::sort(waiting.begin(), waiting.end(),
+              [](const QWidget *a, const QWidget *b) { return depth(a) > depth(b); });
+    return waiting;
 }
 
 } // namespace
@@ -101,7 +113,7 @@ QTabWidget *ViewManagerPrivate::area()
 
 IView *ViewManagerPrivate::activeView() const
 {
-    return m_active;
+    return qobject_cast<IView *>(m_active.data());
 }
 
 void ViewManagerPrivate::showView(IView *view)
@@ -138,7 +150,7 @@ bool ViewManagerPrivate::closeView(IView *view)
 bool ViewManagerPrivate::closeAllViews()
 {
     while (!m_views.isEmpty()) {
-        IView *view = m_active && m_views.contains(m_active) ? m_active.data() : m_views.last();
+        IView *view = activeView() ? activeView() : m_views.last();
         if (!closeView(view))
             return false;
     }
@@ -189,6 +201,8 @@ void ViewManagerPrivate::handleCloseEvent(IView *view, QEvent *event)
         return; // onViewDestroyed() has forgotten it
     m_closing.remove(view);
     const bool reasked = m_reasked.remove(view);
+    if (!m_views.contains(view))
+        return; // discarded meanwhile
     if (event->isAccepted())
         finishClose(view);
     else if (reasked)
@@ -199,32 +213,41 @@ void ViewManagerPrivate::finishClose(IView *view)
 {
     m_views.removeAll(view);
     m_closed.insert(view);
+    const QPointer<IView> guard = view;
     emit m_manager->viewClosed(view);
-    if (m_active == view) {
-        m_active.clear();
-        view->onDeactivated();
-    }
+    if (!guard)
+        return;
     const int index = m_area ? m_area->indexOf(view) : -1;
     if (index >= 0)
-        m_area->removeTab(index);
+        m_area->removeTab(index); // activates the next view
     view->hide();
     updateActiveView();
-    if (closeModalDialogs(view))
-        deleteWhenUnwound(view);
-    else
+
+    const QList<QWidget *> waiting = waitingWindows();
+    QList<QPointer<QWidget>> own;
+    for (QWidget *window : waiting) {
+        if (belongsTo(window, view))
+            own.append(window);
+    }
+    for (const QPointer<QWidget> &window : qAsConst(own)) {
+        if (window)
+            window->close();
+    }
+    if (own.isEmpty())
         view->deleteLater();
+    else
+        deleteAtLevel(view, qMax(0, QThread::currentThread()->loopLevel() - waiting.size()));
 }
 
-/// A dialog of the view runs, so code of the view is on the stack: a deletion from the dialog's
-/// event loop would pull the ground from under it. Waits until that loop has ended.
-void ViewManagerPrivate::deleteWhenUnwound(IView *view)
+/// Code of a view that runs a dialog is on the stack below it: a deletion from the dialog's event
+/// loop, or from one nested deeper, would pull the ground from under that code. So it waits until
+/// the dialogs' loops have ended, which leaves `level` loops.
+void ViewManagerPrivate::deleteAtLevel(IView *view, int level)
 {
-    const int level = QThread::currentThread()->loopLevel();
-    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, view,
-            [view, level] {
-                if (QThread::currentThread()->loopLevel() < level)
-                    view->deleteLater();
-            });
+    if (QThread::currentThread()->loopLevel() <= level)
+        view->deleteLater();
+    else
+        QTimer::singleShot(LEVEL_POLL, view, [this, view, level] { deleteAtLevel(view, level); });
 }
 
 void ViewManagerPrivate::onTabCloseRequested(int index)
@@ -266,14 +289,15 @@ void ViewManagerPrivate::updateActiveView()
         view = nullptr;
     if (view == m_active)
         return updateContexts();
-    const QPointer<IView> previous = m_active;
+    // A view that is being destroyed is no view any more, and only its QWidget part may be left.
+    auto *previous = qobject_cast<IView *>(m_active.data());
     m_active = view;
     if (previous)
         previous->onDeactivated();
     if (m_active == view && view)
         view->onActivated();
     updateContexts();
-    emit m_manager->viewActiveted(m_active);
+    emit m_manager->viewActiveted(activeView());
 }
 
 void ViewManagerPrivate::updateContexts()

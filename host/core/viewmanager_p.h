@@ -69,7 +69,7 @@ private:
     ViewManagerPrivate();
     void handleCloseEvent(IView *view, QEvent *event);
     void finishClose(IView *view);
-    void deleteWhenUnwound(IView *view);
+    void deleteAtLevel(IView *view, int level);
     void onTabCloseRequested(int index);
     void onViewDestroyed(QObject *view);
     void updateTitle(IView *view);
@@ -80,7 +80,7 @@ private:
     QPointer<QTabWidget> m_area;
     QPointer<QWidget> m_dialogParent;
     QList<IView *> m_views;
-    QPointer<IView> m_active;
+    QPointer<QWidget> m_active;
     QList<Context> m_contexts;
     QStringList m_activeContexts;
     QSet<QObject *> m_closing; // views whose close event is being handled

@@ -5,6 +5,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+#include <iterator>
+
 namespace DEV {
 
 namespace {
@@ -14,11 +17,18 @@ QString tr(const char *text)
     return QCoreApplication::translate("DEV::Catalogue", text);
 }
 
-bool isVolts(const QString &text, double *value)
+QString volts(const QJsonValue &value)
 {
-    bool ok = false;
-    *value = text.toDouble(&ok);
-    return ok && *value >= 0 && *value <= 50;
+    return value.isDouble() ? QString::number(value.toDouble(), 'g', 6) : value.toString();
+}
+
+bool isRange(const Supply &supply)
+{
+    bool ok[3] = {};
+    const double min = supply.min.toDouble(&ok[0]);
+    const double start = supply.defaultValue.toDouble(&ok[1]);
+    const double max = supply.max.toDouble(&ok[2]);
+    return ok[0] && ok[1] && ok[2] && 0 <= min && min <= start && start <= max && max <= 50;
 }
 
 bool readSupply(const QJsonObject &voltage, const QString &name, Supply *supply, QString *error)
@@ -27,36 +37,49 @@ bool readSupply(const QJsonObject &voltage, const QString &name, Supply *supply,
     if (value.isUndefined())
         return true;
     const QJsonObject object = value.toObject();
-    *supply = {object[QLatin1String("min")].toString(), object[QLatin1String("max")].toString(),
-               object[QLatin1String("default")].toString()};
-    double min = 0;
-    double max = 0;
-    double start = 0;
-    if (isVolts(supply->min, &min) && isVolts(supply->max, &max) &&
-        isVolts(supply->defaultValue, &start) && min <= start && start <= max)
+    *supply = {volts(object[QLatin1String("min")]), volts(object[QLatin1String("max")]),
+               volts(object[QLatin1String("default")])};
+    if (isRange(*supply))
         return true;
-    *error = tr("the supply \"%1\" needs \"min\", \"max\" and \"default\" as texts in volts, "
-                "0 to 50, the default between the others")
+    *error = tr("the supply \"%1\" needs \"min\", \"max\" and \"default\" in volts, from 0 to 50, "
+                "the default between the others")
                  .arg(name);
     return false;
 }
 
 bool readTies(const QJsonValue &value, SupplyData *supplies, QString *error)
 {
+    struct Tie
+    {
+        QLatin1String name;
+        bool *flag;
+        const Supply *first;
+        const Supply *second;
+    };
+    const Tie known[] = {
+        {QLatin1String("vcc-vccx"), &supplies->vccVccx, &supplies->vcc, &supplies->vccx},
+        {QLatin1String("vccx-vccldo"), &supplies->vccxVccldo, &supplies->vccx, &supplies->vccldo},
+        {QLatin1String("vcc-vccldo"), &supplies->vccVccldo, &supplies->vcc, &supplies->vccldo},
+    };
+    if (!value.isUndefined() && !value.isArray()) {
+        *error = tr("\"ties\" has to be a list");
+        return false;
+    }
     const QJsonArray ties = value.toArray();
     for (const QJsonValue &tie : ties) {
         const QString text = tie.toString();
-        if (text == QLatin1String("vcc-vccx")) {
-            supplies->vccVccx = true;
-        } else if (text == QLatin1String("vccx-vccldo")) {
-            supplies->vccxVccldo = true;
-        } else if (text == QLatin1String("vcc-vccldo")) {
-            supplies->vccVccldo = true;
-        } else {
+        const auto *found = std::find_if(std::begin(known), std::end(known),
+                                         [&text](const Tie &t) { return text == t.name; });
+        if (found == std::end(known)) {
             *error = tr("\"%1\" is no tie: \"vcc-vccx\", \"vccx-vccldo\" and \"vcc-vccldo\" are")
                          .arg(text);
             return false;
         }
+        if (found->first->defaultValue.isEmpty() || found->second->defaultValue.isEmpty()) {
+            *error = tr("the tie \"%1\" needs both of its supplies").arg(text);
+            return false;
+        }
+        *found->flag = true;
     }
     return true;
 }
@@ -71,7 +94,12 @@ bool readDevice(const QJsonObject &object, Device *device, QString *error)
         *error = tr("it needs an \"id\" and a \"partName\"");
         return false;
     }
-    const QJsonObject voltage = object[QLatin1String("voltage")].toObject();
+    const QJsonValue value = object[QLatin1String("voltage")];
+    if (!value.isUndefined() && !value.isObject()) {
+        *error = tr("\"voltage\" has to be an object");
+        return false;
+    }
+    const QJsonObject voltage = value.toObject();
     SupplyData &supplies = device->supplies;
     return readSupply(voltage, QStringLiteral("vcc"), &supplies.vcc, error) &&
            readSupply(voltage, QStringLiteral("vccx"), &supplies.vccx, error) &&

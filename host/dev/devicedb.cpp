@@ -54,10 +54,11 @@ ChipInfo DeviceDbPrivate::chipInfo(const QString &id) const
 
 SupplyData DeviceDbPrivate::supplies(const QString &device, const QString &package) const
 {
-    const auto it = std::find_if(m_devices.cbegin(), m_devices.cend(), [&](const Device &known) {
+    // The latest addition counts.
+    const auto it = std::find_if(m_devices.crbegin(), m_devices.crend(), [&](const Device &known) {
         return known.arg.partName == device && known.arg.packageName == package;
     });
-    return it == m_devices.cend() ? SupplyData() : it->supplies;
+    return it == m_devices.crend() ? SupplyData() : it->supplies;
 }
 
 bool DeviceDbPrivate::addFile(const QString &path, QString *error)

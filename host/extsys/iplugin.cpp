@@ -10,7 +10,7 @@ IPlugin::~IPlugin() = default;
 
 void IPlugin::addAutoReleasedObject(QObject *object)
 {
-    PluginManager::instance()->addAutoReleasedObject(object);
+    PluginManager::instance()->addAutoReleasedObject(object, this);
 }
 
 } // namespace ExtSys

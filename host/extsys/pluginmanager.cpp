@@ -7,6 +7,8 @@
 #include <QLibrary>
 #include <QPluginLoader>
 
+#include <algorithm>
+
 namespace ExtSys {
 
 PluginManager *PluginManager::instance()
@@ -67,10 +69,12 @@ void PluginManager::initializePlugins()
             continue;
         const bool ok = m_plugins.at(i).plugin->initialize();
         m_plugins[i].state = ok ? State::Running : State::Refused;
-        if (ok)
+        if (ok) {
             started.append(i);
-        else
+        } else {
+            releaseObjects(m_plugins.at(i).plugin);
             fail(m_plugins.at(i).name, tr("The plug-in could not be initialized."));
+        }
     }
     for (int i : qAsConst(started))
         m_plugins.at(i).plugin->extensionsInitialized();
@@ -83,8 +87,7 @@ void PluginManager::shutDown()
         if (entry.state == State::Running && entry.guard)
             entry.plugin->shutDown();
     }
-    while (!m_pool.isEmpty())
-        delete m_pool.takeLast().data();
+    releaseObjects(nullptr);
     m_failures.clear();
 }
 
@@ -98,10 +101,20 @@ QStringList PluginManager::pluginNames() const
     return names;
 }
 
-void PluginManager::addAutoReleasedObject(QObject *object)
+void PluginManager::addAutoReleasedObject(QObject *object, const IPlugin *plugin)
 {
-    if (object && !m_pool.contains(object))
-        m_pool.append(object);
+    const auto same = [object](const Published &p) { return p.object == object; };
+    if (object && std::none_of(m_pool.cbegin(), m_pool.cend(), same))
+        m_pool.append({object, plugin});
+}
+
+/// Deletes what `plugin` published, the latest first; null means everything.
+void PluginManager::releaseObjects(const IPlugin *plugin)
+{
+    for (int i = m_pool.size() - 1; i >= 0; i = qMin(i, m_pool.size()) - 1) {
+        if (!plugin || m_pool.at(i).plugin == plugin)
+            delete m_pool.takeAt(i).object.data();
+    }
 }
 
 void PluginManager::fail(const QString &fileName, const QString &reason)

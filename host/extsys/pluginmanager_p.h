@@ -46,16 +46,16 @@ public:
     QStringList pluginNames() const;
     QList<Failure> failures() const { return m_failures; }
 
-    /// Publishes `object` and takes ownership of it.
-    void addAutoReleasedObject(QObject *object);
+    /// Publishes `object` on behalf of `plugin` and takes ownership of it.
+    void addAutoReleasedObject(QObject *object, const IPlugin *plugin);
 
     /// The pool's objects of class `T`, in order of registration.
     template<typename T>
     QList<T *> objects() const
     {
         QList<T *> found;
-        for (const QPointer<QObject> &object : m_pool) {
-            if (T *match = qobject_cast<T *>(object.data()))
+        for (const Published &published : m_pool) {
+            if (T *match = qobject_cast<T *>(published.object.data()))
                 found.append(match);
         }
         return found;
@@ -74,12 +74,19 @@ private:
         State state;
     };
 
+    struct Published
+    {
+        QPointer<QObject> object;
+        const IPlugin *plugin; // who published it; compared only
+    };
+
     PluginManager() = default;
     void load(const QString &path);
+    void releaseObjects(const IPlugin *plugin);
     void fail(const QString &fileName, const QString &reason);
 
     QList<Entry> m_plugins;
-    QList<QPointer<QObject>> m_pool;
+    QList<Published> m_pool;
     QList<Failure> m_failures;
 };
 

@@ -5,6 +5,7 @@
 #include "host/qutil/eventmanager_p.h"
 #include "host/te/flowmanager_p.h"
 #include "host/te/flowprocess.h"
+#include "host/te/resultkeeper.h"
 #include "host/te/resultwatcher.h"
 #include "qutil/ievent.h"
 #include "te/constants.h"
@@ -94,17 +95,21 @@ bool FlowManagerPrivate::start(QString *error)
             *error = cause;
         return false;
     }
+    auto kept = std::make_unique<ResultKeeper>();
+    if (!kept->keep(project->resultFiles(), error ? error : &cause))
+        return false;
+    m_kept = std::move(kept);
     m_watcher->setPaused(true);
     m_stopping = false;
+    if (m_process)
+        m_process.release()->deleteLater(); // it may be the one that tells of its end
     m_process = std::make_unique<FlowProcess>();
     connect(m_process.get(), &FlowProcess::line, this, &FlowManagerPrivate::output);
-    connect(m_process.get(), &FlowProcess::ended, this, &FlowManagerPrivate::onProcessEnded,
-            Qt::QueuedConnection);
-    setStatus(Running,
-              tr("Synthesis started: %1")
-                  .arg((QStringList(project->synthesisProgram()) + project->synthesisArguments())
-                           .join(QLatin1Char(' '))));
-    m_process->start(project->synthesisProgram(), project->synthesisArguments(), project->folder());
+    connect(m_process.get(), &FlowProcess::ended, this, &FlowManagerPrivate::onProcessEnded);
+    const QStringList command =
+        QStringList(project->synthesisProgram()) + project->synthesisArguments();
+    m_process->start(command.first(), command.mid(1), project->folder());
+    setStatus(Running, tr("Synthesis started: %1").arg(command.join(QLatin1Char(' '))));
     return true;
 }
 
@@ -116,27 +121,50 @@ void FlowManagerPrivate::stop(int killAfter)
     m_process->stop(killAfter);
 }
 
+void FlowManagerPrivate::setWatching(bool watching)
+{
+    m_watching = watching;
+    m_watcher->setPaused(!watching || isRunning());
+}
+
 void FlowManagerPrivate::onProcessEnded(bool ok, const QString &cause)
 {
-    if (sender() != m_process.get() || !isRunning())
-        return;
-    m_watcher->setPaused(false);
     const QString netlist = netlistFile();
-    if (m_stopping)
-        setStatus(Stopped, tr("Synthesis was stopped."));
-    else if (!ok)
-        setStatus(Failed, tr("Synthesis failed: %1").arg(cause));
-    else if (!netlist.isEmpty() && !QFileInfo::exists(netlist))
-        setStatus(Failed, tr("Synthesis failed: it ended without an error, but did not write %1.")
-                              .arg(QDir::toNativeSeparators(netlist)));
-    else
-        setStatus(Finished, tr("Synthesis finished."));
+    Status status = Failed;
+    QString text;
+    if (m_stopping) {
+        status = Stopped;
+        text = tr("Synthesis was stopped.");
+    } else if (!ok) {
+        text = tr("Synthesis failed: %1").arg(cause);
+    } else if (!netlist.isEmpty() && !QFileInfo::exists(netlist)) {
+        text = tr("Synthesis failed: it ended without an error, but did not write %1.")
+                   .arg(QDir::toNativeSeparators(netlist));
+    } else {
+        status = Finished;
+        text = tr("Synthesis finished.");
+    }
+    endRun(status == Finished);
+    setStatus(status, text);
+}
+
+void FlowManagerPrivate::endRun(bool keepResults)
+{
+    if (m_kept && !keepResults)
+        m_kept->restore();
+    m_kept.reset();
+    m_watcher->setPaused(!m_watching);
 }
 
 void FlowManagerPrivate::onProjectChanged()
 {
-    m_process.reset(); // a run of the former project ends with it
-    m_watcher->setPaused(false);
+    // A run of the former project ends with it.
+    if (m_process) {
+        m_process->disconnect(this);
+        m_process->end();
+        m_process.release()->deleteLater();
+    }
+    endRun(false);
     m_watcher->setFile(netlistFile());
     if (m_status != Idle)
         setStatus(Idle, QString());

@@ -11,12 +11,14 @@ namespace TE {
 
 class FlowManager;
 class FlowProcess;
+class ResultKeeper;
 class ResultWatcher;
 
 /// The host's side of the design flow: runs the synthesis of the current project.
 ///
 /// Every change of state is raised as the event "TE.Process.Status.Change" with the values
-/// "process" = "Process.Syn" and "status", the number of the state.
+/// "process" = "Process.Syn" and "status", the number of the state. A run that fails or is stopped
+/// leaves the result files as they were before it.
 class HOST_EXPORT FlowManagerPrivate : public QObject
 {
     Q_OBJECT
@@ -47,6 +49,9 @@ public:
     /// not within `killAfter` milliseconds. Nothing without a run.
     void stop(int killAfter = 3000);
 
+    /// Whether a netlist file replaced from outside counts as a finished run (so from the start).
+    void setWatching(bool watching);
+
 signals:
     /// One line that the run wrote, without its line break; both channels in order of arrival.
     void output(const QString &line);
@@ -59,15 +64,18 @@ private:
     FlowManagerPrivate();
     ~FlowManagerPrivate() override;
     void setStatus(Status status, const QString &text);
+    void endRun(bool keepResults);
     void onProjectChanged();
     void onProcessEnded(bool ok, const QString &cause);
     void onResultReplaced();
 
     FlowManager *const m_manager;
-    std::unique_ptr<FlowProcess> m_process;
+    std::unique_ptr<FlowProcess> m_process; // of the present or last run
+    std::unique_ptr<ResultKeeper> m_kept;   // while a run is under way
     std::unique_ptr<ResultWatcher> m_watcher;
     Status m_status = Idle;
     bool m_stopping = false;
+    bool m_watching = true;
 };
 
 } // namespace TE

@@ -1,11 +1,19 @@
 #include "host/te/flowprocess.h"
 
 #include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
 
 #include <csignal>
 #include <unistd.h>
 
 namespace TE {
+
+namespace {
+
+constexpr int LONGEST_LINE = 65536; // bytes; more is shown in pieces
+
+} // namespace
 
 void FlowProcess::Child::setupChildProcess()
 {
@@ -18,6 +26,7 @@ FlowProcess::FlowProcess()
     m_child.setStandardInputFile(QProcess::nullDevice());
     m_killTimer.setSingleShot(true);
     connect(&m_killTimer, &QTimer::timeout, this, [this] { signalGroup(SIGKILL); });
+    connect(&m_child, &QProcess::started, this, &FlowProcess::onStarted);
     connect(&m_child, &QProcess::readyRead, this, &FlowProcess::readLines);
     connect(&m_child, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
             &FlowProcess::onFinished);
@@ -26,27 +35,45 @@ FlowProcess::FlowProcess()
 
 FlowProcess::~FlowProcess()
 {
+    end();
+}
+
+void FlowProcess::end()
+{
     m_child.disconnect(this);
     if (m_child.state() == QProcess::NotRunning)
         return;
     signalGroup(SIGKILL);
     m_child.waitForFinished(1000);
+    m_group = 0;
 }
 
 void FlowProcess::start(const QString &program, const QStringList &arguments, const QString &folder)
 {
-    m_rest.clear();
+    const bool hasFolder = program.contains(QLatin1Char('/'));
     m_child.setWorkingDirectory(folder);
-    m_child.start(program, arguments);
+    m_child.start(hasFolder ? QDir(folder).absoluteFilePath(program) : program, arguments);
     m_group = m_child.processId();
+    // The child does the same; whoever comes first, the group exists from here on.
+    if (m_group > 0)
+        ::setpgid(static_cast<pid_t>(m_group), static_cast<pid_t>(m_group));
 }
 
 void FlowProcess::stop(int killAfter)
 {
     if (m_child.state() == QProcess::NotRunning)
         return;
+    m_stopping = true;
     m_killTimer.start(killAfter);
-    signalGroup(SIGTERM);
+    // Before it runs the command, the child still has this program's signal handlers.
+    if (m_child.state() == QProcess::Running)
+        signalGroup(SIGTERM);
+}
+
+void FlowProcess::onStarted()
+{
+    if (m_stopping)
+        signalGroup(SIGTERM);
 }
 
 void FlowProcess::signalGroup(int signal)
@@ -60,23 +87,34 @@ void FlowProcess::readLines()
     m_rest += m_child.readAll();
     int begin = 0;
     for (int end = 0; (end = m_rest.indexOf('\n', begin)) >= 0; begin = end + 1)
-        emit line(QString::fromLocal8Bit(m_rest.mid(begin, end - begin)));
+        emitLine(m_rest.mid(begin, end - begin));
     m_rest.remove(0, begin);
+    if (m_rest.size() > LONGEST_LINE) {
+        emitLine(m_rest);
+        m_rest.clear();
+    }
+}
+
+void FlowProcess::emitLine(const QByteArray &bytes)
+{
+    QString text = QString::fromLocal8Bit(bytes);
+    if (text.endsWith(QLatin1Char('\r')))
+        text.chop(1);
+    emit line(text);
 }
 
 void FlowProcess::onFinished(int exitCode, QProcess::ExitStatus status)
 {
     readLines();
     if (!m_rest.isEmpty())
-        emit line(QString::fromLocal8Bit(m_rest));
-    m_rest.clear();
-    // What the command left behind has no business any more.
+        emitLine(m_rest);
     m_killTimer.stop();
-    signalGroup(SIGKILL);
+    if (m_stopping)
+        signalGroup(SIGKILL); // those that outlived their leader
     m_group = 0;
     const QString program = QDir::toNativeSeparators(m_child.program());
     if (status == QProcess::CrashExit)
-        emit ended(false, tr("%1 was ended by a signal.").arg(program));
+        emit ended(false, tr("%1 crashed or was ended by a signal.").arg(program));
     else if (exitCode != 0)
         emit ended(false,
                    tr("%1 ended with the exit code %2.").arg(program, QString::number(exitCode)));
@@ -88,8 +126,18 @@ void FlowProcess::onError(QProcess::ProcessError error)
 {
     if (error != QProcess::FailedToStart)
         return; // finished() follows
-    const QString program = QDir::toNativeSeparators(m_child.program());
-    emit ended(false, tr("%1 could not be started: %2").arg(program, m_child.errorString()));
+    const QString program = m_child.program();
+    QString cause;
+    if (!QFileInfo(m_child.workingDirectory()).isDir())
+        cause = tr("the folder %1 does not exist.")
+                    .arg(QDir::toNativeSeparators(m_child.workingDirectory()));
+    else if (QStandardPaths::findExecutable(program).isEmpty() && !QFileInfo::exists(program))
+        cause = tr("the program %1 was not found; is it installed?")
+                    .arg(QDir::toNativeSeparators(program));
+    else
+        cause = tr("the program %1 could not be started: %2.")
+                    .arg(QDir::toNativeSeparators(program), m_child.errorString());
+    QTimer::singleShot(0, this, [this, cause] { emit ended(false, cause); });
 }
 
 } // namespace TE

@@ -2,17 +2,14 @@
 
 #include "hostexport.h"
 
-#include <QObject>
 #include <QString>
 
 namespace TE {
 
 /// The host's side of the project information. The device is the open project's; without a project
 /// it is kept here until the process ends.
-class HOST_EXPORT ProInfoManagerPrivate : public QObject
+class HOST_EXPORT ProInfoManagerPrivate
 {
-    Q_OBJECT
-
 public:
     static ProInfoManagerPrivate *get();
 
@@ -24,8 +21,6 @@ public:
     void setDevice(const QString &id);
 
 private:
-    ProInfoManagerPrivate() = default;
-
     QString m_device;
 };
 

@@ -1,5 +1,8 @@
 #include "utils/fileutils.h"
 
+#include "core/projectmanager.h"
+#include "host/core/project_p.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QPointer>
@@ -16,19 +19,33 @@ QString folderKey(const QString &caption)
     return QLatin1String("Folders/") + QString::fromLatin1(QUrl::toPercentEncoding(caption));
 }
 
+/// The folder last used under `caption`; the project's, when there is none or it is gone.
+QString lastFolder(const QString &caption)
+{
+    const QString folder = QSettings().value(folderKey(caption)).toString();
+    if (!folder.isEmpty() && QFileInfo(folder).isDir())
+        return folder;
+    const auto *project = Core::ProjectPrivate::of(Core::ProjectManager::currentProject());
+    return project ? project->folder() : QString();
+}
+
 } // namespace
 
 QString FileUtils::getOpenFileName(QWidget *parent, const QString &caption,
                                    const QString &directory, const QString &filter,
                                    QString *selectedFilter, QFileDialog::Options options)
 {
-    QSettings settings;
-    const QString start =
-        directory.isEmpty() ? settings.value(folderKey(caption)).toString() : directory;
+    const QFileInfo start(directory.isEmpty() ? lastFolder(caption) : directory);
     // On the heap: the parent may go, with its children, while the dialog runs.
-    const QPointer<QFileDialog> dialog = new QFileDialog(parent, caption, start, filter);
+    const QPointer<QFileDialog> dialog = new QFileDialog(parent, caption, QString(), filter);
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setOptions(options);
+    if (start.isFile()) {
+        dialog->setDirectory(start.absolutePath());
+        dialog->selectFile(start.fileName());
+    } else if (start.isDir()) {
+        dialog->setDirectory(start.absoluteFilePath());
+    }
     if (selectedFilter && !selectedFilter->isEmpty())
         dialog->selectNameFilter(*selectedFilter);
     const bool accepted = dialog->exec() == QDialog::Accepted;
@@ -39,7 +56,7 @@ QString FileUtils::getOpenFileName(QWidget *parent, const QString &caption,
         file = dialog->selectedFiles().value(0);
         if (selectedFilter)
             *selectedFilter = dialog->selectedNameFilter();
-        settings.setValue(folderKey(caption), QFileInfo(file).absolutePath());
+        QSettings().setValue(folderKey(caption), QFileInfo(file).absolutePath());
     }
     delete dialog;
     return file;

@@ -18,7 +18,8 @@ class ViewManagerPrivate;
 ///     host.finishSynthesis();
 ///
 /// The project has a device with all three supplies and a small netlist. Settings and user data
-/// stay inside the folder. The destructor closes the views that are left, without asking.
+/// stay inside the folder. The flow does not watch the netlist file. The destructor closes the
+/// views that are left, without asking.
 class TestHost
 {
 public:

@@ -1,0 +1,106 @@
+#include "core/project.h"
+
+#include "core/projectmanager.h"
+#include "host/core/project_p.h"
+#include "host/core/projectmanager_p.h"
+#include "support/testhost.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace Core;
+
+class TestProject : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void addsFilesAndSaves();
+    void tellsWhatIsWrong_data();
+    void tellsWhatIsWrong();
+    void tellsThatItCannotSave();
+};
+
+void TestProject::addsFilesAndSaves()
+{
+    TestHost host;
+    const QString path = host.write(QStringLiteral("p/x.fpgaproj"),
+                                    "{\"name\": \"x\", \"own\": {\"kept\": 1}, \"files\": "
+                                    "[\"a.vlr\"], \"results\": {\"RES.netlist\": \"../n.json\"}}");
+    QSignalSpy current(ProjectManagerPrivate::get(), &ProjectManagerPrivate::currentProjectChanged);
+    Project *project = ProjectManagerPrivate::get()->open(path, nullptr);
+    QVERIFY(project);
+    QCOMPARE(current.count(), 1);
+    QCOMPARE(ProjectManager::currentProject(), project);
+    ProjectPrivate *d = ProjectPrivate::of(project);
+    QCOMPARE(d->resultFile(QStringLiteral("RES.netlist")), host.path(QStringLiteral("n.json")));
+    QCOMPARE(d->resultFile(QStringLiteral("RES.other")), QString());
+    QSignalSpy added(d, &ProjectPrivate::fileAdded);
+    project->addFile(host.path(QStringLiteral("p/sub/../a.vlr"))); // is there already
+    project->addFile(host.path(QStringLiteral("p/sub/b.vlr")));
+    project->addFile(host.path(QStringLiteral("c.vlr")));
+    project->addFile(QString());
+    QCOMPARE(added.count(), 2);
+    d->setDevice(QStringLiteral("dev"));
+
+    const QJsonObject saved =
+        QJsonDocument::fromJson(host.read(QStringLiteral("p/x.fpgaproj"))).object();
+    QCOMPARE(saved[QLatin1String("files")].toVariant().toStringList(),
+             QStringList({QStringLiteral("a.vlr"), QStringLiteral("sub/b.vlr"),
+                          QStringLiteral("../c.vlr")}));
+    QCOMPARE(saved[QLatin1String("own")].toObject()[QLatin1String("kept")].toInt(), 1);
+    QVERIFY(ProjectManagerPrivate::get()->open(path, nullptr));
+    d = ProjectPrivate::of(ProjectManager::currentProject());
+    QCOMPARE(d->device(), QStringLiteral("dev"));
+    QCOMPARE(d->files().last(), host.path(QStringLiteral("c.vlr")));
+    d->removeFile(host.path(QStringLiteral("p/a.vlr")));
+    QCOMPARE(d->files().size(), 2);
+}
+
+void TestProject::tellsWhatIsWrong_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("cause");
+    QTest::newRow("cut") << QByteArray("{\"name\": ") << "not JSON";
+    QTest::newRow("list") << QByteArray("[]") << "object";
+    QTest::newRow("device") << QByteArray("{\"device\": 3}") << "\"device\"";
+    QTest::newRow("files") << QByteArray("{\"files\": [1]}") << "\"files\"";
+    QTest::newRow("synthesis") << QByteArray("{\"synthesis\": {\"arguments\": \"-a\"}}")
+                               << "\"synthesis\"";
+    QTest::newRow("results") << QByteArray("{\"results\": {\"RES.netlist\": []}}") << "\"results\"";
+}
+
+void TestProject::tellsWhatIsWrong()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, cause);
+    TestHost host;
+    const Project *before = ProjectManager::currentProject();
+    const QString path = host.write(QStringLiteral("bad.fpgaproj"), text);
+    QString error;
+    QVERIFY(!ProjectManagerPrivate::get()->open(path, &error));
+    QVERIFY2(error.contains(QLatin1String("bad.fpgaproj")) && error.contains(cause),
+             qPrintable(error));
+    QVERIFY(!ProjectManagerPrivate::get()->open(host.path(QStringLiteral("none")), &error));
+    QVERIFY(error.contains(QLatin1String("none")));
+    QCOMPARE(ProjectManager::currentProject(), before);
+}
+
+void TestProject::tellsThatItCannotSave()
+{
+    TestHost host;
+    ProjectPrivate *project = ProjectPrivate::of(ProjectManager::currentProject());
+    QSignalSpy failed(project, &ProjectPrivate::saveFailed);
+    QVERIFY(QFile::remove(project->path()));
+    QVERIFY(QDir().mkdir(project->path())); // a folder is in the way, for root too
+    project->setDevice(QStringLiteral("other"));
+    QCOMPARE(failed.count(), 1);
+    QCOMPARE(project->device(), QStringLiteral("other"));
+}
+
+QTEST_MAIN(TestProject)
+#include "test_project.moc"

@@ -1,0 +1,262 @@
+#include "host/te/flowmanager_p.h"
+
+#include "core/project.h"
+#include "core/projectmanager.h"
+#include "host/core/projectmanager_p.h"
+#include "qutil/eventmanager.h"
+#include "qutil/ievent.h"
+#include "qutil/ieventhandler.h"
+#include "support/testhost.h"
+#include "te/flowmanager.h"
+#include "te/taskengine.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <cstdio>
+
+using TE::FlowManagerPrivate;
+
+namespace {
+
+/// Notes the states that the bus tells of.
+class States : public QUtil::IEventHandler
+{
+public:
+    States() { QUtil::EventManager::instance()->subscribe(this, m_type); }
+    ~States() override { QUtil::EventManager::instance()->unsubscribe(this, m_type); }
+    void handleIEvent(const QUtil::IEvent *event) override
+    {
+        QCOMPARE(event->value(QStringLiteral("process")).toString(), QStringLiteral("Process.Syn"));
+        seen.append(event->value(QStringLiteral("status")).toString());
+        if (onEvent)
+            onEvent();
+    }
+    QString text() const { return seen.join(QLatin1Char(' ')); }
+
+    QStringList seen;
+    std::function<void()> onEvent;
+
+private:
+    const QString m_type = QStringLiteral("TE.Process.Status.Change");
+};
+
+QByteArray projectText(const QString &program)
+{
+    return QStringLiteral("{\"synthesis\": {\"program\": \"%1\", \"arguments\": [\"synth.sh\", "
+                          "\"a b; $c\"]}, \"results\": {\"RES.netlist\": \"impl/netlist.json\"}}")
+        .arg(program)
+        .toUtf8();
+}
+
+/// False for a process that has ended, also when nobody has taken note of its end yet.
+bool isAlive(const QByteArray &pid)
+{
+    QFile stat(QStringLiteral("/proc/%1/stat").arg(QString::fromLatin1(pid.trimmed())));
+    return stat.open(QIODevice::ReadOnly) && !stat.readAll().contains(") Z ");
+}
+
+} // namespace
+
+class TestFlowManager : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void runsInTheProjectFolder();
+    void failsPlainly_data();
+    void failsPlainly();
+    void stopsTheWholeTree_data();
+    void stopsTheWholeTree();
+    void endsWithItsProject();
+    void noticesAResultReplacedFromOutside_data();
+    void noticesAResultReplacedFromOutside();
+    void startsAgainFromItsOwnEvent();
+
+private:
+    FlowManagerPrivate *const m_flow = FlowManagerPrivate::get();
+};
+
+void TestFlowManager::runsInTheProjectFolder()
+{
+    TestHost host;
+    m_flow->setWatching(true);
+    host.write(QStringLiteral("synth.sh"),
+               "echo \"out $1\"\necho err >&2\npwd\nprintf 'cr\\r\\n\\nno end'\n"
+               "echo new > impl/netlist.json\n");
+    Core::ProjectManagerPrivate::get()->open(
+        host.write(QStringLiteral("p.fpgaproj"), projectText(QStringLiteral("sh"))), nullptr);
+    QSignalSpy output(m_flow, &FlowManagerPrivate::output);
+    States states;
+    QString error;
+    QVERIFY2(m_flow->start(&error), qPrintable(error));
+    QVERIFY(!m_flow->start(&error));
+    QVERIFY(error.contains(QLatin1String("already")));
+    QTRY_COMPARE(states.text(), QStringLiteral("1 2"));
+    QStringList lines;
+    for (const QList<QVariant> &line : output)
+        lines.append(line.first().toString());
+    QCOMPARE(lines, QStringList({QStringLiteral("out a b; $c"), QStringLiteral("err"),
+                                 QDir(host.path(QString())).canonicalPath(), QStringLiteral("cr"),
+                                 QString(), QStringLiteral("no end")}));
+    QCOMPARE(host.read(QStringLiteral("impl/netlist.json")), QByteArray("new\n"));
+    QCOMPARE(TE::TaskEngine::instance()->flowManager()->resultFile(QStringLiteral("RES.netlist")),
+             host.netlistPath());
+    // The run's own writing is no replacement from outside.
+    QTest::qWait(800);
+    QCOMPARE(states.text(), QStringLiteral("1 2"));
+}
+
+void TestFlowManager::failsPlainly_data()
+{
+    QTest::addColumn<QString>("program");
+    QTest::addColumn<QByteArray>("script");
+    QTest::addColumn<QString>("cause");
+    QTest::newRow("exit code") << "sh" << QByteArray("echo x > impl/netlist.json\nexit 3\n")
+                               << "exit code 3";
+    QTest::newRow("crash") << "sh" << QByteArray("kill -SEGV $$\n") << "crashed";
+    QTest::newRow("no such program")
+        << "no-such-program-here" << QByteArray() << "no-such-program-here was not found";
+    QTest::newRow("no such script") << "./no-such-script" << QByteArray() << "was not found";
+    QTest::newRow("not executable") << "./synth.sh" << QByteArray("\n") << "could not be started";
+    QTest::newRow("no result") << "sh" << QByteArray("rm impl/netlist.json\n") << "did not write";
+    QTest::newRow("nothing to run") << "" << QByteArray() << "no synthesis command";
+}
+
+void TestFlowManager::failsPlainly()
+{
+    QFETCH(QString, program);
+    QFETCH(QByteArray, script);
+    QFETCH(QString, cause);
+    TestHost host;
+    host.write(QStringLiteral("synth.sh"), script);
+    Core::ProjectManagerPrivate::get()->open(
+        host.write(QStringLiteral("p.fpgaproj"), projectText(program)), nullptr);
+    QSignalSpy messages(m_flow, &FlowManagerPrivate::message);
+    States states;
+    QString error;
+    if (m_flow->start(&error)) {
+        QTRY_COMPARE(states.text(), QStringLiteral("1 3"));
+        error = messages.last().first().toString();
+    } else {
+        QCOMPARE(states.text(), QString());
+    }
+    QVERIFY2(error.contains(cause), qPrintable(error));
+    QCOMPARE(host.read(QStringLiteral("impl/netlist.json")), TestHost::defaultNetlist());
+    QCOMPARE(QDir(host.path(QStringLiteral("impl"))).entryList(QDir::Files),
+             QStringList(QStringLiteral("netlist.json")));
+}
+
+void TestFlowManager::stopsTheWholeTree_data()
+{
+    QTest::addColumn<QByteArray>("script");
+    QTest::newRow("willing") << QByteArray("sleep 60 &\necho $!\nwait\n");
+    QTest::newRow("deaf") << QByteArray(
+        "trap '' TERM\nsleep 60 &\necho $!\nwhile :; do wait; done\n");
+    QTest::newRow("deaf child") << QByteArray(
+        "(trap '' TERM; while :; do sleep 1; done) &\necho $!\nwait\n");
+}
+
+void TestFlowManager::stopsTheWholeTree()
+{
+    QFETCH(QByteArray, script);
+    TestHost host;
+    host.write(QStringLiteral("synth.sh"), "echo cut > impl/netlist.json\n" + script);
+    States states;
+    QSignalSpy output(m_flow, &FlowManagerPrivate::output);
+    QSignalSpy messages(m_flow, &FlowManagerPrivate::message);
+    m_flow->stop(); // nothing to stop
+    QVERIFY(m_flow->start(nullptr));
+    QTRY_COMPARE(output.count(), 1);
+    const QByteArray child = output.first().first().toString().toLatin1();
+    QVERIFY(isAlive(child));
+    m_flow->stop(200);
+    QTRY_COMPARE(states.text(), QStringLiteral("1 4"));
+    QTRY_VERIFY(!isAlive(child));
+    QVERIFY(messages.last().first().toString().contains(QLatin1String("stopped")));
+    QCOMPARE(host.read(QStringLiteral("impl/netlist.json")), TestHost::defaultNetlist());
+}
+
+void TestFlowManager::endsWithItsProject()
+{
+    QByteArray child;
+    {
+        TestHost host;
+        host.write(QStringLiteral("synth.sh"), "sleep 60 &\necho $!\nwait\n");
+        QSignalSpy output(m_flow, &FlowManagerPrivate::output);
+        QVERIFY(m_flow->start(nullptr));
+        QTRY_COMPARE(output.count(), 1);
+        child = output.first().first().toString().toLatin1();
+    }
+    QTRY_VERIFY(!isAlive(child));
+    QVERIFY(!m_flow->isRunning());
+    QString error;
+    QVERIFY(!m_flow->start(&error));
+    QVERIFY(error.contains(QLatin1String("no open project")));
+    QCOMPARE(m_flow->resultFile(QStringLiteral("RES.netlist")), QString());
+}
+
+void TestFlowManager::noticesAResultReplacedFromOutside_data()
+{
+    QTest::addColumn<QString>("how");
+    for (const char *how : {"written in place", "renamed over", "deleted and written",
+                            "folder deleted and made again", "slowly"})
+        QTest::newRow(how) << QString::fromLatin1(how);
+}
+
+void TestFlowManager::noticesAResultReplacedFromOutside()
+{
+    QFETCH(QString, how);
+    TestHost host;
+    m_flow->setWatching(true);
+    States states;
+    const QString path = host.netlistPath();
+    for (int round = 1; round <= 2; ++round) { // the watch holds
+        const QByteArray text = QByteArray("{}").append(QByteArray(round, ' '));
+        if (how == QLatin1String("renamed over")) {
+            const QString other = host.write(QStringLiteral("impl/new"), text);
+            QCOMPARE(std::rename(QFile::encodeName(other), QFile::encodeName(path)), 0);
+        } else if (how == QLatin1String("slowly")) {
+            for (int i = 0; i < 5; ++i) {
+                host.useNetlist(QByteArray(i + 10 * round, ' '));
+                QTest::qWait(150);
+            }
+            QCOMPARE(states.seen.size(), round - 1);
+        } else {
+            if (how == QLatin1String("deleted and written"))
+                QVERIFY(QFile::remove(path));
+            else if (how == QLatin1String("folder deleted and made again"))
+                QVERIFY(QDir(host.path(QStringLiteral("impl"))).removeRecursively());
+            if (how != QLatin1String("written in place"))
+                QTest::qWait(50);
+            host.useNetlist(text);
+        }
+        QTRY_COMPARE(states.seen.size(), round);
+    }
+    QCOMPARE(states.text(), QStringLiteral("2 2"));
+    if (how == QLatin1String("written in place")) {
+        QVERIFY(QFile::remove(path));
+        QTest::qWait(800);
+        QCOMPARE(states.text(), QStringLiteral("2 2")); // a missing netlist is no result
+    }
+}
+
+void TestFlowManager::startsAgainFromItsOwnEvent()
+{
+    TestHost host;
+    host.write(QStringLiteral("synth.sh"), "exit 0\n");
+    States states;
+    states.onEvent = [&] {
+        if (states.text() == QLatin1String("1 2"))
+            QVERIFY(m_flow->start(nullptr));
+        else if (states.seen.size() == 3)
+            m_flow->stop(); // as soon as it runs
+    };
+    QVERIFY(m_flow->start(nullptr));
+    QTRY_COMPARE(states.text(), QStringLiteral("1 2 1 4"));
+}
+
+QTEST_MAIN(TestFlowManager)
+#include "test_flowmanager.moc"
