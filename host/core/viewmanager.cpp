@@ -39,8 +39,8 @@ QList<QWidget *> waitingWindows()
     QList<QWidget *> waiting;
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget *window : windows) {
-        const bool waits = window->windowModality() == Qt::ApplicationModal
-                           || window->windowType() == Qt::Popup;
+        const bool waits =
+            window->windowModality() == Qt::ApplicationModal || window->windowType() == Qt::Popup;
         if (waits && window->isVisible())
             waiting.append(window);
     }
@@ -263,12 +263,7 @@ void ViewManagerPrivate::onViewDestroyed(QObject *view)
     m_closing.remove(view);
     m_reasked.remove(view);
     m_closed.remove(view);
-    const bool wasActive = m_active == view;
-    if (wasActive)
-        m_active.clear();
     updateActiveView();
-    if (wasActive && !m_active)
-        emit m_manager->viewActiveted(nullptr);
 }
 
 void ViewManagerPrivate::updateTitle(IView *view)
