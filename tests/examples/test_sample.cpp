@@ -1,3 +1,6 @@
+#include "nlsdata/netlist.h"
+#include "nlsdata/netlistreader.h"
+
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -5,6 +8,8 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <memory>
 
 namespace {
 
@@ -35,6 +40,7 @@ class TestSample : public QObject
 private slots:
     void isReproduced_data();
     void isReproduced();
+    void showsEveryCase();
 };
 
 void TestSample::isReproduced_data()
@@ -81,6 +87,49 @@ void TestSample::isReproduced()
         made.left(made.indexOf(body)) != expected.left(expected.indexOf(body)))
         QSKIP("another version of the tool made the committed netlist");
     QVERIFY(made.mid(made.indexOf(body)) == expected.mid(expected.indexOf(body)));
+}
+
+/// What the pages distinguish is in the design, as the netlist reader sees it.
+void TestSample::showsEveryCase()
+{
+    QString error;
+    const std::unique_ptr<NlsData::Netlist> netlist(
+        NlsData::readNetlistFile(QStringLiteral(SAMPLE_DIR "/netlist.json"), &error, false));
+    QVERIFY2(netlist, qPrintable(error));
+
+    QStringList ports;
+    for (const NlsData::Port *port : netlist->ports()) {
+        const NlsData::Instance *driver = port->net() ? port->net()->driver() : nullptr;
+        const int primitive = driver ? driver->primitive() : 0;
+        const bool plain = primitive == 116 || primitive == 122 || primitive == 127;
+        ports.append(QStringLiteral("%1 %2 %3")
+                         .arg(QString::number(port->direction()),
+                              plain ? QStringLiteral("plain") : QString(),
+                              port->path().section(QLatin1Char('['), 0, 0)));
+    }
+    for (const char *expected : {"0  clk_sys", "1 plain leds", "1 plain link", "1 plain heartbeat",
+                                 "1  clk_fwd", "1  bus_drive", "2  gpio", "2  sda"})
+        QVERIFY2(ports.contains(QLatin1String(expected)), expected);
+
+    QMap<QString, int> memories;
+    int flipFlops = 0;
+    int deepest = 0;
+    for (const NlsData::Instance *instance : netlist->instances()) {
+        deepest = qMax(deepest, instance->path().count(QLatin1Char('/')));
+        flipFlops += instance->category() == 50 ? 1 : 0;
+        if (instance->category() == 5)
+            memories.insert(instance->path(), instance->primitive());
+    }
+    QCOMPARE(deepest, 2);
+    QCOMPARE(flipFlops, 127);
+    const QMap<QString, int> kinds{
+        {QStringLiteral("u_store/u_tone"), 90},     {QStringLiteral("u_store/u_scratch"), 88},
+        {QStringLiteral("u_store/u_capture"), 86},  {QStringLiteral("u_store/u_shared"), 85},
+        {QStringLiteral("u_store/u_history"), 192}, {QStringLiteral("u_store/u_boot"), 194},
+        {QStringLiteral("u_store/u_frame"), 199},   {QStringLiteral("u_store/u_exchange"), 201},
+        {QStringLiteral("u_store/u_font"), 204},
+    };
+    QCOMPARE(memories, kinds);
 }
 
 QTEST_GUILESS_MAIN(TestSample)

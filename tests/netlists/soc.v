@@ -1,6 +1,8 @@
 // A small system to synthesise for families that the reader was not shaped on: processor, memory,
 // first-in-first-out buffer between two clocks, filter, serial line, pulse width modulators.
-module soc (
+module soc #(
+    parameter BITS = 10
+) (
     input  wire        clk,
     input  wire        clk_adc,
     input  wire        rst,
@@ -31,7 +33,7 @@ module soc (
 
     cpu core (.clk(clk), .rst(rst), .address(address), .data_in(to_cpu), .data_out(from_cpu),
               .write(write));
-    memory #(.BITS(8)) ram (.clk(clk), .write(write & at_memory), .address(address[7:0]),
+    memory #(.BITS(BITS)) ram (.clk(clk), .write(write & at_memory), .address(address[BITS-1:0]),
                              .data_in(from_cpu), .data_out(from_memory));
     filter fir (.clk(clk_adc), .rst(rst), .valid(adc_valid), .in(adc), .out(filtered));
     crossing #(.WIDTH(24), .BITS(4)) queue (
