@@ -1,0 +1,284 @@
+#include "conditionspage.h"
+#include "frame/vltsettingplugin.h"
+
+#include "host/core/viewmanager_p.h"
+
+#include <QTabWidget>
+#include <QtTest>
+
+using VLT::VLTViewManager;
+
+class TestVLTCommonWidget : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY(m_plugin.initialize()); }
+    void init() { m_host.reset(new TestHost); }
+    void cleanup() { m_host.reset(); }
+    void cleanupTestCase() { m_plugin.shutDown(); }
+
+    void newFileShowsDefaults();
+    void everyEditMarksTheDocument_data();
+    void everyEditMarksTheDocument();
+    void enablingChain_data();
+    void enablingChain();
+    void fileIsRead_data();
+    void fileIsRead();
+    void gradeGivesTheJunctionRange();
+    void disabledAncestorDropsNothing();
+    void commaLocaleKeepsEveryValue();
+    void wheelOverAComboChangesNothing();
+
+private:
+    VLT::VLTSettingPlugin m_plugin;
+    QScopedPointer<TestHost> m_host;
+};
+
+void TestVLTCommonWidget::newFileShowsDefaults()
+{
+    struct Field
+    {
+        const char *name;
+        double minimum, maximum, value, step;
+        const char *text;
+    };
+    const ConditionsPage page(*m_host);
+    for (const Field &field : {
+             Field{"spinAmbTemp", -60, 160, 25, 1, "25.000\u2103"},
+             Field{"lineEditJA", 0.001, 100, 25, 1, "25.000\u2103/W"},
+             Field{"spinJunctionTemp", -40, 150, 25.408, 1, "25.408\u2103"},
+             Field{"lineEditSA", 0.001, 100, 25, 1, "25.000\u2103/W"},
+             Field{"spinBoardTemp", -60, 160, 25, 1, "25.000\u2103"},
+             Field{"lineEditJB", 0.001, 100, 25, 1, "25.000\u2103/W"},
+             Field{"doubleSpinVCC", 0.9, 1.1, 1.0, 0.01, "1.000V"},
+             Field{"doubleSpinVCCX", 2.375, 3.465, 3.3, 0.1, "3.300V"},
+             Field{"doubleSpinVCCLDO", 1.1, 1.3, 1.2, 0.1, "1.200V"},
+         }) {
+        const QDoubleSpinBox *spin = page.spin(field.name);
+        QCOMPARE(spin->minimum(), field.minimum);
+        QCOMPARE(spin->maximum(), field.maximum);
+        QCOMPARE(spin->value(), field.value);
+        QCOMPARE(spin->singleStep(), field.step);
+        QCOMPARE(spin->text(), QString::fromUtf8(field.text));
+    }
+    QVERIFY(!page.view->isModified());
+    QCOMPARE(page.saved(),
+             QStringLiteral("TempGrade=Commercial Process=Typical AmbientTemp=25 VCC=1 VCCX=3.3 "
+                            "VCC_LDO=1.2 HeatSink=None AirFlow=0"));
+}
+
+void TestVLTCommonWidget::everyEditMarksTheDocument_data()
+{
+    QTest::addColumn<QByteArray>("widget");
+    for (const char *name :
+         {"comboGrade", "comboProcess", "comboAirFlow", "spinAmbTemp", "spinBoardTemp",
+          "lineEditJA", "spinJunctionTemp", "lineEditSA", "lineEditJB", "checkJA",
+          "checkBoxJunctionTemp", "radioHeatLow", "radioBoardCustom", "doubleSpinVCC",
+          "doubleSpinVCCX", "doubleSpinVCCLDO"})
+        QTest::newRow(name) << QByteArray(name);
+}
+
+void TestVLTCommonWidget::everyEditMarksTheDocument()
+{
+    QFETCH(QByteArray, widget);
+    const ConditionsPage page(*m_host, "<HeatSink>Custom</HeatSink>"
+                                       "<BoardThermalModel>Custom</BoardThermalModel>");
+    auto *edited = page.find<QWidget>(widget);
+    const QHash<QByteArray, const char *> switches = {{"comboAirFlow", "radioHeatLow"},
+                                                      {"lineEditJA", "checkJA"},
+                                                      {"spinJunctionTemp", "checkBoxJunctionTemp"}};
+    if (switches.contains(widget))
+        page.button(switches.value(widget))->click();
+    page.view->setModified(false);
+    if (qobject_cast<QAbstractButton *>(edited))
+        QTest::mouseClick(edited, Qt::LeftButton, Qt::NoModifier, QPoint(8, edited->height() / 2));
+    else if (qobject_cast<QComboBox *>(edited))
+        QTest::keyClick(edited, Qt::Key_Down);
+    else
+        QTest::keyClick(edited, Qt::Key_Up);
+    QVERIFY(page.view->isModified());
+}
+
+void TestVLTCommonWidget::enablingChain_data()
+{
+    QTest::addColumn<QStringList>("clicks");
+    QTest::addColumn<QString>("enabled");
+    QTest::addColumn<QString>("saved"); // without grade, process and voltages
+    const QString chain = QStringLiteral("spinAmbTemp checkJA");
+    const auto add = [](const char *name, const char *clicks, const QString &enabled,
+                        const char *saved) {
+        QTest::newRow(name) << QString::fromLatin1(clicks).split(QLatin1Char(' '),
+                                                                 Qt::SkipEmptyParts)
+                            << enabled << QString::fromLatin1(saved);
+    };
+    const QString heat = chain + QStringLiteral(" groupHeat");
+    const QString low = heat + QStringLiteral(" comboAirFlow groupBoard");
+    const QString custom = heat + QStringLiteral(" lineEditSA groupBoard");
+    add("start", "", heat + QStringLiteral(" comboAirFlow"),
+        "AmbientTemp=25 HeatSink=None AirFlow=0");
+    add("low", "radioHeatLow", low,
+        "AmbientTemp=25 HeatSink=Low Profile AirFlow=0 BoardThermalModel=None");
+    add("custom heat sink", "radioHeatCumstom", custom,
+        "AmbientTemp=25 HeatSink=Custom CustomThetaSA=25 BoardThermalModel=None");
+    add("custom board", "radioHeatLow radioBoardCustom",
+        low + QStringLiteral(" spinBoardTemp lineEditJB"),
+        "AmbientTemp=25 HeatSink=Low Profile AirFlow=0 BoardThermalModel=Custom "
+        "CustomThetaJB=25 BoardTemp=25");
+    add("typical board", "radioHeatCumstom radioBoardTypical",
+        custom + QStringLiteral(" spinBoardTemp"),
+        "AmbientTemp=25 HeatSink=Custom CustomThetaSA=25 BoardThermalModel=Typical BoardTemp=25");
+    add("no heat sink, no board", "radioHeatLow radioBoardTypical radioHeatNone",
+        heat + QStringLiteral(" comboAirFlow"), "AmbientTemp=25 HeatSink=None AirFlow=0");
+    add("theta JA", "radioHeatLow radioBoardTypical checkJA", chain + QStringLiteral(" lineEditJA"),
+        "AmbientTemp=25 CustomThetaJA=25");
+    add("theta JA and back", "checkJA checkJA", heat + QStringLiteral(" comboAirFlow"),
+        "AmbientTemp=25 HeatSink=None AirFlow=0");
+    add("junction", "radioHeatLow radioBoardCustom checkJA checkBoxJunctionTemp",
+        QStringLiteral("spinJunctionTemp"), "JunctionTemp=25.408");
+    add("junction and back", "checkJA checkBoxJunctionTemp checkBoxJunctionTemp",
+        chain + QStringLiteral(" lineEditJA"), "AmbientTemp=25 CustomThetaJA=25");
+}
+
+void TestVLTCommonWidget::enablingChain()
+{
+    QFETCH(QStringList, clicks);
+    const ConditionsPage page(*m_host);
+    for (const QString &name : clicks)
+        page.button(name.toLatin1().constData())->click();
+    const QStringList names =
+        QStringLiteral("spinJunctionTemp spinAmbTemp checkJA lineEditJA groupHeat comboAirFlow "
+                       "lineEditSA groupBoard spinBoardTemp lineEditJB")
+            .split(QLatin1Char(' '));
+    QFETCH(QString, enabled);
+    QStringList expected = enabled.split(QLatin1Char(' '));
+    expected.sort();
+    QStringList actual = page.enabled(names);
+    actual.sort();
+    QCOMPARE(actual, expected);
+    static const QRegularExpression fixed(
+        QStringLiteral("TempGrade=\\w+ Process=\\w+ |VCC=1 VCCX=3.3 VCC_LDO=1.2 ?"));
+    QTEST(page.saved().remove(fixed).trimmed(), "saved");
+}
+
+void TestVLTCommonWidget::fileIsRead_data()
+{
+    QTest::addColumn<QByteArray>("elements");
+    QTest::addColumn<QString>("saved"); // without voltages
+    const auto add = [](const char *name, const char *elements, const char *saved) {
+        QTest::newRow(name) << QByteArray(elements) << QString::fromLatin1(saved);
+    };
+    add("choices ignore case", "<TempGrade>industrial</TempGrade><Process>WORST</Process>",
+        "TempGrade=Industrial Process=Worst AmbientTemp=25 HeatSink=None AirFlow=0");
+    add("unknown choices",
+        "<TempGrade>x</TempGrade><Process/><AirFlow>150</AirFlow><HeatSink>x</HeatSink>",
+        "TempGrade=Commercial Process=Typical AmbientTemp=25 HeatSink=None AirFlow=0");
+    add("no number, out of range, not finite",
+        "<AmbientTemp>x</AmbientTemp><HeatSink>Custom</HeatSink>"
+        "<CustomThetaSA>1000</CustomThetaSA><BoardTemp>nan</BoardTemp>"
+        "<BoardThermalModel>Typical</BoardThermalModel>",
+        "TempGrade=Commercial Process=Typical AmbientTemp=0 HeatSink=Custom CustomThetaSA=100 "
+        "BoardThermalModel=Typical BoardTemp=0");
+    add("no heat sink beats the board",
+        "<HeatSink>None</HeatSink><AirFlow>400</AirFlow>"
+        "<BoardThermalModel>Typical</BoardThermalModel>",
+        "TempGrade=Commercial Process=Typical AmbientTemp=25 HeatSink=None AirFlow=400");
+    add("board in any order",
+        "<BoardTemp>30.5</BoardTemp><CustomThetaJB>7</CustomThetaJB>"
+        "<BoardThermalModel>Custom</BoardThermalModel><HeatSink>High Profile</HeatSink>",
+        "TempGrade=Commercial Process=Typical AmbientTemp=25 HeatSink=High Profile AirFlow=0 "
+        "BoardThermalModel=Custom CustomThetaJB=7 BoardTemp=30.5");
+    add("theta JA", "<CustomThetaJA>3.25</CustomThetaJA>",
+        "TempGrade=Commercial Process=Typical AmbientTemp=25 CustomThetaJA=3.25");
+    add("not given",
+        "<CustomThetaJA>NA</CustomThetaJA><CustomThetaSA>NA</CustomThetaSA>"
+        "<HeatSink>Custom</HeatSink>",
+        "TempGrade=Commercial Process=Typical AmbientTemp=25 HeatSink=Custom CustomThetaSA=25 "
+        "BoardThermalModel=None");
+    add("junction", "<JunctionTemp>-12.5</JunctionTemp><AmbientTemp>9</AmbientTemp>",
+        "TempGrade=Commercial Process=Typical JunctionTemp=-12.5");
+}
+
+void TestVLTCommonWidget::fileIsRead()
+{
+    QFETCH(QByteArray, elements);
+    const ConditionsPage page(*m_host, elements);
+    QVERIFY(!page.view->isModified());
+    QTEST(page.saved().remove(QStringLiteral("VCC=1 VCCX=3.3 VCC_LDO=1.2")).simplified(), "saved");
+}
+
+void TestVLTCommonWidget::gradeGivesTheJunctionRange()
+{
+    // "Commercial" is the first grade, so reading it changes no index and no range.
+    const ConditionsPage page(*m_host, "<TempGrade>Commercial</TempGrade>"
+                                       "<JunctionTemp>110</JunctionTemp>");
+    const QDoubleSpinBox *junction = page.spin("spinJunctionTemp");
+    QCOMPARE(junction->value(), 110.0);
+    page.combo("comboGrade")->setCurrentIndex(2);
+    QCOMPARE(junction->minimum(), -40.0);
+    QCOMPARE(junction->maximum(), 125.0);
+    QCOMPARE(junction->value(), 110.0);
+    page.combo("comboGrade")->setCurrentIndex(0);
+    QCOMPARE(junction->minimum(), 0.0);
+    QCOMPARE(junction->value(), 85.0);
+    page.combo("comboGrade")->setCurrentIndex(2);
+    page.spin("spinJunctionTemp")->setValue(-10);
+    page.combo("comboGrade")->setCurrentIndex(1);
+    QCOMPARE(junction->maximum(), 100.0);
+    QCOMPARE(junction->value(), -10.0);
+}
+
+void TestVLTCommonWidget::disabledAncestorDropsNothing()
+{
+    const ConditionsPage page(*m_host);
+    const QString before = page.saved();
+    m_host->viewManager()->area()->setEnabled(false);
+    QCOMPARE(page.saved(), before);
+    m_host->viewManager()->area()->setEnabled(true);
+}
+
+void TestVLTCommonWidget::commaLocaleKeepsEveryValue()
+{
+    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+    const auto type = [](QDoubleSpinBox *spin, const char *text) {
+        spin->selectAll();
+        QTest::keyClicks(spin, QString::fromLatin1(text));
+    };
+    const QString expected = QStringLiteral(
+        "TempGrade=Commercial Process=Typical AmbientTemp=-7.125 VCC=1.005 VCCX=2.375 "
+        "VCC_LDO=1.299 HeatSink=Custom CustomThetaSA=0.5 BoardThermalModel=Custom "
+        "CustomThetaJB=12.5 BoardTemp=99.999");
+    {
+        const ConditionsPage page(*m_host);
+        page.button("radioHeatCumstom")->click();
+        page.button("radioBoardCustom")->click();
+        type(page.spin("spinAmbTemp"), "-7,125");
+        type(page.spin("doubleSpinVCC"), "1,005");
+        type(page.spin("doubleSpinVCCX"), "2,375");
+        type(page.spin("doubleSpinVCCLDO"), "1.299");
+        type(page.spin("lineEditSA"), "0,5");
+        type(page.spin("lineEditJB"), "12,5");
+        type(page.spin("spinBoardTemp"), "99,999");
+        QCOMPARE(page.saved(), expected);
+    }
+    const QByteArray bytes = m_host->read(QStringLiteral("a.vlr"));
+    m_host->closeAll();
+    VLTViewManager::openView(m_host->device(), m_host->path(QStringLiteral("a.vlr")));
+    QVERIFY(VLTViewManager::vltViews().first()->save());
+    QCOMPARE(m_host->read(QStringLiteral("a.vlr")), bytes);
+    QLocale::setDefault(QLocale::c());
+}
+
+void TestVLTCommonWidget::wheelOverAComboChangesNothing()
+{
+    const ConditionsPage page(*m_host);
+    QComboBox *grade = page.combo("comboGrade");
+    QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, -120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(grade, &event);
+    QCOMPARE(grade->currentIndex(), 0);
+}
+
+QTEST_MAIN(TestVLTCommonWidget)
+
+#include "test_vltcommonwidget.moc"

@@ -1,0 +1,77 @@
+#include "document/plainnumber.h"
+#include "document/pointspinbox.h"
+
+#include <QWheelEvent>
+#include <QtTest>
+
+class TestPointSpinBox : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QLocale::setDefault(QLocale(QStringLiteral("de_DE"))); }
+    void takesACommaForAPoint_data();
+    void takesACommaForAPoint();
+    void wheelNeedsTheFocus();
+    void numbersOfTheFile();
+};
+
+void TestPointSpinBox::takesACommaForAPoint_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("comma") << QStringLiteral("12,5") << QStringLiteral("12.50%");
+    QTest::newRow("point") << QStringLiteral("12.5") << QStringLiteral("12.50%");
+    QTest::newRow("both") << QStringLiteral("1.2,5") << QStringLiteral("1.25%");
+    QTest::newRow("thousands") << QStringLiteral("1234,5") << QStringLiteral("1234.50%");
+    QTest::newRow("words") << QStringLiteral("infnan") << QStringLiteral("7.00%");
+}
+
+void TestPointSpinBox::takesACommaForAPoint()
+{
+    QFETCH(QString, typed);
+    VLT::PointSpinBox box;
+    box.setMaximum(5000);
+    box.setSuffix(QStringLiteral("%"));
+    box.setValue(7);
+    box.selectAll();
+    QTest::keyClicks(&box, typed);
+    QTest::keyClick(&box, Qt::Key_Return);
+    QTEST(box.text(), "shown");
+}
+
+void TestPointSpinBox::wheelNeedsTheFocus()
+{
+    QWidget window;
+    VLT::PointSpinBox box(&window);
+    QWidget other(&window);
+    other.setFocusPolicy(Qt::StrongFocus);
+    window.show();
+    QApplication::setActiveWindow(&window);
+    const auto turn = [&box] {
+        QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, 120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&box, &event);
+        return event.isAccepted();
+    };
+    other.setFocus();
+    QVERIFY(!turn());
+    QCOMPARE(box.value(), 0.0);
+    box.setFocus();
+    QVERIFY(turn());
+    QCOMPARE(box.value(), 1.0);
+}
+
+void TestPointSpinBox::numbersOfTheFile()
+{
+    QCOMPARE(VLT::numberText(25.408), QStringLiteral("25.408"));
+    QCOMPARE(VLT::numberFromText(QStringLiteral("1.5")), 1.5);
+    for (const char *text : {"", "1,5", "abc", "inf", "nan"}) {
+        QCOMPARE(VLT::numberFromText(QString::fromLatin1(text)), 0.0);
+        QCOMPARE(VLT::floatFromText(QString::fromLatin1(text)), 0.0F);
+    }
+}
+
+QTEST_MAIN(TestPointSpinBox)
+
+#include "test_pointspinbox.moc"

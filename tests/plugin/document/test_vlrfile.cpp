@@ -1,0 +1,111 @@
+#include "document/vlrfile.h"
+
+#include <QBuffer>
+#include <QXmlStreamWriter>
+#include <QtTest>
+
+using VLT::VlrContent;
+
+Q_DECLARE_METATYPE(VLT::VlrContent)
+
+class TestVlrFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void contentIsRecognised_data();
+    void contentIsRecognised();
+    void envelopeIsWritten();
+    void forbiddenTextIsNamed_data();
+    void forbiddenTextIsNamed();
+};
+
+void TestVlrFile::contentIsRecognised_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<VlrContent>("content");
+    const QByteArray type = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                            "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>";
+    const auto nested = [&type](int depth) {
+        return type + QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
+    };
+    const auto add = [](const char *name, const QByteArray &bytes, VlrContent content) {
+        QTest::newRow(name) << bytes << content;
+    };
+    add("new file", type + "\n<Config/>", VlrContent::Document);
+    add("other root and version", type + "<Root><Version>7</Version></Root>", VlrContent::Document);
+    add("undeclared prefix", type + "<x:Config/>", VlrContent::Document);
+    add("deepest", nested(256), VlrContent::Document);
+    add("too deep", nested(257), VlrContent::Invalid);
+    add("far too deep", nested(200000), VlrContent::Invalid);
+    add("declarations alone", type, VlrContent::NoRoot);
+    add("then blanks, comment, instruction", type + "\n<!-- c --> <?p q?>\n", VlrContent::NoRoot);
+    add("comment cut short", type + "<!-- c", VlrContent::Invalid);
+    add("instruction cut short", type + "<?p", VlrContent::Invalid);
+    add("root cut short", type + "<Conf", VlrContent::Invalid);
+    add("contents cut short", type + "<Config><Version>1.0</Version>", VlrContent::Invalid);
+    add("text", type + "text", VlrContent::Invalid);
+    add("second root", type + "<Config/><Config/>", VlrContent::Invalid);
+    add("other case", "<!DOCTYPE tavro_power_analysis_config><Config/>", VlrContent::Invalid);
+    add("no document type", "<Config/>", VlrContent::Invalid);
+    add("nothing", "", VlrContent::Invalid);
+    add("not XML", QByteArray("\x7f\x45\x4c\x46\0\0", 6), VlrContent::Invalid);
+}
+
+void TestVlrFile::contentIsRecognised()
+{
+    QFETCH(QByteArray, bytes);
+    QTEST(VLT::inspectFile(bytes), "content");
+}
+
+void TestVlrFile::envelopeIsWritten()
+{
+    const auto section = [](QXmlStreamWriter *writer) {
+        writer->writeStartElement(QStringLiteral("NetRate"));
+        writer->writeEmptyElement(QStringLiteral("Net"));
+        writer->writeAttribute(QStringLiteral("name"), QStringLiteral("a<\"\u2103&\n"));
+        writer->writeEndElement();
+    };
+    QByteArray bytes;
+    QString offender;
+    QVERIFY(VLT::composeFile(section, &bytes, &offender));
+    QCOMPARE(bytes, QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                               "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>\n"
+                               "<Config>\n"
+                               "    <Version>1.0</Version>\n"
+                               "    <NetRate>\n"
+                               "        <Net name=\"a&lt;&quot;\u2103&amp;&#10;\"/>\n"
+                               "    </NetRate>\n"
+                               "</Config>"));
+    QCOMPARE(VLT::inspectFile(bytes), VlrContent::Document);
+}
+
+void TestVlrFile::forbiddenTextIsNamed_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("named");
+    QTest::newRow("control") << QStringLiteral("top/\x01<a>") << QStringLiteral("top/<a>");
+    QTest::newRow("no character") << QStringLiteral("b\uFFFE&") << QStringLiteral("b&");
+    QTest::newRow("half a pair") << QStringLiteral("c") + QChar(0xd800)
+                                 << QStringLiteral("c") + QChar(0xd800);
+    QTest::newRow("nothing else") << QStringLiteral("\x02") << QString();
+}
+
+void TestVlrFile::forbiddenTextIsNamed()
+{
+    QFETCH(QString, text);
+    const auto section = [&text](QXmlStreamWriter *writer) {
+        for (const QString &name : {QStringLiteral("good"), text, QStringLiteral("after")}) {
+            writer->writeEmptyElement(QStringLiteral("Net"));
+            writer->writeAttribute(QStringLiteral("name"), name);
+        }
+    };
+    QByteArray bytes;
+    QString offender;
+    QVERIFY(!VLT::composeFile(section, &bytes, &offender));
+    QTEST(offender, "named");
+}
+
+QTEST_APPLESS_MAIN(TestVlrFile)
+
+#include "test_vlrfile.moc"

@@ -1,0 +1,198 @@
+#include "document/vlrfile.h"
+#include "document/vltview.h"
+#include "frame/vltsettingplugin.h"
+#include "frame/vltviewmanager.h"
+#include "support/modaldriver.h"
+#include "support/testhost.h"
+
+#include "core/constants.h"
+#include "core/viewmanager.h"
+#include "host/core/actionmanager_p.h"
+#include "host/core/viewmanager_p.h"
+
+#include <QAction>
+#include <QMessageBox>
+#include <QtTest>
+
+using VLT::VLTViewManager;
+
+namespace {
+
+const QByteArray EMPTY = VLT::emptyFile();
+
+// Whether the manager was there, with nothing in it, before there was an application.
+bool g_managerCameFirst = false;
+
+} // namespace
+
+class TestVLTViewManager : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY(m_plugin.initialize()); }
+    void init() { m_host.reset(new TestHost); }
+    void cleanup() { m_host.reset(); }
+    void cleanupTestCase();
+
+    void managerIsCreatedBeforeTheApplication() { QVERIFY(g_managerCameFirst); }
+    void refusalIsTold_data();
+    void refusalIsTold();
+    void oneFileIsOpenOnce();
+    void fileOpenedAgainWhileTheNetlistIsRead();
+    void saveFollowsTheActiveView();
+    void viewsAreClosedByPath();
+
+private:
+    QAction *saveCommand() const
+    {
+        return Core::ActionManagerPrivate::command(
+            QString::fromLatin1(Core::Constants::A_FILE_SAVE));
+    }
+    VLT::VLTView *open(const char *name)
+    {
+        VLTViewManager::openView(m_host->device(), m_host->write(QString::fromUtf8(name), EMPTY));
+        return VLTViewManager::vltViews().value(VLTViewManager::vltViews().size() - 1);
+    }
+
+    VLT::VLTSettingPlugin m_plugin;
+    QScopedPointer<TestHost> m_host;
+};
+
+void TestVLTViewManager::cleanupTestCase()
+{
+    TestHost host;
+    m_host.reset();
+    VLTViewManager::openView(host.device(), host.write(QStringLiteral("left.vlr"), EMPTY));
+    const QPointer<VLTViewManager> manager = VLTViewManager::instance();
+    const QPointer<VLT::VLTView> view = VLTViewManager::vltViews().value(0);
+    m_plugin.shutDown();
+    QVERIFY(!manager);
+    QVERIFY(view); // left to the host
+    QVERIFY(!saveCommand()->isEnabled());
+}
+
+void TestVLTViewManager::refusalIsTold_data()
+{
+    QTest::addColumn<QString>("device");
+    QTest::addColumn<QByteArray>("netlist");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("text"); // %1 is the path
+
+    const QString device = QStringLiteral("QF2-10-BG256");
+    const QByteArray netlist = TestHost::defaultNetlist();
+    const QString name = QStringLiteral("a.vlr");
+    const QString warning = QStringLiteral("Warning");
+    const QString error = QStringLiteral("Error");
+    QTest::newRow("missing") << device << netlist << QStringLiteral("no %1 <b>x</b>.vlr")
+                             << QByteArray() << warning
+                             << QStringLiteral("Can not open %1, file does not exist.");
+    QTest::newRow("netlist") << device << QByteArray("{") << name << EMPTY << error
+                             << QStringLiteral("Netlist file does not exist or some errors are in "
+                                               "the netlist file.");
+    QTest::newRow("voltage") << QStringLiteral("QF3-50-BG900") << netlist << name << EMPTY << error
+                             << QStringLiteral("get Voltage Info Fail.");
+    QTest::newRow("content") << device << netlist << QStringLiteral("%1 <i>.vlr")
+                             << QByteArray("<!DOCTYPE other><Config/>") << error
+                             << QStringLiteral("Can not open %1:\nInvalid VLR file.");
+}
+
+void TestVLTViewManager::refusalIsTold()
+{
+    QFETCH(QString, device);
+    QFETCH(QByteArray, netlist);
+    QFETCH(QString, file);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, title);
+    QFETCH(QString, text);
+    m_host->setDevice(device);
+    m_host->useNetlist(netlist);
+    const QString path = bytes.isEmpty() ? m_host->path(file) : m_host->write(file, bytes);
+    Qt::TextFormat format = Qt::AutoText;
+    ModalDriver driver([&format](QWidget *dialog) {
+        format = qobject_cast<QMessageBox *>(dialog)->textFormat();
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    VLTViewManager::openView(m_host->device(), path);
+    QCOMPARE(driver.title(), title);
+    QCOMPARE(driver.text(), text.contains(QLatin1String("%1")) ? text.arg(path) : text);
+    QCOMPARE(format, Qt::PlainText);
+    QVERIFY(VLTViewManager::vltViews().isEmpty());
+    VLTViewManager::openView(m_host->device(), QString()); // says nothing
+}
+
+void TestVLTViewManager::oneFileIsOpenOnce()
+{
+    const VLT::VLTView *first = open("a.vlr");
+    open("b.vlr");
+    QCOMPARE(VLTViewManager::vltViews().size(), 2);
+    m_host->useNetlist("{"); // which would be told if it was read
+    VLTViewManager::openView(m_host->device(), m_host->path(QStringLiteral("impl/../a.vlr")));
+    VLTViewManager::openView(m_host->device(),
+                             QDir().relativeFilePath(m_host->path(QStringLiteral("a.vlr"))));
+    QCOMPARE(VLTViewManager::vltViews().size(), 2);
+    QCOMPARE(m_host->viewManager()->activeView(), first);
+    QVERIFY(!first->isModified());
+}
+
+void TestVLTViewManager::fileOpenedAgainWhileTheNetlistIsRead()
+{
+    const QString path = m_host->write(QStringLiteral("a.vlr"), EMPTY);
+    bool openedInside = false;
+    QTimer::singleShot(0, this, [&] {
+        openedInside = true;
+        VLTViewManager::openView(m_host->device(), path);
+    });
+    VLTViewManager::openView(m_host->device(), path);
+    QVERIFY(openedInside);
+    QCOMPARE(VLTViewManager::vltViews().size(), 1);
+}
+
+void TestVLTViewManager::saveFollowsTheActiveView()
+{
+    VLT::VLTView *first = open("first.vlr");
+    VLT::VLTView *second = open("second.vlr");
+    QVERIFY(!saveCommand()->isEnabled());
+    first->setModified(true); // not the current one
+    QVERIFY(!saveCommand()->isEnabled());
+    QCOMPARE(saveCommand()->text(), QStringLiteral("&Save \"second.vlr\""));
+    second->setModified(true);
+    QVERIFY(saveCommand()->isEnabled());
+    QCOMPARE(saveCommand()->text(), QStringLiteral("&Save \"second.vlr*\""));
+    QCOMPARE(saveCommand()->toolTip(), QStringLiteral("Save \"second.vlr*\""));
+
+    auto *other = new Core::IView; // of another plug-in
+    Core::ViewManager::instance()->showView(other);
+    QVERIFY(!saveCommand()->isEnabled());
+    Core::ViewManager::instance()->showView(second);
+    saveCommand()->trigger();
+    QVERIFY(!second->isModified());
+    QVERIFY(first->isModified());
+    QVERIFY(m_host->read(QStringLiteral("second.vlr")).contains("<Version>1.0</Version>"));
+    QCOMPARE(m_host->read(QStringLiteral("first.vlr")), EMPTY);
+}
+
+void TestVLTViewManager::viewsAreClosedByPath()
+{
+    const QPointer<VLT::VLTView> view = open("a.vlr");
+    VLTViewManager::closeView(QString());
+    VLTViewManager::closeView(m_host->path(QStringLiteral("other.vlr")));
+    QCOMPARE(VLTViewManager::vltViews().size(), 1);
+    VLTViewManager::closeView(m_host->path(QStringLiteral("./a.vlr")));
+    QVERIFY(VLTViewManager::vltViews().isEmpty());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!view);
+}
+
+int main(int argc, char *argv[])
+{
+    g_managerCameFirst =
+        VLTViewManager::instance() && VLTViewManager::instance()->children().isEmpty();
+    QApplication application(argc, argv);
+    TestVLTViewManager test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "test_vltviewmanager.moc"
