@@ -1,30 +1,78 @@
 #pragma once
 
-#include <QWidget>
+#include "activity/activitypage.h"
+#include "tables/recordmodel.h"
 
 class QDomElement;
 class QXmlStreamWriter;
 
 namespace VLT {
 
-class VLTView;
+namespace Ui {
+class BsramSetWidget;
+}
 
-class BsramSetWidget : public QWidget
+/// A block SRAM with the rates and probabilities of its ports A and B, in percent. A negative value
+/// means that the memory has no such port function.
+struct VLT_BSRam
+{
+    QString name;
+    float aEnable = -1.0F;
+    float bEnable = -1.0F;
+    float aRead = -1.0F;
+    float bRead = -1.0F;
+    float aWrite = -1.0F;
+    float bWrite = -1.0F;
+    qint32 type = 0; ///< memory kind, 0 to 8
+};
+
+class BSRamModel : public RecordModel<VLT_BSRam>
+{
+    Q_OBJECT
+
+public:
+    using Ptr = VLT_BSRam *const &;
+
+    BSRamModel(VLTView *view, QList<VLT_BSRam *> &records, QObject *parent);
+
+    static bool lessThanByName(Ptr a, Ptr b) { return compareNames(a, b) < 0; }
+    static bool greaterThanByName(Ptr a, Ptr b) { return compareNames(a, b) > 0; }
+    static bool lessThanByAEnable(Ptr a, Ptr b) { return a->aEnable < b->aEnable; }
+    static bool greaterThanByAEnable(Ptr a, Ptr b) { return a->aEnable > b->aEnable; }
+    static bool lessThanByARead(Ptr a, Ptr b) { return a->aRead < b->aRead; }
+    static bool greaterThanByARead(Ptr a, Ptr b) { return a->aRead > b->aRead; }
+    static bool lessThanByAWrite(Ptr a, Ptr b) { return a->aWrite < b->aWrite; }
+    static bool greaterThanByAWrite(Ptr a, Ptr b) { return a->aWrite > b->aWrite; }
+    static bool lessThanByBEnable(Ptr a, Ptr b) { return a->bEnable < b->bEnable; }
+    static bool greaterThanByBEnable(Ptr a, Ptr b) { return a->bEnable > b->bEnable; }
+    static bool lessThanByBRead(Ptr a, Ptr b) { return a->bRead < b->bRead; }
+    static bool greaterThanByBRead(Ptr a, Ptr b) { return a->bRead > b->bRead; }
+    static bool lessThanByBWrite(Ptr a, Ptr b) { return a->bWrite < b->bWrite; }
+    static bool greaterThanByBWrite(Ptr a, Ptr b) { return a->bWrite > b->bWrite; }
+};
+
+/// Page of the block SRAMs, with defaults for those that it does not list; owner of the file's
+/// section "GlobalBsram".
+class BsramSetWidget : public RecordPage<BSRamModel>
 {
     Q_OBJECT
 
 public:
     BsramSetWidget(VLTView *view, QWidget *parent);
+    ~BsramSetWidget() override;
 
     void readData(QDomElement *parent);
     void writeData(QXmlStreamWriter *writer) const;
-    bool checkData();
 
 public slots:
-    void modified();
+    void onAdd();
+    void onShowContextMenu(QPoint point);
 
 private:
-    VLTView *const m_view;
+    struct Default;
+    QVector<Default> defaults() const;
+
+    const std::unique_ptr<Ui::BsramSetWidget> m_ui;
 };
 
 } // namespace VLT

@@ -1,27 +1,101 @@
 #include "activity/clockenablesetwidget.h"
 
-#include "document/vltview.h"
+#include "ui_clockenablesetwidget.h"
+
+#include <QCursor>
+#include <QRegExp>
 
 namespace VLT {
 
+namespace {
+
+constexpr NumberAttribute<VLT_ClkEnable> numbers[] = {
+    {ATTR_VALUE, &VLT_ClkEnable::enable}, {ATTR_QUAD1, &VLT_ClkEnable::quad1},
+    {ATTR_QUAD2, &VLT_ClkEnable::quad2},  {ATTR_QUAD3, &VLT_ClkEnable::quad3},
+    {ATTR_QUAD4, &VLT_ClkEnable::quad4},
+};
+
+bool isClockName(const QString &text)
+{
+    return QRegExp(QStringLiteral("_*[a-zA-Z]+[A-Za-z0-9_]*")).exactMatch(text);
+}
+
+} // namespace
+
+ClkEnableModel::ClkEnableModel(VLTView *view, QList<VLT_ClkEnable *> &records, QObject *parent)
+    : RecordModel(view, records, parent,
+                  {Column::editableText("Clock Name", &VLT_ClkEnable::name, isClockName)
+                       .sortedBy(lessThanByName, greaterThanByName),
+                   Column::number("Clock Enable", &VLT_ClkEnable::enable, 100)
+                       .editable()
+                       .sortedBy(lessThanByClkEnable, greaterThanByClkEnable),
+                   Column::number("Quad1", &VLT_ClkEnable::quad1, 100)
+                       .editable()
+                       .sortedBy(lessThanByQuad1, greaterThanByQuad1),
+                   Column::number("Quad2", &VLT_ClkEnable::quad2, 100)
+                       .editable()
+                       .sortedBy(lessThanByQuad2, greaterThanByQuad2),
+                   Column::number("Quad3", &VLT_ClkEnable::quad3, 100)
+                       .editable()
+                       .sortedBy(lessThanByQuad3, greaterThanByQuad3),
+                   Column::number("Quad4", &VLT_ClkEnable::quad4, 100)
+                       .editable()
+                       .sortedBy(lessThanByQuad4, greaterThanByQuad4)})
+{
+}
+
 ClockEnableSetWidget::ClockEnableSetWidget(VLTView *view, QWidget *parent)
-    : QWidget(parent)
-    , m_view(view)
+    : RecordPage(view, parent)
+    , m_ui(std::make_unique<Ui::ClockEnableSetWidget>())
 {
+    m_ui->setupUi(this);
+    setUpTable(m_ui->tableView, &m_model, {150, 120, 120, 120, 120, 120});
+    connectCommands(m_ui->btnAdd, m_ui->btnRemove, &ClockEnableSetWidget::onAdd,
+                    &ClockEnableSetWidget::onShowContextMenu);
+    connect(m_ui->spinGlobalEnable, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+            &ClockEnableSetWidget::modified);
 }
 
-void ClockEnableSetWidget::readData(QDomElement *) {}
+ClockEnableSetWidget::~ClockEnableSetWidget() = default;
 
-void ClockEnableSetWidget::writeData(QXmlStreamWriter *) const {}
-
-bool ClockEnableSetWidget::checkData()
+void ClockEnableSetWidget::onAdd()
 {
-    return true;
+    const int row = m_model.rowCount();
+    m_records.append(std::make_unique<VLT_ClkEnable>());
+    showAdded(row);
+    if (isVisible())
+        m_ui->tableView->edit(m_model.index(row, 0));
 }
 
-void ClockEnableSetWidget::modified()
+void ClockEnableSetWidget::onShowContextMenu(QPoint)
 {
-    m_view->setModified(true);
+    showMenu(QCursor::pos());
+}
+
+void ClockEnableSetWidget::readData(QDomElement *parent)
+{
+    const QDomElement section = parent->firstChildElement(QLatin1String(NODE_GLOBAL_ENABLE));
+    if (section.isNull())
+        return;
+    // Without the attribute the value is 0, not the 100 of a new page.
+    m_ui->spinGlobalEnable->setValue(numberFromText(section.attribute(QLatin1String(ATTR_VALUE))));
+    forEachChild(section, NODE_CLOCK,
+                 [this](const QDomElement &element) { readRecord(element, numbers); });
+    m_model.reload();
+}
+
+void ClockEnableSetWidget::writeData(QXmlStreamWriter *writer) const
+{
+    writer->writeStartElement(QLatin1String(NODE_GLOBAL_ENABLE));
+    writer->writeAttribute(QLatin1String(ATTR_VALUE), numberText(m_ui->spinGlobalEnable->value()));
+    for (const VLT_ClkEnable *clock : m_records.list()) {
+        if (clock->name.isEmpty())
+            continue;
+        writer->writeEmptyElement(QLatin1String(NODE_CLOCK));
+        writer->writeAttribute(QLatin1String(ATTR_NAME), clock->name);
+        writeNumbers(writer, numbers, *clock);
+    }
+    writer->writeEndElement();
 }
 
 } // namespace VLT

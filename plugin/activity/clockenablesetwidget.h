@@ -1,30 +1,71 @@
 #pragma once
 
-#include <QWidget>
+#include "activity/activitypage.h"
+#include "tables/recordmodel.h"
 
 class QDomElement;
 class QXmlStreamWriter;
 
 namespace VLT {
 
-class VLTView;
+namespace Ui {
+class ClockEnableSetWidget;
+}
 
-class ClockEnableSetWidget : public QWidget
+/// A clock by its name, with the rates at which it is enabled as a whole and in each quadrant of
+/// the chip, in percent; negative when not set.
+struct VLT_ClkEnable
+{
+    QString name;
+    float enable = -1.0F;
+    float quad1 = -1.0F;
+    float quad2 = -1.0F;
+    float quad3 = -1.0F;
+    float quad4 = -1.0F;
+};
+
+class ClkEnableModel : public RecordModel<VLT_ClkEnable>
+{
+    Q_OBJECT
+
+public:
+    using Ptr = VLT_ClkEnable *const &;
+
+    ClkEnableModel(VLTView *view, QList<VLT_ClkEnable *> &records, QObject *parent);
+
+    static bool lessThanByName(Ptr a, Ptr b) { return compareNames(a, b) < 0; }
+    static bool greaterThanByName(Ptr a, Ptr b) { return compareNames(a, b) > 0; }
+    static bool lessThanByClkEnable(Ptr a, Ptr b) { return a->enable < b->enable; }
+    static bool greaterThanByClkEnable(Ptr a, Ptr b) { return a->enable > b->enable; }
+    static bool lessThanByQuad1(Ptr a, Ptr b) { return a->quad1 < b->quad1; }
+    static bool greaterThanByQuad1(Ptr a, Ptr b) { return a->quad1 > b->quad1; }
+    static bool lessThanByQuad2(Ptr a, Ptr b) { return a->quad2 < b->quad2; }
+    static bool greaterThanByQuad2(Ptr a, Ptr b) { return a->quad2 > b->quad2; }
+    static bool lessThanByQuad3(Ptr a, Ptr b) { return a->quad3 < b->quad3; }
+    static bool greaterThanByQuad3(Ptr a, Ptr b) { return a->quad3 > b->quad3; }
+    static bool lessThanByQuad4(Ptr a, Ptr b) { return a->quad4 < b->quad4; }
+    static bool greaterThanByQuad4(Ptr a, Ptr b) { return a->quad4 > b->quad4; }
+};
+
+/// Page of the clocks, whose names the user types; owner of the file's section "GlobalEnable".
+class ClockEnableSetWidget : public RecordPage<ClkEnableModel>
 {
     Q_OBJECT
 
 public:
     ClockEnableSetWidget(VLTView *view, QWidget *parent);
+    ~ClockEnableSetWidget() override;
 
     void readData(QDomElement *parent);
     void writeData(QXmlStreamWriter *writer) const;
-    bool checkData();
 
 public slots:
-    void modified();
+    /// Appends an unnamed clock, which reaches the file, and modifies the document, once named.
+    void onAdd();
+    void onShowContextMenu(QPoint point);
 
 private:
-    VLTView *const m_view;
+    const std::unique_ptr<Ui::ClockEnableSetWidget> m_ui;
 };
 
 } // namespace VLT

@@ -1,27 +1,71 @@
 #include "activity/dffsetwidget.h"
 
-#include "document/vltview.h"
+#include "ui_dffsetwidget.h"
+
+#include <QCursor>
 
 namespace VLT {
 
+namespace {
+
+constexpr NumberAttribute<VLT_Dff> numbers[] = {{ATTR_VALUE, &VLT_Dff::value}};
+
+} // namespace
+
+DffModel::DffModel(VLTView *view, QList<VLT_Dff *> &records, QObject *parent)
+    : RecordModel(view, records, parent,
+                  {Column::text("Name", &VLT_Dff::name).sortedBy(lessThanByName, greaterThanByName),
+                   Column::number("Value", &VLT_Dff::value, 100)
+                       .editable()
+                       .sortedBy(lessThanByValue, greaterThanByValue)})
+{
+}
+
 DFFSetWidget::DFFSetWidget(VLTView *view, QWidget *parent)
-    : QWidget(parent)
-    , m_view(view)
+    : RecordPage(view, parent)
+    , m_ui(std::make_unique<Ui::DFFSetWidget>())
 {
+    m_ui->setupUi(this);
+    setUpTable(m_ui->tableView, &m_model);
+    connectCommands(m_ui->btnAdd, m_ui->btnRemove, &DFFSetWidget::onAdd,
+                    &DFFSetWidget::onShowContextMenu);
 }
 
-void DFFSetWidget::readData(QDomElement *) {}
+DFFSetWidget::~DFFSetWidget() = default;
 
-void DFFSetWidget::writeData(QXmlStreamWriter *) const {}
-
-bool DFFSetWidget::checkData()
+void DFFSetWidget::onAdd()
 {
-    return true;
+    find(NlsDataFinderDialog::FindDff, [this](const NlsDataFinderDialog &finder) {
+        addRecords(
+            finder.getSelected(), [](const QString &name) { return name; },
+            [](VLT_Dff &, const QString &) {});
+    });
 }
 
-void DFFSetWidget::modified()
+void DFFSetWidget::onShowContextMenu()
 {
-    m_view->setModified(true);
+    showMenu(QCursor::pos());
+}
+
+void DFFSetWidget::readData(QDomElement *parent)
+{
+    const QDomElement section = parent->firstChildElement(QLatin1String(NODE_LOCAL_ENABLE));
+    if (section.isNull())
+        return;
+    forEachChild(section, NODE_INSTANCE,
+                 [this](const QDomElement &element) { readRecord(element, numbers); });
+    m_model.reload();
+}
+
+void DFFSetWidget::writeData(QXmlStreamWriter *writer) const
+{
+    writer->writeStartElement(QLatin1String(NODE_LOCAL_ENABLE));
+    for (const VLT_Dff *dff : m_records.list()) {
+        writer->writeEmptyElement(QLatin1String(NODE_INSTANCE));
+        writer->writeAttribute(QLatin1String(ATTR_NAME), dff->name);
+        writeNumbers(writer, numbers, *dff);
+    }
+    writer->writeEndElement();
 }
 
 } // namespace VLT

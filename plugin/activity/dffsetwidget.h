@@ -1,30 +1,57 @@
 #pragma once
 
-#include <QWidget>
+#include "activity/activitypage.h"
+#include "tables/recordmodel.h"
 
 class QDomElement;
 class QXmlStreamWriter;
 
 namespace VLT {
 
-class VLTView;
+namespace Ui {
+class DFFSetWidget;
+}
 
-class DFFSetWidget : public QWidget
+/// A flip-flop with the rate of its local enable, in percent; negative when not set.
+struct VLT_Dff
+{
+    QString name;
+    float value = -1.0F;
+};
+
+class DffModel : public RecordModel<VLT_Dff>
+{
+    Q_OBJECT
+
+public:
+    using Ptr = VLT_Dff *const &;
+
+    DffModel(VLTView *view, QList<VLT_Dff *> &records, QObject *parent);
+
+    static bool lessThanByName(Ptr a, Ptr b) { return compareNames(a, b) < 0; }
+    static bool greaterThanByName(Ptr a, Ptr b) { return compareNames(a, b) > 0; }
+    static bool lessThanByValue(Ptr a, Ptr b) { return a->value < b->value; }
+    static bool greaterThanByValue(Ptr a, Ptr b) { return a->value > b->value; }
+};
+
+/// Page of the flip-flops; owner of the file's section "LocalEnable".
+class DFFSetWidget : public RecordPage<DffModel>
 {
     Q_OBJECT
 
 public:
     DFFSetWidget(VLTView *view, QWidget *parent);
+    ~DFFSetWidget() override;
 
     void readData(QDomElement *parent);
     void writeData(QXmlStreamWriter *writer) const;
-    bool checkData();
 
 public slots:
-    void modified();
+    void onAdd();
+    void onShowContextMenu();
 
 private:
-    VLTView *const m_view;
+    const std::unique_ptr<Ui::DFFSetWidget> m_ui;
 };
 
 } // namespace VLT

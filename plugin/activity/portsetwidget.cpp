@@ -1,27 +1,116 @@
 #include "activity/portsetwidget.h"
 
-#include "document/vltview.h"
+#include "ui_portsetwidget.h"
+
+#include "nlsdata/netlist.h"
+
+#include <QCursor>
 
 namespace VLT {
 
+namespace {
+
+constexpr NumberAttribute<VLT_Port> numbers[] = {{ATTR_OUT_ENABLE, &VLT_Port::outEnable},
+                                                 {ATTR_CAPACITY, &VLT_Port::capacity}};
+
+bool canBeDisabled(const VLT_Port &port)
+{
+    return port.type != BufferedOutput;
+}
+
+bool isAlwaysEnabled(const VLT_Port &port)
+{
+    return port.type == BufferedOutput;
+}
+
+} // namespace
+
+PortModel::PortModel(VLTView *view, QList<VLT_Port *> &records, QObject *parent)
+    : RecordModel(
+          view, records, parent,
+          {Column::text("Name", &VLT_Port::name).sortedBy(lessThanByName, greaterThanByName),
+           Column::number("Out Enable", &VLT_Port::outEnable, 50)
+               .editable(canBeDisabled)
+               .gray(isAlwaysEnabled)
+               .sortedBy(lessThanByOE, greaterThanByOE),
+           Column::number("Load Capacity", &VLT_Port::capacity, 5, "%1pF")
+               .editable()
+               .sortedBy(lessThanByCapacity, greaterThanByCapacity)})
+{
+}
+
 PortSetWidget::PortSetWidget(VLTView *view, QWidget *parent)
-    : QWidget(parent)
-    , m_view(view)
+    : RecordPage(view, parent)
+    , m_ui(std::make_unique<Ui::PortSetWidget>())
 {
+    m_ui->setupUi(this);
+    setUpTable(m_ui->tableView, &m_model, {320, 120});
+    connectCommands(m_ui->btnAdd, m_ui->btnRemove, &PortSetWidget::onAdd,
+                    &PortSetWidget::onShowContextMenu);
 }
 
-void PortSetWidget::readData(QDomElement *) {}
+PortSetWidget::~PortSetWidget() = default;
 
-void PortSetWidget::writeData(QXmlStreamWriter *) const {}
-
-bool PortSetWidget::checkData()
+void PortSetWidget::onAdd()
 {
-    return true;
+    find(NlsDataFinderDialog::FindOBuff, [this](const NlsDataFinderDialog &finder) {
+        addRecords(
+            finder.getBuff(), [](const NlsData::Port *port) { return port->path(); },
+            [this](VLT_Port &record, NlsData::Port *port) { record.type = typeOf(port); });
+    });
 }
 
-void PortSetWidget::modified()
+void PortSetWidget::onShowContextMenu()
 {
-    m_view->setModified(true);
+    showMenu(QCursor::pos());
+}
+
+bool PortSetWidget::isOBuff(NlsData::Port *port)
+{
+    const NlsData::Net *net = port->net();
+    const NlsData::Instance *driver = net ? net->driver() : nullptr;
+    if (!driver)
+        return false;
+    const int primitive = driver->primitive();
+    return primitive == 116 || primitive == 122 || primitive == 127;
+}
+
+PortType PortSetWidget::typeOf(NlsData::Port *port)
+{
+    switch (port->direction()) {
+    case 1:
+        return isOBuff(port) ? BufferedOutput : OtherOutput;
+    case 2:
+        return InOut;
+    default:
+        return OtherDirection;
+    }
+}
+
+void PortSetWidget::readData(QDomElement *parent)
+{
+    const QDomElement section = parent->firstChildElement(QLatin1String(NODE_PORT_OUT_ENABLE));
+    if (section.isNull())
+        return;
+    forEachChild(section, NODE_PORT, [this](const QDomElement &element) {
+        VLT_Port *port = readRecord(element, numbers);
+        port->type = element.attribute(QLatin1String(ATTR_TYPE)).toInt();
+    });
+    m_model.reload();
+}
+
+void PortSetWidget::writeData(QXmlStreamWriter *writer) const
+{
+    if (m_records.list().isEmpty())
+        return;
+    writer->writeStartElement(QLatin1String(NODE_PORT_OUT_ENABLE));
+    for (const VLT_Port *port : m_records.list()) {
+        writer->writeEmptyElement(QLatin1String(NODE_PORT));
+        writer->writeAttribute(QLatin1String(ATTR_NAME), port->name);
+        writeNumbers(writer, numbers, *port);
+        writer->writeAttribute(QLatin1String(ATTR_TYPE), QString::number(port->type));
+    }
+    writer->writeEndElement();
 }
 
 } // namespace VLT

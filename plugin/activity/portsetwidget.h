@@ -1,30 +1,77 @@
 #pragma once
 
-#include <QWidget>
+#include "activity/activitypage.h"
+#include "tables/recordmodel.h"
 
 class QDomElement;
 class QXmlStreamWriter;
 
+namespace NlsData {
+class Port;
+}
+
 namespace VLT {
 
-class VLTView;
+namespace Ui {
+class PortSetWidget;
+}
 
-class PortSetWidget : public QWidget
+/// A port that drives an output of the chip.
+struct VLT_Port
+{
+    QString name;
+    float outEnable = -1.0F; ///< share of time, in percent; negative when not set
+    float capacity = -1.0F;  ///< load in picofarads; negative when not set
+    qint32 type = 0;         ///< one of PortType
+};
+
+enum PortType : qint32 {
+    BufferedOutput = 0, ///< driven by a plain output buffer: always enabled
+    OtherOutput = 1,
+    InOut = 2,
+    OtherDirection = 3
+};
+
+class PortModel : public RecordModel<VLT_Port>
+{
+    Q_OBJECT
+
+public:
+    using Ptr = VLT_Port *const &;
+
+    PortModel(VLTView *view, QList<VLT_Port *> &records, QObject *parent);
+
+    static bool lessThanByName(Ptr a, Ptr b) { return compareNames(a, b) < 0; }
+    static bool greaterThanByName(Ptr a, Ptr b) { return compareNames(a, b) > 0; }
+    static bool lessThanByOE(Ptr a, Ptr b) { return a->outEnable < b->outEnable; }
+    static bool greaterThanByOE(Ptr a, Ptr b) { return a->outEnable > b->outEnable; }
+    static bool lessThanByCapacity(Ptr a, Ptr b) { return a->capacity < b->capacity; }
+    static bool greaterThanByCapacity(Ptr a, Ptr b) { return a->capacity > b->capacity; }
+};
+
+/// Page of the output ports; owner of the file's section "PortOutEnable".
+class PortSetWidget : public RecordPage<PortModel>
 {
     Q_OBJECT
 
 public:
     PortSetWidget(VLTView *view, QWidget *parent);
+    ~PortSetWidget() override;
 
     void readData(QDomElement *parent);
     void writeData(QXmlStreamWriter *writer) const;
-    bool checkData();
+
+    /// Whether the port's net is driven by a plain output buffer.
+    bool isOBuff(NlsData::Port *port);
 
 public slots:
-    void modified();
+    void onAdd();
+    void onShowContextMenu();
 
 private:
-    VLTView *const m_view;
+    PortType typeOf(NlsData::Port *port);
+
+    const std::unique_ptr<Ui::PortSetWidget> m_ui;
 };
 
 } // namespace VLT

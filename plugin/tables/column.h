@@ -10,6 +10,13 @@
 
 namespace VLT {
 
+/// Orders records by name without regard to case: negative when `a` comes before `b`.
+template<class Record>
+int compareNames(const Record *a, const Record *b)
+{
+    return QString::compare(a->name, b->name, Qt::CaseInsensitive);
+}
+
 /// One column of a RecordModel: where its cells come from, where edits go, what may be edited,
 /// what is gray, and how it sorts. Start from one of the kinds and chain the rest:
 ///

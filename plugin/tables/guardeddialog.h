@@ -31,6 +31,7 @@ public:
 
     bool ownerLives() const { return m_owner; }
     Dialog *operator->() const { return m_dialog; }
+    Dialog &operator*() const { return *m_dialog; }
 
 private:
     QPointer<Dialog> m_dialog;

@@ -1,0 +1,259 @@
+#include "activity/nlsdatafinderdialog.h"
+
+#include "tables/rowselection.h"
+#include "ui_nlsdatafinderdialog.h"
+
+#include "nlsdata/netlist.h"
+
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QPushButton>
+#include <QRegExp>
+
+#include <algorithm>
+
+namespace VLT {
+
+namespace {
+
+// The environment's codes.
+constexpr int categoryBsram = 5;
+constexpr int categoryDff = 50;
+constexpr int directionOut = 1;
+constexpr int directionInOut = 2;
+
+bool matchesEverything(const QRegExp &pattern)
+{
+    const QString text = pattern.pattern();
+    return pattern.patternSyntax() == QRegExp::WildcardUnix && !text.isEmpty() &&
+           text.count(QLatin1Char('*')) == text.size();
+}
+
+/// The objects of the selected rows, in the order of the selection.
+template<class Object>
+QList<Object *> chosen(const QListWidget *list, const QVector<Object *> &objects)
+{
+    const QVector<int> rows = selectedRows(list->selectionModel());
+    QList<Object *> result;
+    result.reserve(rows.size());
+    for (const int row : rows)
+        result.append(objects.at(row));
+    return result;
+}
+
+} // namespace
+
+NlsDataFinderDialog::NlsDataFinderDialog(QWidget *parent, NlsData::Netlist *netlist, FindType type)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::NlsDataFinderDialog>())
+    , m_netlist(netlist)
+    , m_type(type)
+{
+    m_ui->setupUi(this);
+    if (type == FindPort || type == FindOBuff)
+        setWindowTitle(tr("Port Finder"));
+    else if (type == FindBsram)
+        setWindowTitle(tr("BSRAM Finder"));
+    else if (type == FindDff)
+        setWindowTitle(tr("DFF Finder"));
+    m_ui->lineEditFilter->selectAll();
+    m_ui->progressBar->hide();
+    m_ui->btnStop->hide();
+    connect(m_ui->btnSearch, &QPushButton::clicked, this, &NlsDataFinderDialog::onSearch);
+    connect(m_ui->btnStop, &QPushButton::clicked, this, [this] { m_stopped = true; });
+    connect(m_ui->listWidget, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
+}
+
+NlsDataFinderDialog::~NlsDataFinderDialog() = default;
+
+QStringList NlsDataFinderDialog::getSelected() const
+{
+    QStringList texts;
+    const QVector<int> rows = selectedRows(m_ui->listWidget->selectionModel());
+    texts.reserve(rows.size());
+    for (const int row : rows)
+        texts.append(m_ui->listWidget->item(row)->text());
+    return texts;
+}
+
+QList<NlsData::Port *> NlsDataFinderDialog::getBuff() const
+{
+    return m_type == FindOBuff ? chosen(m_ui->listWidget, m_ports) : QList<NlsData::Port *>();
+}
+
+QList<NlsData::Instance *> NlsDataFinderDialog::getBsram() const
+{
+    return m_type == FindBsram ? chosen(m_ui->listWidget, m_instances)
+                               : QList<NlsData::Instance *>();
+}
+
+void NlsDataFinderDialog::onSearch()
+{
+    QString text = m_ui->lineEditFilter->text();
+    if (text.isEmpty())
+        text = QStringLiteral("*");
+    const QRegExp pattern(text, Qt::CaseInsensitive, QRegExp::WildcardUnix);
+
+    const QPointer<NlsDataFinderDialog> self(this);
+    setSearching(true);
+    switch (m_netlist ? m_type : FindType(-1)) {
+    case FindPort:
+        searchPort(pattern);
+        break;
+    case FindBsram:
+        searchBsram(pattern);
+        break;
+    case FindOBuff:
+        searchOBuff(pattern);
+        break;
+    case FindDff:
+        searchDff(pattern);
+        break;
+    default:
+        listPaths({});
+    }
+    if (!self)
+        return;
+    setSearching(false);
+    if (!pattern.isValid())
+        m_ui->labelFound->setText(tr("This is not a valid pattern."));
+}
+
+void NlsDataFinderDialog::searchPort(const QRegExp &pattern)
+{
+    search<NlsData::Port>(
+        m_netlist->ports(), pattern, [](const NlsData::Port *) { return true; }, nullptr);
+}
+
+void NlsDataFinderDialog::searchDff(const QRegExp &pattern)
+{
+    search<NlsData::Instance>(
+        m_netlist->instances(), pattern,
+        [](const NlsData::Instance *instance) { return instance->category() == categoryDff; },
+        nullptr);
+}
+
+void NlsDataFinderDialog::searchBsram(const QRegExp &pattern)
+{
+    search<NlsData::Instance>(
+        m_netlist->instances(), pattern,
+        [](const NlsData::Instance *instance) { return instance->category() == categoryBsram; },
+        &m_instances);
+}
+
+void NlsDataFinderDialog::searchOBuff(const QRegExp &pattern)
+{
+    search<NlsData::Port>(
+        m_netlist->ports(), pattern,
+        [](const NlsData::Port *port) {
+            return port->direction() == directionOut || port->direction() == directionInOut;
+        },
+        &m_ports);
+}
+
+template<class Object, class Filter>
+void NlsDataFinderDialog::search(const QList<Object *> &objects, const QRegExp &pattern,
+                                 Filter accepts, QVector<Object *> *found)
+{
+    constexpr int stride = 4096; // objects between two looks at the clock
+    const bool all = matchesEverything(pattern);
+    QStringList paths;
+    QVector<Object *> matches;
+    if (all) {
+        paths.reserve(objects.size());
+        matches.reserve(found ? objects.size() : 0);
+    }
+    const QPointer<NlsDataFinderDialog> self(this);
+    QElapsedTimer sinceEvents;
+    sinceEvents.start();
+    for (int i = 0; i < objects.size(); ++i) {
+        if (i % stride == stride - 1 && sinceEvents.hasExpired(100)) {
+            const bool stop = !goOn(i, objects.size());
+            if (!self)
+                return;
+            if (stop)
+                break;
+            sinceEvents.restart();
+        }
+        Object *object = objects.at(i);
+        if (!accepts(object))
+            continue;
+        const QString path = object->path();
+        if (!all && !pattern.exactMatch(path))
+            continue;
+        paths.append(path);
+        if (found)
+            matches.append(object);
+    }
+    if (found)
+        *found = matches;
+    listPaths(paths);
+}
+
+/// Shows how far a search is and lets events in; false when it is to stop. `this` may be gone then.
+bool NlsDataFinderDialog::goOn(int done, int total)
+{
+    m_ui->progressBar->setMaximum(total);
+    m_ui->progressBar->setValue(done);
+    m_ui->progressBar->show();
+    m_ui->btnStop->show();
+    const QPointer<NlsDataFinderDialog> self(this);
+    QCoreApplication::processEvents();
+    return self && !m_stopped;
+}
+
+void NlsDataFinderDialog::setSearching(bool searching)
+{
+    m_stopped = false;
+    m_ui->btnSearch->setEnabled(!searching);
+    m_ui->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(!searching);
+    if (searching)
+        m_ui->labelFound->setText(tr("Searching…"));
+    m_ui->progressBar->hide();
+    m_ui->btnStop->hide();
+}
+
+void NlsDataFinderDialog::listPaths(const QStringList &paths)
+{
+    QListWidget *list = m_ui->listWidget;
+    list->clear();
+    list->insertItems(list->count(), paths);
+    if (!paths.isEmpty()) {
+        // All items have the size of the first one.
+        const auto longest =
+            std::max_element(paths.begin(), paths.end(), [](const QString &a, const QString &b) {
+                return a.size() < b.size();
+            });
+        QSize size = list->sizeHintForIndex(list->model()->index(0, 0));
+        const QFontMetrics metrics(list->font());
+        size.rwidth() +=
+            metrics.horizontalAdvance(*longest) - metrics.horizontalAdvance(paths.first());
+        list->item(0)->setSizeHint(size);
+    }
+    const QString count = QLocale().toString(paths.size());
+    QString text = paths.size() == 1 ? tr("1 object found") : tr("%1 objects found").arg(count);
+    if (m_stopped)
+        text = tr("Stopped: %1 so far").arg(text);
+    m_ui->labelFound->setText(text);
+}
+
+void NlsDataFinderDialog::done(int result)
+{
+    m_stopped = true;
+    QDialog::done(result);
+}
+
+void NlsDataFinderDialog::keyPressEvent(QKeyEvent *event)
+{
+    // In the list, Enter takes what is selected; the default button would search again and lose it.
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!enter || !m_ui->listWidget->hasFocus()) {
+        QDialog::keyPressEvent(event);
+        return;
+    }
+    if (m_ui->listWidget->selectionModel()->hasSelection() && m_ui->btnSearch->isEnabled())
+        accept();
+}
+
+} // namespace VLT
