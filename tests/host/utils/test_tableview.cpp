@@ -1,0 +1,235 @@
+#include "utils/tableview.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDoubleSpinBox>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QMainWindow>
+#include <QStandardItemModel>
+#include <QStatusBar>
+#include <QTextDocument>
+#include <QToolTip>
+#include <QtTest>
+
+namespace {
+
+/// Refuses a text that begins with "no", without a word.
+class Model : public QStandardItemModel
+{
+public:
+    using QStandardItemModel::QStandardItemModel;
+
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override
+    {
+        return !value.toString().startsWith(QLatin1String("no")) &&
+               QStandardItemModel::setData(index, value, role);
+    }
+};
+
+} // namespace
+
+class TestTableView : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { m_window.reset(); }
+    void copiesWhatIsSelected();
+    void pastes_data();
+    void pastes();
+    void pastesQuotedCells();
+    void fillsDown();
+    void refusesWhereNothingCanBeTyped();
+    void findsByFirstLetters();
+    void tipsArePlainText();
+
+private:
+    void set(const QString &rows);
+    QString all() const;
+    QString status() const { return m_window->statusBar()->currentMessage(); }
+    void select(const QVector<int> &rows, int column)
+    {
+        m_table->clearSelection();
+        m_table->setCurrentIndex(m_model->index(rows.first(), column));
+        for (const int row : rows)
+            m_table->selectionModel()->select(m_model->index(row, column),
+                                              QItemSelectionModel::Select |
+                                                  QItemSelectionModel::Rows);
+    }
+
+    std::unique_ptr<QMainWindow> m_window;
+    Utils::TableView *m_table = nullptr;
+    Model *m_model = nullptr;
+};
+
+/// Columns: a text that cannot be edited, a number from 0 to 100, a text.
+void TestTableView::init()
+{
+    m_window = std::make_unique<QMainWindow>();
+    m_window->statusBar();
+    m_table = new Utils::TableView;
+    m_model = new Model(m_table);
+    m_table->setModel(m_model);
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setEditTriggers(QAbstractItemView::EditKeyPressed); // letters do not open an editor
+    m_window->setCentralWidget(m_table);
+    set(QStringLiteral("a 1 x|b 2 y|c 3 z|d 4 w"));
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    m_table->setFocus();
+}
+
+void TestTableView::set(const QString &rows)
+{
+    m_model->clear();
+    for (const QString &row : rows.split(QLatin1Char('|'))) {
+        const QStringList cells = row.split(QLatin1Char(' '));
+        auto *name = new QStandardItem(cells.at(0));
+        name->setEditable(false);
+        auto *number = new QStandardItem;
+        number->setData(cells.at(1).toDouble(), Qt::EditRole);
+        m_model->appendRow({name, number, new QStandardItem(cells.at(2))});
+    }
+}
+
+QString TestTableView::all() const
+{
+    QStringList rows;
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        QStringList cells;
+        for (int column = 0; column < m_model->columnCount(); ++column)
+            cells << m_model->index(row, column).data().toString();
+        rows << cells.join(QLatin1Char(' '));
+    }
+    return rows.join(QLatin1Char('|'));
+}
+
+void TestTableView::copiesWhatIsSelected()
+{
+    m_model->setData(m_model->index(2, 2), QStringLiteral("a\t\"b\""), Qt::EditRole);
+    select({2, 0}, 1);
+    QTest::keyClick(m_table, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(),
+             QStringLiteral("a\t1\tx\nc\t3\t\"a\t\"\"b\"\"\"\n"));
+
+    m_table->setSelectionBehavior(QAbstractItemView::SelectItems);
+    m_table->selectionModel()->select(QItemSelection(m_model->index(0, 1), m_model->index(1, 1)),
+                                      QItemSelectionModel::ClearAndSelect);
+    QTest::keyClick(m_table, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("1\n2\n"));
+}
+
+void TestTableView::pastes_data()
+{
+    QTest::addColumn<QVector<int>>("rows");
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("result");
+    QTest::addColumn<QString>("status");
+    QTest::newRow("one value into every selected row") << QVector<int>{0, 2} << 1 << "7"
+                                                       << "a 7 x|b 2 y|c 7 z|d 4 w"
+                                                       << "2 cells changed.";
+    QTest::newRow("a column, down from the current cell") << QVector<int>{1} << 1 << "7\r\n8\r\n"
+                                                          << "a 1 x|b 7 y|c 8 z|d 4 w"
+                                                          << "2 cells changed.";
+    QTest::newRow("as many rows as are selected") << QVector<int>{0, 3} << 2 << "p\nq"
+                                                  << "a 1 p|b 2 y|c 3 z|d 4 q"
+                                                  << "2 cells changed.";
+    QTest::newRow("whole rows, their names left alone")
+        << QVector<int>{0} << 2 << "a\t5\tu\nB\t6\tv\n"
+        << "a 5 u|b 6 v|c 3 z|d 4 w"
+        << "4 cells changed, 1 cell refused.";
+    QTest::newRow("validated") << QVector<int>{0} << 1 << "abc\ndef\n9"
+                               << "a 1 x|b 2 y|c 9 z|d 4 w"
+                               << "1 cell changed, 2 cells refused.";
+    QTest::newRow("refused in silence by the model") << QVector<int>{0} << 2 << "no\nyes"
+                                                     << "a 1 x|b 2 yes|c 3 z|d 4 w"
+                                                     << "1 cell changed, 1 cell refused.";
+    QTest::newRow("beyond the edges") << QVector<int>{3} << 2 << "p\tq\nr\ts"
+                                      << "a 1 x|b 2 y|c 3 z|d 4 p"
+                                      << "1 cell changed, 3 cells outside the table.";
+    QTest::newRow("what is there") << QVector<int>{0} << 1 << "1.00"
+                                   << "a 1 x|b 2 y|c 3 z|d 4 w"
+                                   << "0 cells changed.";
+}
+
+void TestTableView::pastes()
+{
+    QFETCH(QVector<int>, rows);
+    QFETCH(int, column);
+    QFETCH(QString, text);
+    QFETCH(QString, result);
+    QFETCH(QString, status);
+    select(rows, column);
+    QApplication::clipboard()->setText(text);
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(all(), result);
+    QCOMPARE(this->status(), status);
+}
+
+void TestTableView::pastesQuotedCells()
+{
+    select({0}, 2);
+    QApplication::clipboard()->setText(QStringLiteral("\"a \"\"b\"\"\"\n\"c\n"));
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(m_model->index(0, 2).data().toString(), QStringLiteral("a \"b\""));
+}
+
+void TestTableView::fillsDown()
+{
+    select({3, 1}, 1);
+    QTest::keyClick(m_table, Qt::Key_D, Qt::ControlModifier);
+    QCOMPARE(all(), QStringLiteral("a 1 x|b 2 y|c 3 z|d 2 w"));
+    select({1}, 2); // a single row takes from the one above
+    QTest::keyClick(m_table, Qt::Key_D, Qt::ControlModifier);
+    QCOMPARE(all(), QStringLiteral("a 1 x|b 2 x|c 3 z|d 2 w"));
+    select({0, 1, 2}, 0);
+    QTest::keyClick(m_table, Qt::Key_D, Qt::ControlModifier);
+    QCOMPARE(status(), QStringLiteral("0 cells changed, 2 cells refused."));
+}
+
+void TestTableView::refusesWhereNothingCanBeTyped()
+{
+    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    select({0}, 1);
+    QApplication::clipboard()->setText(QStringLiteral("7"));
+    QTest::keyClick(m_table, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(status(), QStringLiteral("0 cells changed, 1 cell refused."));
+}
+
+void TestTableView::findsByFirstLetters()
+{
+    set(QStringLiteral("top 1 x|cpu/reg_1 2 y|cpu/reg_2 3 z|ctl 4 w"));
+    select({0}, 1);
+    const auto row = [this] { return m_table->currentIndex().row(); };
+    QTest::keyClicks(m_table, QStringLiteral("CT"));
+    QCOMPARE(row(), 3);
+    QCOMPARE(m_table->currentIndex().column(), 1);
+    m_table->keyboardSearch({});
+    QTest::keyClicks(m_table, QStringLiteral("c"));
+    QCOMPARE(row(), 1);
+    QTest::keyClicks(m_table, QStringLiteral("c"));
+    QCOMPARE(row(), 2);
+    m_table->keyboardSearch({});
+    QTest::keyClicks(m_table, QStringLiteral("g_1")); // no row begins so
+    QCOMPARE(row(), 1);
+}
+
+void TestTableView::tipsArePlainText()
+{
+    const QString name = QStringLiteral("<b>bus</b>[3]");
+    m_model->item(0, 0)->setToolTip(name);
+    const QPoint point = m_table->visualRect(m_model->index(0, 0)).center();
+    QHelpEvent event(QEvent::ToolTip, point, m_table->viewport()->mapToGlobal(point));
+    QApplication::sendEvent(m_table->viewport(), &event);
+    QTextDocument shown;
+    shown.setHtml(QToolTip::text());
+    QCOMPARE(shown.toPlainText(), name);
+    QToolTip::hideText();
+}
+
+QTEST_MAIN(TestTableView)
+#include "test_tableview.moc"

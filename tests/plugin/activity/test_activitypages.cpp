@@ -1,0 +1,380 @@
+#include "activitynetlist.h"
+#include "support/modaldriver.h"
+#include "support/testhost.h"
+
+#include "activity/bsramsetwidget.h"
+#include "activity/clockenablesetwidget.h"
+#include "activity/dffsetwidget.h"
+#include "activity/portsetwidget.h"
+#include "document/vltview.h"
+
+#include <QDialogButtonBox>
+#include <QDomDocument>
+#include <QDoubleSpinBox>
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTableView>
+#include <QXmlStreamWriter>
+#include <QtTest>
+
+using namespace VLT;
+
+namespace {
+
+/// In a finder: searches, selects all that was found, and accepts.
+void takeAll(QWidget *dialog)
+{
+    QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("btnSearch")),
+                      Qt::LeftButton);
+    dialog->findChild<QListWidget *>()->selectAll();
+    QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok),
+                      Qt::LeftButton);
+}
+
+} // namespace
+
+class TestActivityPages : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { m_host = std::make_unique<TestHost>(); }
+    void cleanupTestCase() { m_host.reset(); }
+    void init();
+    void cleanup() { m_view.reset(); }
+    void areSetUp_data();
+    void areSetUp();
+    void sectionsSurvive_data();
+    void sectionsSurvive();
+    void addsFromTheFinder_data();
+    void addsFromTheFinder();
+    void portShowsAndEdits();
+    void bsramCellsByKind_data();
+    void bsramCellsByKind();
+    void bsramGrayIsNotTheSameAsFixed();
+    void clockNamesAreTyped();
+    void viewMayCloseUnderTheFinder();
+    void netlistMayChangeUnderTheFinder();
+
+private:
+    QWidget *page(const QString &name) const
+    {
+        for (QWidget *widget : m_view->findChildren<QWidget *>()) {
+            if (QString::fromLatin1(widget->metaObject()->className()) == name)
+                return widget;
+        }
+        return nullptr;
+    }
+    static QTableView *table(const QWidget *page) { return page->findChild<QTableView *>(); }
+    static QModelIndex cell(const QWidget *page, int row, int column)
+    {
+        return table(page)->model()->index(row, column);
+    }
+
+    /// Calls `function` with the page of that class name.
+    template<class Function>
+    void with(const QString &name, Function function) const
+    {
+        QWidget *widget = page(name);
+        if (auto *ports = qobject_cast<PortSetWidget *>(widget))
+            function(ports);
+        else if (auto *rams = qobject_cast<BsramSetWidget *>(widget))
+            function(rams);
+        else if (auto *dffs = qobject_cast<DFFSetWidget *>(widget))
+            function(dffs);
+        else if (auto *clocks = qobject_cast<ClockEnableSetWidget *>(widget))
+            function(clocks);
+        else
+            QFAIL("no such page");
+    }
+    void read(const QString &page, const QString &sections) const
+    {
+        QDomDocument document;
+        QVERIFY(document.setContent(QStringLiteral("<Config>%1</Config>").arg(sections)));
+        QDomElement root = document.documentElement();
+        with(page, [&](auto *widget) { widget->readData(&root); });
+        m_view->setModified(false);
+    }
+    QString written(const QString &page) const
+    {
+        QString text;
+        QXmlStreamWriter writer(&text);
+        with(page, [&](const auto *widget) { widget->writeData(&writer); });
+        return text;
+    }
+
+    std::unique_ptr<TestHost> m_host;
+    std::unique_ptr<VLTView> m_view;
+};
+
+void TestActivityPages::init()
+{
+    m_view = std::make_unique<VLTView>(m_host->device(), activityNetlist());
+    m_view->resize(1200, 800);
+    m_view->setModified(false);
+}
+
+void TestActivityPages::areSetUp_data()
+{
+    QTest::addColumn<QString>("group");
+    QTest::addColumn<QString>("titles");
+    QTest::addColumn<QVector<int>>("widths");
+    QTest::newRow("VLT::PortSetWidget")
+        << "IO"
+        << "Name|Out Enable|Load Capacity" << QVector<int>{320, 120};
+    QTest::newRow("VLT::DFFSetWidget") << "DFF"
+                                       << "Name|Value" << QVector<int>{};
+    QTest::newRow("VLT::BsramSetWidget")
+        << "B-SRAM"
+        << "Name|ClockA Enable|ReadA Probability|WriteA Probability|ClockB Enable|"
+           "ReadB Probability|WriteB Probability"
+        << QVector<int>{200, 120, 130, 130, 120, 130};
+    QTest::newRow("VLT::ClockEnableSetWidget") << "Clock"
+                                               << "Clock Name|Clock Enable|Quad1|Quad2|Quad3|Quad4"
+                                               << QVector<int>{150, 120, 120, 120, 120};
+}
+
+void TestActivityPages::areSetUp()
+{
+    QFETCH(QString, group);
+    QFETCH(QString, titles);
+    QFETCH(QVector<int>, widths);
+    const QWidget *widget = page(QString::fromLatin1(QTest::currentDataTag()));
+    QVERIFY(widget);
+    QCOMPARE(widget->windowTitle(), QStringLiteral("Form"));
+    QCOMPARE(widget->findChild<QGroupBox *>()->title(), group);
+    const QTableView *view = table(widget);
+    QCOMPARE(view->objectName(), QStringLiteral("tableView"));
+    QStringList shown;
+    for (int column = 0; column < view->model()->columnCount(); ++column)
+        shown << view->model()->headerData(column, Qt::Horizontal).toString();
+    QCOMPARE(shown.join(QLatin1Char('|')), titles);
+    for (int column = 0; column < widths.size(); ++column)
+        QCOMPARE(view->columnWidth(column), widths.at(column));
+    for (const char *name : {"btnAdd", "btnRemove"}) {
+        const auto *button = widget->findChild<QAbstractButton *>(QString::fromLatin1(name));
+        QVERIFY(!button->icon().isNull());
+        QVERIFY(!button->toolTip().isEmpty() && !button->accessibleName().isEmpty());
+    }
+}
+
+void TestActivityPages::sectionsSurvive_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("read");
+    QTest::addColumn<QString>("written");
+    const auto same = [](const char *tag, const char *page, const char *xml) {
+        QTest::newRow(tag) << QString::fromLatin1(page) << QString::fromLatin1(xml)
+                           << QString::fromLatin1(xml);
+    };
+    const auto other = [](const char *tag, const char *page, const char *read,
+                          const char *written) {
+        QTest::newRow(tag) << QString::fromLatin1(page) << QString::fromLatin1(read)
+                           << QString::fromLatin1(written);
+    };
+    const char *ports = "VLT::PortSetWidget";
+    const char *dffs = "VLT::DFFSetWidget";
+    const char *rams = "VLT::BsramSetWidget";
+    const char *clocks = "VLT::ClockEnableSetWidget";
+    same("no ports", ports, "");
+    same("ports", ports,
+         R"(<PortOutEnable><Port name="a" out_enable="33.3" capacity="5.5" type="1"/>)"
+         R"(<Port name="a" type="3"/><Port name="" type="0"/></PortOutEnable>)");
+    other("port numbers", ports,
+          R"(<PortOutEnable><Port out_enable="" capacity="nan"/>)"
+          R"(<Port name="b" out_enable="-3" capacity="x" type="y"/></PortOutEnable>)",
+          R"(<PortOutEnable><Port name="" out_enable="0" capacity="0" type="0"/>)"
+          R"(<Port name="b" capacity="0" type="0"/></PortOutEnable>)");
+    other("no flip-flops", dffs, "", "<LocalEnable/>");
+    same("flip-flops", dffs,
+         R"(<LocalEnable><Instance name="x/y" value="12.34"/><Instance name=""/>)"
+         R"(<Instance name="z" value="0"/></LocalEnable>)");
+    other("no block SRAMs", rams, "",
+          R"(<GlobalBsram clock_enable="100" read_probability="100" write_probability="100"/>)");
+    same("block SRAMs", rams,
+         R"(<GlobalBsram clock_enable="12.5" read_probability="0" write_probability="7.25">)"
+         R"(<BSRam name="r" clock_a_enable="1" clock_b_enable="2" port_a_read="3" )"
+         R"(port_a_write="4" port_b_read="5" port_b_write="6" type="3"/>)"
+         R"(<BSRam name="s" port_b_write="9" type="42"/></GlobalBsram>)");
+    other("block SRAM oddities", rams,
+          R"(<GlobalBsram clock_enable="250" read_probability="x"><BSRam name="" type="1"/>)"
+          R"(<BSRam name="r"/></GlobalBsram>)",
+          R"(<GlobalBsram clock_enable="100" read_probability="0" write_probability="100">)"
+          R"(<BSRam name="r" type="0"/></GlobalBsram>)");
+    other("no clocks", clocks, "", R"(<GlobalEnable value="100"/>)");
+    same("clocks", clocks,
+         R"(<GlobalEnable value="50"><Clock name="c" value="1" quad1="2" quad2="3" quad4="5"/>)"
+         R"(<Clock name="c"/><Clock name="not a name"/></GlobalEnable>)");
+    other("clock oddities", clocks,
+          R"(<GlobalEnable><Clock/><Clock name="c" quad1=""/></GlobalEnable>)",
+          R"(<GlobalEnable value="0"><Clock name="c" quad1="0"/></GlobalEnable>)");
+}
+
+void TestActivityPages::sectionsSurvive()
+{
+    QFETCH(QString, page);
+    QFETCH(QString, read);
+    QFETCH(QString, written);
+    this->read(page, read);
+    QCOMPARE(this->written(page), written);
+}
+
+void TestActivityPages::addsFromTheFinder_data()
+{
+    QTest::addColumn<QString>("written");
+    QTest::newRow("VLT::PortSetWidget")
+        << R"(<PortOutEnable><Port name="led[0]" type="0"/><Port name="led[1]" type="0"/>)"
+           R"(<Port name="led[2]" type="0"/><Port name="led[3]" type="0"/>)"
+           R"(<Port name="CPU_q" type="1"/><Port name="loose" type="1"/>)"
+           R"(<Port name="bus" type="2"/></PortOutEnable>)";
+    QTest::newRow("VLT::DFFSetWidget")
+        << R"(<LocalEnable><Instance name="CPU_reg"/><Instance name="u_cpu/reg_9"/></LocalEnable>)";
+    const QString readOnly = QStringLiteral(R"(clock_a_enable="100" port_a_read="100")");
+    const QString single =
+        QStringLiteral(R"(clock_a_enable="100" port_a_read="100" port_a_write="50")");
+    const QString writeAReadB = QStringLiteral(
+        R"(clock_a_enable="100" clock_b_enable="100" port_a_write="100" port_b_read="100")");
+    const QString dual =
+        QStringLiteral(R"(clock_a_enable="100" clock_b_enable="100" port_a_read="100" )"
+                       R"(port_a_write="50" port_b_read="100" port_b_write="50")");
+    const QStringList kinds = {readOnly, single,      writeAReadB, dual,    writeAReadB,
+                               readOnly, writeAReadB, dual,        readOnly};
+    QString rams = QStringLiteral(
+        R"(<GlobalBsram clock_enable="100" read_probability="100" write_probability="100">)");
+    for (int kind = 0; kind < kinds.size(); ++kind)
+        rams += QStringLiteral(R"(<BSRam name="ram%1" %2 type="%1"/>)").arg(kind).arg(kinds[kind]);
+    QTest::newRow("VLT::BsramSetWidget") << rams + QStringLiteral("</GlobalBsram>");
+}
+
+void TestActivityPages::addsFromTheFinder()
+{
+    QFETCH(QString, written);
+    const QString name = QString::fromLatin1(QTest::currentDataTag());
+    auto *add = page(name)->findChild<QAbstractButton *>(QStringLiteral("btnAdd"));
+    for (const bool first : {true, false}) {
+        m_view->setModified(false);
+        const ModalDriver driver(takeAll);
+        add->click();
+        QCOMPARE(this->written(name), written);
+        QCOMPARE(m_view->isModified(), first);
+    }
+}
+
+void TestActivityPages::portShowsAndEdits()
+{
+    const QString name = QStringLiteral("VLT::PortSetWidget");
+    read(name, QStringLiteral(R"(<PortOutEnable><Port name="a"/><Port name="b" type="2"/>)"
+                              R"(<Port name="c" capacity="5.5" type="3"/></PortOutEnable>)"));
+    const QWidget *ports = page(name);
+    QCOMPARE(cell(ports, 0, 1).data(Qt::BackgroundRole).value<QBrush>().color(), QColor(Qt::gray));
+    QVERIFY(!(cell(ports, 0, 1).flags() & Qt::ItemIsEditable));
+    QVERIFY(cell(ports, 0, 2).flags() & Qt::ItemIsEditable);
+    QVERIFY(!cell(ports, 1, 1).data(Qt::BackgroundRole).isValid());
+    QCOMPARE(cell(ports, 2, 2).data().toString(), QStringLiteral("5.5pF"));
+    QCOMPARE(cell(ports, 1, 2).data(Qt::EditRole).toDouble(), 5.0);
+
+    m_view->show();
+    for (QTabWidget *tabs : m_view->findChildren<QTabWidget *>())
+        tabs->setCurrentIndex(tabs->count() - 1);
+    QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+    table(ports)->setCurrentIndex(cell(ports, 1, 1));
+    QVERIFY(QMetaObject::invokeMethod(table(ports), "edit", Q_ARG(QModelIndex, cell(ports, 1, 1))));
+    auto *editor = table(ports)->findChild<QDoubleSpinBox *>();
+    QCOMPARE(editor->text(), QStringLiteral("50.00"));
+    QTest::keyClick(editor, Qt::Key_Return);
+    QTRY_COMPARE(cell(ports, 1, 1).data().toDouble(), 50.0);
+    QVERIFY(m_view->isModified());
+}
+
+void TestActivityPages::bsramCellsByKind_data()
+{
+    QTest::addColumn<QString>("editable");
+    const char *columns[] = {"12", "123",  "1345",   "123456", "1345",
+                             "12", "1345", "123456", "12",     "1"};
+    for (int kind = 0; kind < 10; ++kind)
+        QTest::newRow(QByteArray::number(kind).constData()) << QString::fromLatin1(columns[kind]);
+}
+
+void TestActivityPages::bsramCellsByKind()
+{
+    QFETCH(QString, editable);
+    const QString name = QStringLiteral("VLT::BsramSetWidget");
+    read(name, QStringLiteral(R"(<GlobalBsram><BSRam name="r" type="%1"/></GlobalBsram>)")
+                   .arg(QString::fromLatin1(QTest::currentDataTag())));
+    QString columns;
+    for (int column = 0; column < 7; ++column) {
+        if (cell(page(name), 0, column).flags() & Qt::ItemIsEditable)
+            columns += QString::number(column);
+    }
+    QCOMPARE(columns, editable);
+}
+
+void TestActivityPages::bsramGrayIsNotTheSameAsFixed()
+{
+    const QString name = QStringLiteral("VLT::BsramSetWidget");
+    read(name, QStringLiteral(
+                   R"(<GlobalBsram><BSRam name="r" port_b_write="9" type="0"/></GlobalBsram>)"));
+    const QWidget *rams = page(name);
+    const auto isGray = [rams](int column) {
+        return cell(rams, 0, column).data(Qt::BackgroundRole).isValid();
+    };
+    QVERIFY(!isGray(1)); // unset, yet never gray
+    QVERIFY(isGray(2));  // unset, though it can be edited
+    QVERIFY(!isGray(6)); // set, though it cannot be edited
+    QCOMPARE(cell(rams, 0, 6).data().toDouble(), 9.0);
+    QVERIFY(!cell(rams, 0, 2).data(Qt::EditRole).isValid());
+    rams->findChild<QDoubleSpinBox *>(QStringLiteral("spinReadProbability"))->setValue(3);
+    QVERIFY(m_view->isModified());
+}
+
+void TestActivityPages::clockNamesAreTyped()
+{
+    auto *clocks =
+        qobject_cast<ClockEnableSetWidget *>(page(QStringLiteral("VLT::ClockEnableSetWidget")));
+    clocks->onAdd();
+    QVERIFY(!m_view->isModified());
+    QCOMPARE(written(QStringLiteral("VLT::ClockEnableSetWidget")),
+             QStringLiteral(R"(<GlobalEnable value="100"/>)"));
+    const auto take = [&](const char *text) {
+        return table(clocks)->model()->setData(cell(clocks, 0, 0), QString::fromLatin1(text));
+    };
+    for (const char *refused : {"9clk", "clk-a", "_", "_1", "", "a b"})
+        QVERIFY2(!take(refused), refused);
+    QVERIFY(!m_view->isModified());
+    for (const char *accepted : {"_clk9", "clk_50m", "CLK2"})
+        QVERIFY2(take(accepted), accepted);
+    QVERIFY(!take("CLK2"));
+    QVERIFY(m_view->isModified());
+    QCOMPARE(cell(clocks, 0, 1).data(Qt::EditRole).toDouble(), 100.0);
+    QVERIFY(table(clocks)->model()->setData(cell(clocks, 0, 1), QStringLiteral("100.00")));
+    QCOMPARE(written(QStringLiteral("VLT::ClockEnableSetWidget")),
+             QStringLiteral(R"(<GlobalEnable value="100"><Clock name="CLK2" value="100"/>)"
+                            R"(</GlobalEnable>)"));
+}
+
+void TestActivityPages::viewMayCloseUnderTheFinder()
+{
+    auto *ports = qobject_cast<PortSetWidget *>(page(QStringLiteral("VLT::PortSetWidget")));
+    const ModalDriver driver([this](QWidget *) { m_view.reset(); });
+    ports->onAdd();
+    QVERIFY(!m_view);
+}
+
+void TestActivityPages::netlistMayChangeUnderTheFinder()
+{
+    auto *ports = qobject_cast<PortSetWidget *>(page(QStringLiteral("VLT::PortSetWidget")));
+    const NlsData::Netlist *old = m_view->getNetlist();
+    const ModalDriver driver([&](QWidget *dialog) {
+        m_host->finishSynthesis();
+        QTRY_VERIFY(m_view->getNetlist() != old);
+        takeAll(dialog);
+    });
+    ports->onAdd();
+    QVERIFY(ports->isExist(QStringLiteral("led[0]")));
+}
+
+QTEST_MAIN(TestActivityPages)
+#include "test_activitypages.moc"

@@ -1,0 +1,181 @@
+#include "activitynetlist.h"
+
+#include "activity/nlsdatafinderdialog.h"
+
+#include <QAbstractButton>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QtTest>
+
+using VLT::NlsDataFinderDialog;
+
+namespace {
+
+QStringList words(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+/// A finder driven by its widgets.
+class Finder : public NlsDataFinderDialog
+{
+public:
+    Finder(NlsData::Netlist *netlist, int type)
+        : NlsDataFinderDialog(nullptr, netlist, FindType(type))
+        , filter(findChild<QLineEdit *>(QStringLiteral("lineEditFilter")))
+        , list(findChild<QListWidget *>(QStringLiteral("listWidget")))
+        , found(findChild<QLabel *>(QStringLiteral("labelFound")))
+    {
+        show();
+    }
+
+    QStringList search(const QString &pattern)
+    {
+        filter->setText(pattern);
+        QTest::keyClick(filter, Qt::Key_Return);
+        QStringList texts;
+        for (int row = 0; row < list->count(); ++row)
+            texts << list->item(row)->text();
+        return texts;
+    }
+
+    void click(int row)
+    {
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                          list->visualItemRect(list->item(row)).center());
+    }
+
+    QLineEdit *const filter;
+    QListWidget *const list;
+    QLabel *const found;
+};
+
+} // namespace
+
+class TestNlsDataFinderDialog : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { m_netlist.reset(activityNetlist()); }
+    void listsItsType_data();
+    void listsItsType();
+    void matchesWholePaths_data();
+    void matchesWholePaths();
+    void resultsFollowTheSelection();
+    void resultsOfAnotherTypeAreEmpty();
+    void enterInTheListAccepts();
+    void livesWithoutNetlist();
+
+private:
+    std::unique_ptr<NlsData::Netlist> m_netlist;
+};
+
+void TestNlsDataFinderDialog::listsItsType_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QStringList>("objects");
+    QTest::newRow("ports") << 0 << "Port Finder"
+                           << words("clk led[0] led[1] led[2] led[3] CPU_q loose bus");
+    QTest::newRow("block SRAMs") << 3 << "BSRAM Finder"
+                                 << words("ram0 ram1 ram2 ram3 ram4 ram5 ram6 ram7 ram8");
+    QTest::newRow("output ports") << 4 << "Port Finder"
+                                  << words("led[0] led[1] led[2] led[3] CPU_q loose bus");
+    QTest::newRow("flip-flops") << 5 << "DFF Finder" << words("CPU_reg u_cpu/reg_9");
+    QTest::newRow("other") << 1 << "Dialog" << QStringList();
+}
+
+void TestNlsDataFinderDialog::listsItsType()
+{
+    QFETCH(int, type);
+    QFETCH(QString, title);
+    QFETCH(QStringList, objects);
+    Finder finder(m_netlist.get(), type);
+    QCOMPARE(finder.windowTitle(), title);
+    QCOMPARE(finder.list->count(), 0);
+    QCOMPARE(finder.filter->text(), QStringLiteral("*"));
+    QCOMPARE(finder.search({}), objects);
+    QCOMPARE(finder.found->text(), QStringLiteral("%1 objects found").arg(objects.size()));
+}
+
+void TestNlsDataFinderDialog::matchesWholePaths_data()
+{
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<QStringList>("objects");
+    QTest::newRow("case") << "cpu*" << words("CPU_reg");
+    QTest::newRow("across the hierarchy") << "*CPU*" << words("CPU_reg u_cpu/reg_9");
+    QTest::newRow("whole path") << "reg_9" << QStringList();
+    QTest::newRow("one character") << "u?cpu/reg_?" << words("u_cpu/reg_9");
+    QTest::newRow("everything") << "**" << words("CPU_reg u_cpu/reg_9");
+    QTest::newRow("not valid") << "[" << QStringList();
+}
+
+void TestNlsDataFinderDialog::matchesWholePaths()
+{
+    QFETCH(QString, pattern);
+    QFETCH(QStringList, objects);
+    Finder finder(m_netlist.get(), NlsDataFinderDialog::FindDff);
+    QCOMPARE(finder.search(pattern), objects);
+
+    Finder ports(m_netlist.get(), NlsDataFinderDialog::FindPort);
+    QCOMPARE(ports.search(QStringLiteral("led[3]")), QStringList());
+    QCOMPARE(ports.search(QStringLiteral("led\\[3\\]")), words("led[3]"));
+    QCOMPARE(ports.found->text(), QStringLiteral("1 object found"));
+}
+
+void TestNlsDataFinderDialog::resultsFollowTheSelection()
+{
+    Finder finder(m_netlist.get(), NlsDataFinderDialog::FindOBuff);
+    finder.search(QStringLiteral("*"));
+    finder.click(5);
+    finder.click(2);
+    QCOMPARE(finder.getSelected(), words("loose led[2]"));
+    QStringList paths;
+    for (const NlsData::Port *port : finder.getBuff())
+        paths << port->path();
+    QCOMPARE(paths, finder.getSelected());
+
+    QCOMPARE(finder.search(QStringLiteral("bus")), words("bus"));
+    QVERIFY(finder.getBuff().isEmpty());
+    finder.click(0);
+    QCOMPARE(finder.getBuff().first()->path(), QStringLiteral("bus"));
+}
+
+void TestNlsDataFinderDialog::resultsOfAnotherTypeAreEmpty()
+{
+    Finder dffs(m_netlist.get(), NlsDataFinderDialog::FindDff);
+    dffs.search(QStringLiteral("*"));
+    dffs.list->selectAll();
+    QCOMPARE(dffs.getSelected().size(), 2);
+    QVERIFY(dffs.getBuff().isEmpty());
+    QVERIFY(dffs.getBsram().isEmpty());
+    Finder rams(m_netlist.get(), NlsDataFinderDialog::FindBsram);
+    rams.search(QStringLiteral("ram[37]"));
+    rams.list->selectAll();
+    QCOMPARE(rams.getBsram().size(), 2);
+    QCOMPARE(rams.getBsram().last()->path(), QStringLiteral("ram7"));
+}
+
+void TestNlsDataFinderDialog::enterInTheListAccepts()
+{
+    Finder finder(m_netlist.get(), NlsDataFinderDialog::FindDff);
+    QVERIFY(QTest::qWaitForWindowActive(&finder));
+    finder.search(QStringLiteral("*"));
+    finder.list->setFocus();
+    QTest::keyClick(finder.list, Qt::Key_Down);
+    QTest::keyClick(finder.list, Qt::Key_Return);
+    QCOMPARE(finder.result(), int(QDialog::Accepted));
+    QCOMPARE(finder.getSelected().size(), 1);
+}
+
+void TestNlsDataFinderDialog::livesWithoutNetlist()
+{
+    Finder finder(nullptr, NlsDataFinderDialog::FindPort);
+    QCOMPARE(finder.search(QStringLiteral("*")), QStringList());
+}
+
+QTEST_MAIN(TestNlsDataFinderDialog)
+#include "test_nlsdatafinderdialog.moc"
