@@ -22,6 +22,14 @@ function(vlt_common target)
     endif()
 endfunction()
 
+# Every symbol of a library is found when it is linked. The sanitizers of clang leave theirs to the
+# program.
+function(vlt_no_undefined target)
+    if(NOT VLT_FUZZ)
+        target_link_options(${target} PRIVATE -Wl,--no-undefined)
+    endif()
+endfunction()
+
 # The target `host_contract`: headers and library that the plug-in is built against.
 function(vlt_define_host_contract)
     add_library(host_contract INTERFACE)
@@ -42,7 +50,7 @@ function(vlt_add_plugin name)
     set_target_properties(${name} PROPERTIES
         LIBRARY_OUTPUT_DIRECTORY ${VLT_PLUGIN_DIR}
         BUILD_RPATH_USE_ORIGIN ON)
-    target_link_options(${name} PRIVATE -Wl,--no-undefined)
+    vlt_no_undefined(${name})
 endfunction()
 
 # A test program made of <name>.cpp, run offscreen by ctest.

@@ -99,7 +99,7 @@ void JsonWalk::skip(ondemand::value value, int depth) const
         check(value.get_bool().error(), "value");
         break;
     case ondemand::json_type::null:
-        if (!value.is_null())
+        if (!take(value.is_null(), "value"))
             fail(simdjson::TAPE_ERROR, "value");
         break;
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+// Every error of the parser passes through JsonWalk, none is thrown past it.
+#define SIMDJSON_EXCEPTIONS 0
 #include <simdjson.h>
 
 #include <QString>

@@ -100,9 +100,10 @@ std::unique_ptr<Netlist> readNetlistWithDialog(QWidget *parent, const QString &p
             break;
     }
     reader.join();
+    const bool cancelled = control->isCancelled();
     delete dialog;
 
-    if (control->isCancelled() && netlist) {
+    if (cancelled && netlist) {
         netlist.reset();
         problem = QObject::tr("Reading the netlist file was cancelled.");
     }
