@@ -1,27 +1,138 @@
 #include "rates/ratewidget.h"
 
+#include "document/filenames.h"
+#include "document/plainmessage.h"
 #include "document/vltview.h"
+#include "rates/ratetableview.h"
+#include "ui_ratewidget.h"
+
+#include <QDomElement>
+#include <QXmlStreamWriter>
 
 namespace VLT {
+
+namespace {
+
+constexpr char TYPE_TOGGLE[] = "toggle";
+constexpr char TYPE_SIGNAL[] = "signal";
+
+} // namespace
 
 RateWidget::RateWidget(VLTView *view, QWidget *parent)
     : QWidget(parent)
     , m_view(view)
+    , m_ui(std::make_unique<Ui::NetRateEditor>())
 {
+    m_ui->setupUi(this);
+    m_ui->tableviewNet->setType(RateOfNets);
+    m_ui->tableviewNet->setView(view);
+    m_ui->tableviewPort->setType(RateOfPorts);
+    m_ui->tableviewPort->setView(view);
+
+    connect(m_ui->btnAdd, &QToolButton::clicked, m_ui->tableviewNet, &RateTableView::onNew);
+    connect(m_ui->btnRemove, &QToolButton::clicked, m_ui->tableviewNet, &RateTableView::onRemove);
+    connect(m_ui->btnAddIO, &QToolButton::clicked, m_ui->tableviewPort, &RateTableView::onNew);
+    connect(m_ui->btnRemoveIO, &QToolButton::clicked, m_ui->tableviewPort,
+            &RateTableView::onRemove);
+    for (const QRadioButton *radio : {m_ui->radioToggle, m_ui->radioSignal})
+        connect(radio, &QRadioButton::clicked, this, &RateWidget::onNetRateUnitChanged);
+    for (const QRadioButton *radio : {m_ui->radioSignalIO, m_ui->radioToggleIO})
+        connect(radio, &QRadioButton::clicked, this, &RateWidget::onIORateUnitChanged);
+    m_ui->groupIORate->hide();
 }
 
-void RateWidget::readData(QDomElement *) {}
+RateWidget::~RateWidget() = default;
 
-void RateWidget::writeData(QXmlStreamWriter *) const {}
+void RateWidget::readData(QDomElement *parent)
+{
+    const QDomElement section = parent->firstChildElement(QLatin1String(NODE_NET_RATE));
+    if (section.isNull())
+        return;
+    const bool toggle = section.attribute(QLatin1String(ATTR_TYPE)) == QLatin1String(TYPE_TOGGLE);
+    (toggle ? m_ui->radioToggle : m_ui->radioSignal)->setChecked(true);
+    m_ui->tableviewNet->setValueType(toggle);
+
+    QList<VLT_Rate *> rates;
+    const QLatin1String node(NODE_NET);
+    for (QDomElement net = section.firstChildElement(node); !net.isNull();
+         net = net.nextSiblingElement(node)) {
+        rates.append(new VLT_Rate{net.attribute(QLatin1String(ATTR_NAME)),
+                                  net.attribute(QLatin1String(ATTR_VALUE))});
+    }
+    m_ui->tableviewNet->setData(rates);
+}
+
+void RateWidget::writeData(QXmlStreamWriter *writer) const
+{
+    const QList<VLT_Rate *> &rates = m_ui->tableviewNet->getData();
+    if (rates.isEmpty())
+        return;
+    writer->writeStartElement(QLatin1String(NODE_NET_RATE));
+    writer->writeAttribute(
+        QLatin1String(ATTR_TYPE),
+        QLatin1String(m_ui->radioToggle->isChecked() ? TYPE_TOGGLE : TYPE_SIGNAL));
+    for (const VLT_Rate *rate : rates) {
+        writer->writeEmptyElement(QLatin1String(NODE_NET));
+        writer->writeAttribute(QLatin1String(ATTR_NAME), rate->name);
+        writer->writeAttribute(QLatin1String(ATTR_VALUE), rate->value);
+    }
+    writer->writeEndElement();
+}
 
 bool RateWidget::checkData()
 {
+    return checkValues(m_ui->tableviewNet, tr("Rate value of Net '%1' is empty.")) &&
+           checkValues(m_ui->tableviewPort, tr("Rate value of Port '%1' is empty."));
+}
+
+bool RateWidget::checkValues(const RateTableView *table, const QString &text)
+{
+    for (const VLT_Rate *rate : table->getData()) {
+        if (rate->value.isEmpty()) {
+            showMessage(QMessageBox::Warning, this, tr("Warning"), text.arg(rate->name));
+            return false;
+        }
+    }
     return true;
 }
 
 void RateWidget::modified()
 {
     m_view->setModified(true);
+}
+
+void RateWidget::onVectorlessChanged(bool vectorless)
+{
+    m_ui->groupIORate->setEnabled(vectorless);
+}
+
+void RateWidget::onNetRateUnitChanged()
+{
+    changeUnit(m_ui->tableviewNet, m_ui->radioToggle, m_ui->radioSignal);
+}
+
+void RateWidget::onIORateUnitChanged()
+{
+    changeUnit(m_ui->tableviewPort, m_ui->radioToggleIO, m_ui->radioSignalIO);
+}
+
+void RateWidget::changeUnit(RateTableView *table, QRadioButton *toggle, QRadioButton *signal)
+{
+    if (table->getData().isEmpty()) {
+        table->setValueType(toggle->isChecked());
+        return;
+    }
+    const QMessageBox::StandardButton answer = showMessage(
+        QMessageBox::Question, this, tr("Confirm"),
+        tr("Are you sure to change unit?\nThe edited values will be clear after changed."),
+        QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+    if (answer == QMessageBox::Yes) {
+        table->setValueType(toggle->isChecked());
+        table->resetValue();
+    } else if (answer == QMessageBox::No) {
+        // The table's unit, not the button clicked: that may be the one that was already checked.
+        (table->valueType() ? toggle : signal)->setChecked(true);
+    }
 }
 
 } // namespace VLT

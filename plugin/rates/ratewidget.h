@@ -2,30 +2,49 @@
 
 #include <QWidget>
 
+#include <memory>
+
 class QDomElement;
+class QRadioButton;
 class QXmlStreamWriter;
 
 namespace VLT {
 
+namespace Ui {
+class NetRateEditor;
+}
+
+class RateTableView;
 class VLTView;
 
+/// Toggle rates of nets, with their section of the file. The table of ports is built and checked
+/// like that of the nets, but hidden, and not in the file.
 class RateWidget : public QWidget
 {
     Q_OBJECT
 
 public:
     RateWidget(VLTView *view, QWidget *parent);
+    ~RateWidget() override;
 
     void readData(QDomElement *parent);
     void writeData(QXmlStreamWriter *writer) const;
+
+    /// Tells the user about the first rate without a value; false then.
     bool checkData();
 
 public slots:
     void modified();
-    void onVectorlessChanged(bool) {}
+    void onVectorlessChanged(bool vectorless);
+    void onNetRateUnitChanged();
+    void onIORateUnitChanged();
 
 private:
+    bool checkValues(const RateTableView *table, const QString &text);
+    void changeUnit(RateTableView *table, QRadioButton *toggle, QRadioButton *signal);
+
     VLTView *const m_view;
+    const std::unique_ptr<Ui::NetRateEditor> m_ui;
 };
 
 } // namespace VLT

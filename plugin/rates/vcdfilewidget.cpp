@@ -1,27 +1,246 @@
 #include "rates/vcdfilewidget.h"
 
+#include "document/filenames.h"
+#include "document/plainmessage.h"
+#include "document/plainnumber.h"
 #include "document/vltview.h"
+#include "rates/vcdfilesetdialog.h"
+#include "tables/guardeddialog.h"
+#include "ui_vcdfilewidget.h"
+
+#include "nlsdata/netlist.h"
+
+#include <QDomElement>
+#include <QHeaderView>
+#include <QXmlStreamWriter>
 
 namespace VLT {
 
+namespace {
+
+enum RateUnit { TOGGLE_RATE, SIGNAL_RATE }; // places in the unit boxes
+
+constexpr double MAX_TOGGLE_RATE = 200.0;
+constexpr double MAX_SIGNAL_RATE = 99999999.0;
+constexpr double DEFAULT_TOGGLE_RATE = 12.5;
+
+constexpr char TYPE_VCD[] = "vcd";
+constexpr char TYPE_SAIF[] = "saif";
+constexpr char FLAG_TRUE[] = "TRUE";
+constexpr char FLAG_FALSE[] = "FALSE";
+
+} // namespace
+
 VcdFileWidget::VcdFileWidget(VLTView *view, QWidget *parent)
-    : QWidget(parent)
-    , m_view(view)
+    : TablePage(view, parent)
+    , m_model(m_records.list(), this)
+    , m_ui(std::make_unique<Ui::VcdFileTableView>())
 {
+    m_ui->setupUi(this);
+    setUpTable(m_ui->tableView, &m_model, {200, 240, 120}, tr("Add Input File"));
+    m_ui->tableView->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    connectCommands(m_ui->btnAdd, m_ui->btnRemove, &VcdFileWidget::onNew,
+                    &VcdFileWidget::onShowContextMenu);
+    // Queued: the table must not be handling its mouse event any more when its view is closed under
+    // the dialog.
+    connect(m_ui->tableView, &QTableView::doubleClicked, this, &VcdFileWidget::onEditData,
+            Qt::QueuedConnection);
+    connect(m_ui->checkGlitch, &QCheckBox::clicked, this, &VcdFileWidget::onGlitchChanged);
+    for (const QDoubleSpinBox *edit : {m_ui->editIOValue, m_ui->editRemainValue}) {
+        connect(edit, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+                &VcdFileWidget::modified);
+    }
+    connect(m_ui->comboIOUnit, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &VcdFileWidget::onIOUnitChanged);
+    connect(m_ui->comboRemainUnit, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &VcdFileWidget::onRemainUnitChanged);
+    m_ui->radioVectorless->hide();
 }
 
-void VcdFileWidget::readData(QDomElement *) {}
+VcdFileWidget::~VcdFileWidget() = default;
 
-void VcdFileWidget::writeData(QXmlStreamWriter *) const {}
+VcdFileWidget::DefaultRate VcdFileWidget::ioRate() const
+{
+    return {m_ui->editIOValue, m_ui->comboIOUnit, NODE_DEFAULT_IO_TOGGLE, NODE_DEFAULT_IO_SIGNAL};
+}
+
+VcdFileWidget::DefaultRate VcdFileWidget::remainRate() const
+{
+    return {m_ui->editRemainValue, m_ui->comboRemainUnit, NODE_DEFAULT_RM_TOGGLE,
+            NODE_DEFAULT_RM_SIGNAL};
+}
+
+void VcdFileWidget::readData(QDomElement *parent)
+{
+    const QDomElement rates = parent->firstChildElement(QLatin1String(NODE_DEFAULT_CFG));
+    if (!rates.isNull()) {
+        readRate(rates, ioRate());
+        readRate(rates, remainRate());
+    }
+    const QDomElement files = parent->firstChildElement(QLatin1String(NODE_SIMU_FILE));
+    if (!files.isNull())
+        readFiles(files);
+}
+
+void VcdFileWidget::readRate(const QDomElement &section, const DefaultRate &rate)
+{
+    QDomElement element = section.firstChildElement(QLatin1String(rate.toggleNode));
+    const RateUnit unit = element.isNull() ? SIGNAL_RATE : TOGGLE_RATE;
+    if (element.isNull())
+        element = section.firstChildElement(QLatin1String(rate.signalNode));
+    if (element.isNull())
+        return;
+    // The unit first: it sets the limit of the value.
+    rate.unit->setCurrentIndex(unit);
+    rate.value->setValue(numberFromText(element.text()));
+}
+
+void VcdFileWidget::readFiles(const QDomElement &section)
+{
+    const auto attribute = [](const QDomElement &element, const char *name) {
+        return element.attribute(QLatin1String(name));
+    };
+    const QLatin1String node(NODE_FILE);
+    for (QDomElement element = section.firstChildElement(node); !element.isNull();
+         element = element.nextSiblingElement(node)) {
+        auto file = std::make_unique<VLT_VcdFile>();
+        file->file = attribute(element, ATTR_NAME);
+        file->entity = attribute(element, ATTR_ENTITY);
+        if (file->entity.isEmpty())
+            file->entity = designName();
+        file->isVcd = attribute(element, ATTR_TYPE) == QLatin1String(TYPE_VCD);
+        file->startTime = attribute(element, ATTR_START_TIME);
+        file->endTime = attribute(element, ATTR_END_TIME);
+        file->timeUnit = attribute(element, ATTR_TIME_UNIT);
+        m_records.list().append(file.release());
+    }
+    const QDomElement glitch = section.firstChildElement(QLatin1String(NODE_FILTER_GLITCH));
+    if (!glitch.isNull())
+        m_ui->checkGlitch->setChecked(glitch.text() == QLatin1String(FLAG_TRUE));
+    m_model.reload();
+}
+
+void VcdFileWidget::writeData(QXmlStreamWriter *writer) const
+{
+    writer->writeStartElement(QLatin1String(NODE_DEFAULT_CFG));
+    writeRate(writer, ioRate());
+    writeRate(writer, remainRate());
+    writer->writeEndElement();
+    if (m_records.list().isEmpty())
+        return;
+    writer->writeStartElement(QLatin1String(NODE_SIMU_FILE));
+    for (const VLT_VcdFile *file : m_records.list())
+        writeFile(writer, *file);
+    writer->writeTextElement(
+        QLatin1String(NODE_FILTER_GLITCH),
+        QLatin1String(m_ui->checkGlitch->isChecked() ? FLAG_TRUE : FLAG_FALSE));
+    writer->writeEndElement();
+}
+
+void VcdFileWidget::writeRate(QXmlStreamWriter *writer, const DefaultRate &rate)
+{
+    // A number being typed is shown as typed until it is interpreted.
+    rate.value->interpretText();
+    const bool toggle = rate.unit->currentIndex() == TOGGLE_RATE;
+    writer->writeTextElement(QLatin1String(toggle ? rate.toggleNode : rate.signalNode),
+                             rate.value->text());
+}
+
+void VcdFileWidget::writeFile(QXmlStreamWriter *writer, const VLT_VcdFile &file) const
+{
+    const auto attribute = [writer](const char *name, const QString &text) {
+        writer->writeAttribute(QLatin1String(name), text);
+    };
+    writer->writeEmptyElement(QLatin1String(NODE_FILE));
+    attribute(ATTR_TYPE, QLatin1String(file.isVcd ? TYPE_VCD : TYPE_SAIF));
+    attribute(ATTR_NAME, file.file);
+    attribute(ATTR_ENTITY, file.entity == designName() ? QString() : file.entity);
+    if (!file.startTime.isEmpty())
+        attribute(ATTR_START_TIME, file.startTime);
+    if (!file.endTime.isEmpty())
+        attribute(ATTR_END_TIME, file.endTime);
+    if (!file.startTime.isEmpty() || !file.endTime.isEmpty())
+        attribute(ATTR_TIME_UNIT, file.timeUnit);
+}
+
+QString VcdFileWidget::designName() const
+{
+    return view()->getNetlist()->name();
+}
 
 bool VcdFileWidget::checkData()
 {
+    for (const VLT_VcdFile *file : m_records.list()) {
+        if (!isActivityFile(file->file)) {
+            showMessage(QMessageBox::Warning, this, tr("Warning"),
+                        tr("The vcd file '%1' doesn't exist.").arg(file->file));
+            return false;
+        }
+    }
     return true;
 }
 
 void VcdFileWidget::modified()
 {
-    m_view->setModified(true);
+    view()->setModified(true);
+}
+
+void VcdFileWidget::onNew()
+{
+    GuardedDialog<VcdFileSetDialog> dialog(new VcdFileSetDialog(view(), this, nullptr));
+    if (!dialog.exec())
+        return;
+    const int oldCount = m_records.list().size();
+    m_records.list().append(dialog->data());
+    showAdded(oldCount);
+    modified();
+}
+
+void VcdFileWidget::onEditData(QModelIndex index)
+{
+    VLT_VcdFile *file = m_records.list().value(index.isValid() ? index.row() : -1);
+    if (!file)
+        return;
+    GuardedDialog<VcdFileSetDialog> dialog(new VcdFileSetDialog(view(), this, file));
+    if (!dialog.exec())
+        return;
+    m_model.updateRow(m_records.list().indexOf(file));
+    modified();
+}
+
+void VcdFileWidget::onShowContextMenu(QPoint point)
+{
+    showMenu(m_ui->tableView->viewport()->mapToGlobal(point));
+}
+
+void VcdFileWidget::onGlitchChanged()
+{
+    // The flag is part of the files' section, which is not written without files.
+    if (!m_records.list().isEmpty())
+        modified();
+}
+
+void VcdFileWidget::onIOUnitChanged()
+{
+    changeUnit(ioRate());
+}
+
+void VcdFileWidget::onRemainUnitChanged()
+{
+    changeUnit(remainRate());
+}
+
+void VcdFileWidget::changeUnit(const DefaultRate &rate)
+{
+    if (rate.unit->currentIndex() == TOGGLE_RATE) {
+        // Before the limit, which would make 200 of a larger value.
+        if (rate.value->value() > MAX_TOGGLE_RATE)
+            rate.value->setValue(DEFAULT_TOGGLE_RATE);
+        rate.value->setMaximum(MAX_TOGGLE_RATE);
+    } else {
+        rate.value->setMaximum(MAX_SIGNAL_RATE);
+    }
+    modified();
 }
 
 } // namespace VLT

@@ -1,33 +1,74 @@
 #pragma once
 
-#include <QWidget>
+#include "rates/vcdfilemodel.h"
+#include "tables/recordlist.h"
+#include "tables/tablepage.h"
 
+#include <memory>
+
+class QComboBox;
 class QDomElement;
+class QDoubleSpinBox;
 class QXmlStreamWriter;
 
 namespace VLT {
 
-class VLTView;
+namespace Ui {
+class VcdFileTableView;
+}
 
-class VcdFileWidget : public QWidget
+/// Simulation activity files, the default rates of signals that neither a file nor an explicit
+/// rate covers, and their sections of the file. It owns the records.
+class VcdFileWidget : public TablePage
 {
     Q_OBJECT
 
 public:
     VcdFileWidget(VLTView *view, QWidget *parent);
+    ~VcdFileWidget() override;
 
+    /// Appends to what is listed.
     void readData(QDomElement *parent);
     void writeData(QXmlStreamWriter *writer) const;
+
+    /// Tells the user about the first file that does not exist; false then.
     bool checkData();
 
 public slots:
     void modified();
+    void onNew();
+    void onEditData(QModelIndex index);
+    void onShowContextMenu(QPoint point);
+    void onGlitchChanged();
+    void onIOUnitChanged();
+    void onRemainUnitChanged();
 
 signals:
+    /// Not emitted while vectorless estimation is not offered.
     void vectorlessChanged(bool vectorless);
 
 private:
-    VLTView *const m_view;
+    /// A default rate: its number, its unit, and the elements that hold it in either unit.
+    struct DefaultRate
+    {
+        QDoubleSpinBox *value;
+        QComboBox *unit;
+        const char *toggleNode;
+        const char *signalNode;
+    };
+    DefaultRate ioRate() const;
+    DefaultRate remainRate() const;
+    static void readRate(const QDomElement &section, const DefaultRate &rate);
+    static void writeRate(QXmlStreamWriter *writer, const DefaultRate &rate);
+    void changeUnit(const DefaultRate &rate);
+
+    void readFiles(const QDomElement &section);
+    void writeFile(QXmlStreamWriter *writer, const VLT_VcdFile &file) const;
+    QString designName() const;
+
+    RecordList<VLT_VcdFile> m_records;
+    VcdFileModel m_model;
+    const std::unique_ptr<Ui::VcdFileTableView> m_ui;
 };
 
 } // namespace VLT

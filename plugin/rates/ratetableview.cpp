@@ -1,0 +1,115 @@
+#include "rates/ratetableview.h"
+
+#include "activity/nlsdatafinderdialog.h"
+#include "document/vltview.h"
+#include "tables/doubledelegate.h"
+#include "tables/guardeddialog.h"
+
+#include "nlsdata/findnetdialog.h"
+#include "nlsdata/netlist.h"
+#include "utils/tableview.h"
+
+#include <QHeaderView>
+#include <QVBoxLayout>
+
+namespace VLT {
+
+namespace {
+
+constexpr int NAME_WIDTH = 500;
+constexpr int VALUE_WIDTH = 100;
+constexpr double MAX_TOGGLE_RATE = 200.0;
+constexpr double MAX_SIGNAL_RATE = 99999999.0;
+
+} // namespace
+
+RateTableView::RateTableView(QWidget *parent)
+    : TablePage(nullptr, parent)
+    , m_model(m_records.list(), this)
+    , m_table(new Utils::TableView(this))
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_table);
+    m_records.follow(&m_model);
+    setUpTable(m_table, &m_model, {NAME_WIDTH});
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    delegate()->setMaximum(MAX_TOGGLE_RATE);
+    connectCommands(nullptr, nullptr, &RateTableView::onNew, &RateTableView::onShowContextMenu);
+}
+
+void RateTableView::setData(const QList<VLT_Rate *> &rates)
+{
+    m_records.list() = rates;
+    m_model.reload();
+}
+
+void RateTableView::setValueType(bool toggle)
+{
+    m_model.setUnitType(toggle);
+    delegate()->setMaximum(toggle ? MAX_TOGGLE_RATE : MAX_SIGNAL_RATE);
+}
+
+void RateTableView::resetValue()
+{
+    for (VLT_Rate *rate : m_records.list())
+        rate->value.clear();
+    view()->setModified(true);
+}
+
+QSize RateTableView::sizeHint() const
+{
+    return {NAME_WIDTH + VALUE_WIDTH, TablePage::sizeHint().height()};
+}
+
+void RateTableView::onNew()
+{
+    if (m_type == RateOfNets)
+        addNets();
+    else
+        addPorts();
+}
+
+void RateTableView::addNets()
+{
+    const QPointer<RateTableView> self(this);
+    // Kept while the chosen nets are used: a synthesis run may replace the view's netlist.
+    const auto netlist = view()->holdNetlist();
+    const QList<NlsData::Net *> nets =
+        NlsData::FindNetDialog::getList(netlist->netMap().values(), this);
+    if (!self || nets.isEmpty())
+        return;
+    const int oldCount = getData().size();
+    for (const NlsData::Net *net : nets)
+        addRate(net->path());
+    showAdded(oldCount);
+}
+
+void RateTableView::addPorts()
+{
+    const auto netlist = view()->holdNetlist();
+    GuardedDialog<NlsDataFinderDialog> finder(
+        new NlsDataFinderDialog(this, netlist.get(), NlsDataFinderDialog::FindPort));
+    if (!finder.exec())
+        return;
+    const int oldCount = getData().size();
+    const QStringList names = finder->getSelected();
+    for (const QString &name : names)
+        addRate(name);
+    showAdded(oldCount);
+}
+
+void RateTableView::addRate(const QString &name)
+{
+    if (isExist(name))
+        return;
+    m_records.append(std::make_unique<VLT_Rate>(VLT_Rate{name, QString()}));
+    view()->setModified(true);
+}
+
+void RateTableView::onShowContextMenu(QPoint point)
+{
+    showMenu(m_table->viewport()->mapToGlobal(point));
+}
+
+} // namespace VLT

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "rates/vltvcdfile.h"
+#include "tables/recordmodel.h"
+
+namespace VLT {
+
+/// Simulation activity files. The columns of the two times are served and sorted, but not shown.
+class VcdFileModel : public RecordModel<VLT_VcdFile>
+{
+    Q_OBJECT
+
+public:
+    VcdFileModel(QList<VLT_VcdFile *> &records, QObject *parent);
+
+    /// Tells the views that the record at `row` has changed.
+    void updateRow(int row);
+
+    static bool lessThanByInst(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
+    static bool greaterThanByInst(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
+    /// By the full path.
+    static bool lessThanByFile(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
+    static bool greaterThanByFile(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
+    /// VCD before SAIF.
+    static bool lessThanByFileType(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
+    static bool greaterThanByFileType(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
+    /// Times by their number, whatever the unit.
+    static bool lessThanByStart(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
+    static bool greaterThanByStart(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
+    static bool lessThanByEnd(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
+    static bool greaterThanByEnd(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
+};
+
+} // namespace VLT

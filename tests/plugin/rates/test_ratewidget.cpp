@@ -1,0 +1,325 @@
+#include "rates/ratewidget.h"
+
+#include "rates/ratetableview.h"
+#include "ratesfixture.h"
+#include "support/modaldriver.h"
+
+#include <QGroupBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QListView>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QToolButton>
+
+using namespace VLT;
+
+namespace {
+
+struct Fixture : RatesFixture<RateWidget>
+{
+    explicit Fixture(const TestHost &host)
+        : RatesFixture(host)
+        , nets(find<RateTableView>("tableviewNet"))
+        , table(nets->findChild<QTableView *>())
+    {
+    }
+
+    QStringList names() const { return shownColumn(table->model(), 0); }
+    QStringList values() const { return shownColumn(table->model(), 1); }
+
+    /// Types over the value of a row; the editor is left by `key`.
+    void type(int row, const char *text, Qt::Key key = Qt::Key_Return) const
+    {
+        doubleClickCell(table, row, 1);
+        auto *editor = table->findChild<QAbstractSpinBox *>();
+        QVERIFY(editor);
+        editor->selectAll();
+        QTest::keyClick(editor, Qt::Key_Delete);
+        QTest::keyClicks(editor, QLatin1String(text));
+        QTest::keyClick(editor, key);
+        QCoreApplication::processEvents(); // Enter commits through the event queue
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    /// Clicks a radio button; the question that comes is answered by `button`.
+    QString clickUnit(const char *radio, QMessageBox::StandardButton button) const
+    {
+        ModalDriver driver(pressButton(button));
+        QTest::mouseClick(find<QRadioButton>(radio), Qt::LeftButton);
+        return driver.text();
+    }
+
+    RateTableView *nets;
+    QTableView *table;
+};
+
+const char TWO_NETS[] = R"(<NetRate type="toggle"><Net name="a" value="9"/>)"
+                        R"(<Net name="b" value="10"/></NetRate>)";
+
+QStringList words(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '));
+}
+
+} // namespace
+
+class TestRateWidget : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { QLocale::setDefault(QLocale::c()); }
+    void readsAndWrites_data();
+    void readsAndWrites();
+    void editsInBothUnits();
+    void storesTexts();
+    void sortsValuesAsText();
+    void asksBeforeChangingUnit();
+    void changesUnitOfEmptyTableSilently();
+    void addsNets();
+    void survivesNewNetlistAndClosing();
+    void checksBothTables();
+    void addsPorts();
+
+private:
+    const TestHost m_host;
+};
+
+void TestRateWidget::readsAndWrites_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<QByteArray>("expected");
+    QTest::addColumn<bool>("toggle");
+    const QByteArray nets(R"(<Net name="a&lt;b&gt;" value="1e2"/><Net name="a" value=""/>)");
+    const auto section = [](const char *type, const QByteArray &content) {
+        return "<NetRate" + QByteArray(type) + '>' + content + "</NetRate>";
+    };
+    const QByteArray toggle = section(R"( type="toggle")", nets);
+    const QByteArray signal = section(R"( type="signal")", nets);
+    QTest::newRow("toggle") << toggle << toggle << true;
+    QTest::newRow("signal") << signal << signal << false;
+    QTest::newRow("other case") << section(R"( type="Toggle")", nets) << signal << false;
+    QTest::newRow("no type") << section("", nets) << signal << false;
+    QTest::newRow("bare") << section(R"( type="toggle")", "<Net/><Port/><Net name=\"x\"/>")
+                          << section(R"( type="toggle")",
+                                     R"(<Net name="" value=""/><Net name="x" value=""/>)")
+                          << true;
+    QTest::newRow("no net") << section(R"( type="signal")", "") << QByteArray() << false;
+    QTest::newRow("no section") << QByteArray() << QByteArray() << true;
+}
+
+void TestRateWidget::readsAndWrites()
+{
+    QFETCH(QByteArray, xml);
+    QFETCH(bool, toggle);
+    const Fixture f(m_host);
+    f.read(xml);
+    QTEST(f.written(), "expected");
+    QCOMPARE(f.find<QRadioButton>("radioToggle")->isChecked(), toggle);
+    QCOMPARE(f.find<QRadioButton>("radioSignal")->isChecked(), !toggle);
+    QVERIFY(f.find<QGroupBox>("groupIORate")->isHidden());
+}
+
+void TestRateWidget::editsInBothUnits()
+{
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    const Fixture f(m_host);
+    f.read(TWO_NETS);
+    f.type(0, "12,5");
+    QCOMPARE(f.values(), words("12.50% 10%"));
+    QVERIFY(f.view->isModified());
+    f.type(1, "200");
+    f.type(0, "201"); // the last digit is refused
+    QCOMPARE(f.values(), words("20.00% 200.00%"));
+    f.type(0, "");
+    QCOMPARE(f.nets->getData().first()->value, QString());
+
+    f.clickUnit("radioSignal", QMessageBox::Yes);
+    f.type(0, "99999999");
+    f.type(1, "0.25");
+    QCOMPARE(f.values(), words("99999999.00 0.25"));
+
+    f.view->setModified(false);
+    f.type(1, "0.25");
+    QVERIFY(!f.view->isModified());
+    f.type(1, "7", Qt::Key_Escape);
+    QCOMPARE(f.values().at(1), QStringLiteral("0.25"));
+}
+
+void TestRateWidget::storesTexts()
+{
+    const Fixture f(m_host);
+    f.read(TWO_NETS);
+    QAbstractItemModel *model = f.table->model();
+    const QModelIndex value = model->index(0, 1);
+    QVERIFY(model->setData(value, QStringLiteral("1e1")));
+    QCOMPARE(value.data(Qt::EditRole).toString(), QStringLiteral("1e1"));
+    QCOMPARE(value.data(Qt::ToolTipRole).toString(), QStringLiteral("1e1%"));
+    QVERIFY(model->setData(value, -0.5));
+    QCOMPARE(value.data(), QVariant());
+    f.view->setModified(false);
+    QVERIFY(!model->setData(value, -1)); // cleared already
+    QVERIFY(!model->setData(model->index(0, 0), QStringLiteral("other")));
+    QVERIFY(!model->setData(value, QStringLiteral("3"), Qt::DisplayRole));
+    QVERIFY(!f.view->isModified());
+}
+
+void TestRateWidget::sortsValuesAsText()
+{
+    const Fixture f(m_host);
+    f.read(R"(<NetRate type="toggle"><Net name="b" value="9"/><Net name="A" value="10"/>)"
+           R"(<Net name="B" value=""/><Net name="a" value="10"/></NetRate>)");
+    const auto clickHeader = [&f](int column) {
+        QHeaderView *header = f.table->horizontalHeader();
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier,
+                          {header->sectionViewportPosition(column) + 5, header->height() / 2});
+    };
+    clickHeader(1);
+    QCOMPARE(f.names(), words("B A a b"));
+    clickHeader(1);
+    QCOMPARE(f.names(), words("b A a B"));
+    clickHeader(0);
+    QCOMPARE(f.names(), words("A a b B"));
+    QVERIFY(!f.view->isModified());
+}
+
+void TestRateWidget::asksBeforeChangingUnit()
+{
+    const Fixture f(m_host);
+    f.read(TWO_NETS);
+    auto *toggle = f.find<QRadioButton>("radioToggle");
+    auto *signal = f.find<QRadioButton>("radioSignal");
+    const QString question = QStringLiteral(
+        "Are you sure to change unit?\nThe edited values will be clear after changed.");
+
+    QCOMPARE(f.clickUnit("radioSignal", QMessageBox::No), question);
+    QVERIFY(toggle->isChecked());
+    QCOMPARE(f.clickUnit("radioToggle", QMessageBox::No), question); // the checked one
+    QVERIFY(toggle->isChecked());
+    QCOMPARE(f.values(), words("9% 10%"));
+    QVERIFY(!f.view->isModified());
+
+    f.clickUnit("radioSignal", QMessageBox::Yes);
+    QVERIFY(signal->isChecked());
+    QVERIFY(f.view->isModified());
+    QCOMPARE(f.names(), words("a b"));
+    QVERIFY(f.nets->getData().first()->value.isEmpty());
+    f.clickUnit("radioToggle", QMessageBox::No);
+    QVERIFY(signal->isChecked());
+
+    Fixture closed(m_host);
+    closed.read(TWO_NETS);
+    ModalDriver driver([&closed](QWidget *) { closed.view.reset(); });
+    QTest::mouseClick(closed.find<QRadioButton>("radioSignal"), Qt::LeftButton);
+}
+
+void TestRateWidget::changesUnitOfEmptyTableSilently()
+{
+    const Fixture f(m_host);
+    QTest::mouseClick(f.find<QRadioButton>("radioSignal"), Qt::LeftButton);
+    QVERIFY(!f.nets->valueType());
+    QTest::mouseClick(f.find<QRadioButton>("radioToggle"), Qt::LeftButton);
+    QVERIFY(f.nets->valueType());
+    QVERIFY(!f.view->isModified());
+}
+
+void TestRateWidget::addsNets()
+{
+    const Fixture f(m_host);
+    const auto add = [&f](int rows) {
+        ModalDriver driver([rows](QWidget *picker) {
+            auto *list = picker->findChild<QListView *>(QStringLiteral("listView"));
+            for (int row = 0; row < rows; ++row) {
+                QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::ControlModifier,
+                                  list->visualRect(list->model()->index(row, 0)).center());
+            }
+            QTest::keyClick(picker, Qt::Key_Return);
+        });
+        QTest::mouseClick(f.find<QToolButton>("btnAdd"), Qt::LeftButton);
+    };
+    const QStringList nets = f.view->getNetlist()->netMap().keys();
+    add(2);
+    QCOMPARE(f.names(), nets.mid(0, 2));
+    QVERIFY(f.view->isModified());
+    f.view->setModified(false);
+    add(2); // both are listed
+    QVERIFY(!f.view->isModified());
+    add(3);
+    QCOMPARE(f.names(), nets.mid(0, 3));
+    QVERIFY(f.view->isModified());
+
+    // The new row is selected.
+    ModalDriver driver(pressButton(QMessageBox::Yes));
+    QTest::mouseClick(f.find<QToolButton>("btnRemove"), Qt::LeftButton);
+    QCOMPARE(driver.text(), QStringLiteral("Sure to remove?"));
+    QCOMPARE(f.names(), nets.mid(0, 2));
+    QVERIFY(!f.nets->isExist(nets.at(2)));
+}
+
+void TestRateWidget::survivesNewNetlistAndClosing()
+{
+    const Fixture f(m_host);
+    {
+        ModalDriver driver([&](QWidget *picker) {
+            m_host.finishSynthesis();
+            const NlsData::Netlist *before = f.view->getNetlist();
+            QTRY_VERIFY(f.view->getNetlist() != before);
+            picker->findChild<QListView *>(QStringLiteral("listView"))->selectAll();
+            QTest::keyClick(picker, Qt::Key_Return);
+        });
+        QTest::mouseClick(f.find<QToolButton>("btnAdd"), Qt::LeftButton);
+    }
+    QCOMPARE(f.names(), f.view->getNetlist()->netMap().keys());
+
+    Fixture closed(m_host);
+    ModalDriver driver([&closed](QWidget *picker) {
+        picker->findChild<QListView *>(QStringLiteral("listView"))->selectAll();
+        closed.view.reset();
+    });
+    closed.nets->onNew();
+}
+
+void TestRateWidget::checksBothTables()
+{
+    const Fixture f(m_host);
+    QVERIFY(f.page->checkData());
+    f.find<RateTableView>("tableviewPort")->setData({new VLT_Rate{QStringLiteral("p%1"), {}}});
+    const auto refusal = [&f] {
+        ModalDriver driver([](QWidget *box) {
+            QCOMPARE(qobject_cast<QMessageBox *>(box)->textFormat(), Qt::PlainText);
+        });
+        return f.page->checkData() ? QString()
+                                   : driver.title() + QLatin1String(": ") + driver.text();
+    };
+    const QString port = QStringLiteral("Warning: Rate value of Port 'p%1' is empty.");
+    QCOMPARE(refusal(), port);
+    f.read(R"(<NetRate><Net name="x" value="1"/><Net name="y"/><Net name="z"/></NetRate>)");
+    QCOMPARE(refusal(), QStringLiteral("Warning: Rate value of Net 'y' is empty."));
+    f.type(1, "5");
+    f.type(2, "0");
+    QCOMPARE(refusal(), port);
+}
+
+void TestRateWidget::addsPorts()
+{
+    const Fixture f(m_host);
+    auto *ports = f.find<RateTableView>("tableviewPort");
+    ModalDriver driver([](QWidget *finder) {
+        QTest::mouseClick(finder->findChild<QPushButton *>(), Qt::LeftButton);
+        auto *list = finder->findChild<QListWidget *>(QStringLiteral("listWidget"));
+        QTRY_VERIFY(list->count() > 0);
+        list->selectAll();
+        static_cast<QDialog *>(finder)->accept();
+    });
+    ports->onNew();
+    QCOMPARE(driver.title(), QStringLiteral("Port Finder"));
+    QCOMPARE(ports->getData().size(), f.view->getNetlist()->ports().size());
+    QVERIFY(f.view->isModified());
+    QVERIFY(f.written().isEmpty());
+}
+
+QTEST_MAIN(TestRateWidget)
+#include "test_ratewidget.moc"

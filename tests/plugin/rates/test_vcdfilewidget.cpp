@@ -1,0 +1,323 @@
+#include "rates/vcdfilewidget.h"
+
+#include "ratesfixture.h"
+#include "support/modaldriver.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QToolButton>
+
+using namespace VLT;
+
+namespace {
+
+struct Fixture : RatesFixture<VcdFileWidget>
+{
+    explicit Fixture(const TestHost &host)
+        : RatesFixture(host)
+        , table(find<QTableView>("tableView"))
+        , ioValue(find<QDoubleSpinBox>("editIOValue"))
+        , ioUnit(find<QComboBox>("comboIOUnit"))
+        , glitch(find<QCheckBox>("checkGlitch"))
+    {
+    }
+
+    QStringList column(int column) const { return shownColumn(table->model(), column); }
+
+    QTableView *table;
+    QDoubleSpinBox *ioValue;
+    QComboBox *ioUnit;
+    QCheckBox *glitch;
+};
+
+/// A section of default rates, by the two elements' names and texts.
+QByteArray rates(const char *io, const char *ioValue, const char *rm, const char *rmValue)
+{
+    const auto element = [](const QByteArray &name, const char *text) {
+        return '<' + name + '>' + text + "</" + name + '>';
+    };
+    return "<DefaultConfig>" + element(QByteArray("DefaultIo") + io, ioValue) +
+           element(QByteArray("DefaultRm") + rm, rmValue) + "</DefaultConfig>";
+}
+
+QByteArray startRates()
+{
+    return rates("ToggleRate", "12.50", "ToggleRate", "12.50");
+}
+
+QByteArray files(const QByteArray &content, const char *glitch = "FALSE")
+{
+    return "<SimuFile>" + content + "<FilterGlitch>" + glitch + "</FilterGlitch></SimuFile>";
+}
+
+QStringList words(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(' '));
+}
+
+const char THREE_FILES[] =
+    R"(<File type="saif" name="/z/a.saif" entity="core"/>)"
+    R"(<File type="vcd" name="/a/Z.vcd" entity="" start_time="1.5" end_time="10" time_unit="ns"/>)"
+    R"(<File type="vcd" name="/b/y.vcd" entity="Alu" end_time="9" time_unit="us"/>)";
+
+} // namespace
+
+class TestVcdFileWidget : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { QLocale::setDefault(QLocale::c()); }
+    void startsWithDefaults();
+    void readsAndWritesRates_data();
+    void readsAndWritesRates();
+    void readsAndWritesFiles_data();
+    void readsAndWritesFiles();
+    void editsRatesInCommaLocale();
+    void changesUnits();
+    void showsAndSorts();
+    void marksGlitchOnlyWithFiles();
+    void addsEditsAndRemoves();
+    void survivesClosingUnderItsDialog();
+    void refusesMissingFiles();
+
+private:
+    const TestHost m_host;
+};
+
+void TestVcdFileWidget::startsWithDefaults()
+{
+    const Fixture f(m_host);
+    QCOMPARE(f.written(), startRates());
+    QVERIFY(f.find<QRadioButton>("radioVectorless")->isHidden());
+    QVERIFY(f.page->checkData());
+    f.read(QByteArray());
+    QCOMPARE(f.written(), startRates());
+}
+
+void TestVcdFileWidget::readsAndWritesRates_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<QByteArray>("expected");
+    const auto row = [](const char *name, const QByteArray &xml, const QByteArray &expected) {
+        QTest::newRow(name) << xml << expected;
+    };
+    const char *toggle = "ToggleRate";
+    const char *signal = "SignalRate";
+    const QByteArray both = rates(toggle, "0.25", signal, "99999999.00");
+    row("both units", both, both);
+    row("above the limits", rates(signal, "1e9", toggle, "200.01"),
+        rates(signal, "99999999.00", toggle, "200.00"));
+    row("no number", rates(toggle, "x", signal, "12,5"), rates(toggle, "0.00", signal, "0.00"));
+    row("not finite", rates(toggle, "nan", signal, "inf"), rates(toggle, "0.00", signal, "0.00"));
+    row("empty", "<DefaultConfig/>", startRates());
+    row("one", "<DefaultConfig><DefaultRmSignalRate>7</DefaultRmSignalRate></DefaultConfig>",
+        rates(toggle, "12.50", signal, "7.00"));
+    row("toggle first",
+        "<DefaultConfig><DefaultIoSignalRate>7</DefaultIoSignalRate>"
+        "<DefaultIoToggleRate>8</DefaultIoToggleRate></DefaultConfig>",
+        rates(toggle, "8.00", toggle, "12.50"));
+}
+
+void TestVcdFileWidget::readsAndWritesRates()
+{
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    QFETCH(QByteArray, xml);
+    const Fixture f(m_host);
+    f.read(xml);
+    QTEST(f.written(), "expected");
+}
+
+void TestVcdFileWidget::readsAndWritesFiles_data()
+{
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<QByteArray>("expected");
+    const auto same = [](const char *name, const QByteArray &xml) {
+        QTest::newRow(name) << xml << xml;
+    };
+    same("three files", files(THREE_FILES, "TRUE"));
+    QTest::newRow("the design's name") << files(R"(<File type="vcd" name="x" entity="top"/>)")
+                                       << files(R"(<File type="vcd" name="x" entity=""/>)");
+    QTest::newRow("unit alone") << files(R"(<File type="vcd" name="x" entity="u" time_unit="s"/>)")
+                                << files(R"(<File type="vcd" name="x" entity="u"/>)");
+    QTest::newRow("tolerant") << files(R"(<File type="VCD"/><Other/>)", "true")
+                              << files(R"(<File type="saif" name="" entity=""/>)");
+    QTest::newRow("none") << files("", "TRUE") << QByteArray();
+}
+
+void TestVcdFileWidget::readsAndWritesFiles()
+{
+    QFETCH(QByteArray, xml);
+    QFETCH(QByteArray, expected);
+    const Fixture f(m_host);
+    f.read(xml);
+    QCOMPARE(f.written(), startRates() + expected);
+}
+
+void TestVcdFileWidget::editsRatesInCommaLocale()
+{
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    const Fixture f(m_host);
+    f.ioValue->selectAll();
+    QTest::keyClicks(f.ioValue, QStringLiteral("7,25"));
+    QVERIFY(f.view->isModified());
+    // Also while the editor still has the focus and shows what was typed.
+    QCOMPARE(f.written(), rates("ToggleRate", "7.25", "ToggleRate", "12.50"));
+}
+
+void TestVcdFileWidget::changesUnits()
+{
+    const Fixture f(m_host);
+    f.ioValue->setValue(150);
+    f.view->setModified(false);
+    const auto choose = [&f](Qt::Key key) { QTest::keyClick(f.ioUnit, key); };
+    choose(Qt::Key_Down);
+    QVERIFY(f.view->isModified());
+    QCOMPARE(f.ioValue->value(), 150.0);
+    QCOMPARE(f.ioValue->maximum(), 99999999.0);
+    choose(Qt::Key_Up);
+    QCOMPARE(f.ioValue->value(), 150.0);
+    QCOMPARE(f.ioValue->maximum(), 200.0);
+    choose(Qt::Key_Down);
+    f.ioValue->setValue(5000);
+    choose(Qt::Key_Up);
+    QCOMPARE(f.ioValue->value(), 12.5);
+    QCOMPARE(f.find<QComboBox>("comboRemainUnit")->currentIndex(), 0);
+}
+
+void TestVcdFileWidget::showsAndSorts()
+{
+    const Fixture f(m_host);
+    f.read(files(THREE_FILES));
+    QAbstractItemModel *model = f.table->model();
+    QCOMPARE(model->columnCount(), 3);
+    QCOMPARE(f.column(0), words("core top Alu"));
+    QCOMPARE(f.column(1), words("a.saif Z.vcd y.vcd"));
+    QCOMPARE(f.column(2), words("Saif Vcd Vcd"));
+    QCOMPARE(model->index(0, 1).data(Qt::ToolTipRole).toString(), QStringLiteral("/z/a.saif"));
+    QCOMPARE(model->index(0, 0).data(Qt::ToolTipRole), QVariant());
+    QCOMPARE(model->index(0, 0).data(Qt::TextAlignmentRole), QVariant());
+    QCOMPARE(model->index(0, 2).data(Qt::TextAlignmentRole).toInt(), int(Qt::AlignCenter));
+    QVERIFY(!(model->flags(model->index(0, 0)) & Qt::ItemIsEditable));
+
+    const auto sorted = [&](int column, Qt::SortOrder order) {
+        model->sort(column, order);
+        return f.column(1);
+    };
+    QCOMPARE(sorted(0, Qt::AscendingOrder), words("y.vcd a.saif Z.vcd"));
+    QCOMPARE(sorted(1, Qt::AscendingOrder), words("Z.vcd y.vcd a.saif")); // by the full path
+    QCOMPARE(sorted(2, Qt::DescendingOrder), words("a.saif Z.vcd y.vcd"));
+    QCOMPARE(sorted(3, Qt::DescendingOrder), words("Z.vcd a.saif y.vcd")); // no time is 0
+    QCOMPARE(sorted(4, Qt::AscendingOrder), words("a.saif y.vcd Z.vcd"));  // by number
+    QVERIFY(!f.view->isModified());
+
+    // The columns of the times, which no header shows.
+    struct Model : VcdFileModel
+    {
+        using VcdFileModel::createIndex;
+        using VcdFileModel::VcdFileModel;
+    };
+    VLT_VcdFile file;
+    file.endTime = QStringLiteral("10");
+    file.timeUnit = QStringLiteral("ns");
+    QList<VLT_VcdFile *> list{&file};
+    const Model times(list, nullptr);
+    QCOMPARE(times.data(times.createIndex(0, 3), Qt::DisplayRole), QVariant());
+    QCOMPARE(times.data(times.createIndex(0, 4), Qt::DisplayRole).toString(),
+             QStringLiteral("10 ns"));
+}
+
+void TestVcdFileWidget::marksGlitchOnlyWithFiles()
+{
+    const Fixture f(m_host);
+    QTest::mouseClick(f.glitch, Qt::LeftButton, Qt::NoModifier, {8, f.glitch->height() / 2});
+    QVERIFY(f.glitch->isChecked());
+    QVERIFY(!f.view->isModified());
+    f.read(files(THREE_FILES));
+    QVERIFY(!f.glitch->isChecked());
+    QTest::mouseClick(f.glitch, Qt::LeftButton, Qt::NoModifier, {8, f.glitch->height() / 2});
+    QVERIFY(f.view->isModified());
+    QVERIFY(f.written().endsWith("<FilterGlitch>TRUE</FilterGlitch></SimuFile>"));
+}
+
+void TestVcdFileWidget::addsEditsAndRemoves()
+{
+    const QString file = m_host.write(QStringLiteral("a.vcd"), "");
+    const Fixture f(m_host);
+    f.read(files(THREE_FILES));
+    const auto fill = [&file](QWidget *dialog) {
+        dialog->findChild<QLineEdit *>(QStringLiteral("editFile"))->setText(file);
+        dialog->findChild<QLineEdit *>(QStringLiteral("editInstance"))
+            ->setText(QStringLiteral("core"));
+        QTest::keyClick(dialog, Qt::Key_Return);
+    };
+    {
+        ModalDriver driver([](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
+        QTest::mouseClick(f.find<QToolButton>("btnAdd"), Qt::LeftButton);
+    }
+    QVERIFY(!f.view->isModified());
+    {
+        ModalDriver driver(fill);
+        QTest::mouseClick(f.find<QToolButton>("btnAdd"), Qt::LeftButton);
+    }
+    QCOMPARE(f.column(1), words("a.saif Z.vcd y.vcd a.vcd"));
+    QVERIFY(f.view->isModified());
+
+    f.view->setModified(false);
+    f.table->model()->sort(1, Qt::AscendingOrder); // by the full path: /z/a.saif is last
+    const int row = f.column(1).indexOf(QStringLiteral("a.saif"));
+    {
+        // The model's indexes from before the sort carry other records.
+        ModalDriver driver(fill);
+        doubleClickCell(f.table, row, 0);
+        QCoreApplication::processEvents();
+    }
+    QVERIFY(f.view->isModified());
+    QCOMPARE(f.column(1).count(QStringLiteral("a.vcd")), 2);
+    QVERIFY(!f.column(1).contains(QStringLiteral("a.saif")));
+
+    f.table->selectRow(row);
+    ModalDriver driver(pressButton(QMessageBox::Yes));
+    QTest::mouseClick(f.find<QToolButton>("btnRemove"), Qt::LeftButton);
+    QCOMPARE(f.column(1).count(QStringLiteral("a.vcd")), 1);
+}
+
+void TestVcdFileWidget::survivesClosingUnderItsDialog()
+{
+    for (const bool adding : {true, false}) {
+        Fixture f(m_host);
+        f.read(files(THREE_FILES));
+        ModalDriver driver([&f](QWidget *) { f.view.reset(); });
+        if (adding)
+            f.page->onNew();
+        else
+            doubleClickCell(f.table, 1, 0);
+        QCoreApplication::processEvents();
+        QVERIFY(!f.view);
+    }
+    Fixture f(m_host);
+    f.page->onEditData(QModelIndex()); // no dialog
+}
+
+void TestVcdFileWidget::refusesMissingFiles()
+{
+    const QByteArray there = m_host.write(QStringLiteral("b.vcd"), "").toUtf8();
+    const Fixture f(m_host);
+    f.read(files(R"(<File type="vcd" name=")" + there +
+                 R"("/><File type="vcd" name="&lt;i&gt;%2.vcd"/><File name="/no"/>)"));
+    ModalDriver driver([](QWidget *box) {
+        QCOMPARE(qobject_cast<QMessageBox *>(box)->textFormat(), Qt::PlainText);
+    });
+    QVERIFY(!f.page->checkData());
+    QCOMPARE(driver.title(), QStringLiteral("Warning"));
+    QCOMPARE(driver.text(), QStringLiteral("The vcd file '<i>%2.vcd' doesn't exist."));
+}
+
+QTEST_MAIN(TestVcdFileWidget)
+#include "test_vcdfilewidget.moc"
