@@ -1,5 +1,6 @@
 #include "rates/ratewidget.h"
 
+#include "activity/section.h"
 #include "document/filenames.h"
 #include "document/plainmessage.h"
 #include "document/vltview.h"
@@ -53,12 +54,10 @@ void RateWidget::readData(QDomElement *parent)
     m_ui->tableviewNet->setValueType(toggle);
 
     QList<VLT_Rate *> rates;
-    const QLatin1String node(NODE_NET);
-    for (QDomElement net = section.firstChildElement(node); !net.isNull();
-         net = net.nextSiblingElement(node)) {
+    forEachChild(section, NODE_NET, [&rates](const QDomElement &net) {
         rates.append(new VLT_Rate{net.attribute(QLatin1String(ATTR_NAME)),
                                   net.attribute(QLatin1String(ATTR_VALUE))});
-    }
+    });
     m_ui->tableviewNet->setData(rates);
 }
 

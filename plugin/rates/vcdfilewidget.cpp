@@ -1,5 +1,6 @@
 #include "rates/vcdfilewidget.h"
 
+#include "activity/section.h"
 #include "document/filenames.h"
 #include "document/plainmessage.h"
 #include "document/plainnumber.h"
@@ -97,23 +98,21 @@ void VcdFileWidget::readRate(const QDomElement &section, const DefaultRate &rate
 
 void VcdFileWidget::readFiles(const QDomElement &section)
 {
-    const auto attribute = [](const QDomElement &element, const char *name) {
-        return element.attribute(QLatin1String(name));
-    };
-    const QLatin1String node(NODE_FILE);
-    for (QDomElement element = section.firstChildElement(node); !element.isNull();
-         element = element.nextSiblingElement(node)) {
+    forEachChild(section, NODE_FILE, [this](const QDomElement &element) {
+        const auto attribute = [&element](const char *name) {
+            return element.attribute(QLatin1String(name));
+        };
         auto file = std::make_unique<VLT_VcdFile>();
-        file->file = attribute(element, ATTR_NAME);
-        file->entity = attribute(element, ATTR_ENTITY);
+        file->file = attribute(ATTR_NAME);
+        file->entity = attribute(ATTR_ENTITY);
         if (file->entity.isEmpty())
             file->entity = designName();
-        file->isVcd = attribute(element, ATTR_TYPE) == QLatin1String(TYPE_VCD);
-        file->startTime = attribute(element, ATTR_START_TIME);
-        file->endTime = attribute(element, ATTR_END_TIME);
-        file->timeUnit = attribute(element, ATTR_TIME_UNIT);
+        file->isVcd = attribute(ATTR_TYPE) == QLatin1String(TYPE_VCD);
+        file->startTime = attribute(ATTR_START_TIME);
+        file->endTime = attribute(ATTR_END_TIME);
+        file->timeUnit = attribute(ATTR_TIME_UNIT);
         m_records.list().append(file.release());
-    }
+    });
     const QDomElement glitch = section.firstChildElement(QLatin1String(NODE_FILTER_GLITCH));
     if (!glitch.isNull())
         m_ui->checkGlitch->setChecked(glitch.text() == QLatin1String(FLAG_TRUE));
@@ -139,8 +138,6 @@ void VcdFileWidget::writeData(QXmlStreamWriter *writer) const
 
 void VcdFileWidget::writeRate(QXmlStreamWriter *writer, const DefaultRate &rate)
 {
-    // A number being typed is shown as typed until it is interpreted.
-    rate.value->interpretText();
     const bool toggle = rate.unit->currentIndex() == TOGGLE_RATE;
     writer->writeTextElement(QLatin1String(toggle ? rate.toggleNode : rate.signalNode),
                              rate.value->text());

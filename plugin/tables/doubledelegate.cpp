@@ -6,6 +6,8 @@
 #include <QLocale>
 #include <QRegularExpression>
 
+#include <cmath>
+
 namespace VLT {
 
 namespace {
@@ -68,10 +70,12 @@ QWidget *DoubleEditorDelegate::createEditor(QWidget *parent, const QStyleOptionV
 void DoubleEditorDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
     auto *spinBox = qobject_cast<QDoubleSpinBox *>(editor);
-    if (index.column() == 0 || !spinBox)
+    if (index.column() == 0 || !spinBox) {
         QStyledItemDelegate::setEditorData(editor, index);
-    else
-        spinBox->setValue(index.data(Qt::EditRole).toDouble());
+        return;
+    }
+    const double value = index.data(Qt::EditRole).toDouble();
+    spinBox->setValue(std::isfinite(value) ? value : 0.0);
 }
 
 void DoubleEditorDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,

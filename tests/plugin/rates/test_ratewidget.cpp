@@ -4,6 +4,7 @@
 #include "ratesfixture.h"
 #include "support/modaldriver.h"
 
+#include <QDoubleSpinBox>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -147,6 +148,11 @@ void TestRateWidget::editsInBothUnits()
     QVERIFY(!f.view->isModified());
     f.type(1, "7", Qt::Key_Escape);
     QCOMPARE(f.values().at(1), QStringLiteral("0.25"));
+
+    // A file may hold any text; the editor opens on the number in it.
+    f.table->model()->setData(f.table->model()->index(0, 1), QStringLiteral("inf"));
+    doubleClickCell(f.table, 0, 1);
+    QCOMPARE(f.table->findChild<QDoubleSpinBox *>()->text(), QStringLiteral("0.00"));
 }
 
 void TestRateWidget::storesTexts()
