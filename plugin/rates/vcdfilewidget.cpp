@@ -162,7 +162,8 @@ void VcdFileWidget::writeFile(QXmlStreamWriter *writer, const VLT_VcdFile &file)
 
 QString VcdFileWidget::designName() const
 {
-    return view()->getNetlist()->name();
+    const NlsData::Netlist *netlist = view()->getNetlist();
+    return netlist ? netlist->name() : QString();
 }
 
 bool VcdFileWidget::checkData()
