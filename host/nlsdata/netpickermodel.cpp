@@ -56,6 +56,7 @@ void NetPickerModel::setFilter(const QString &filter)
         finish();
         return;
     }
+    m_paths.resize(size_t(m_nets.size()));
     if (m_wildcard)
         m_pattern = wildcardExpression(filter);
     else
@@ -72,7 +73,7 @@ void NetPickerModel::takeTurn()
     const int total = m_narrowing ? int(m_rows.size()) : m_nets.size();
     while (m_next < total) {
         const int position = m_narrowing ? m_rows[size_t(m_next)] : m_next;
-        if (matches(m_nets.at(position)->path()))
+        if (matches(path(position)))
             m_found.push_back(position);
         if (++m_next % NETS_BETWEEN_CLOCK_LOOKS == 0 && clock.hasExpired(TURN_MS))
             return;
@@ -95,6 +96,14 @@ void NetPickerModel::finish()
 bool NetPickerModel::matches(const QString &path) const
 {
     return m_wildcard ? m_pattern.match(path).hasMatch() : m_part.indexIn(path) >= 0;
+}
+
+const QString &NetPickerModel::path(int position)
+{
+    QString &path = m_paths[size_t(position)];
+    if (path.isNull())
+        path = m_nets.at(position)->path();
+    return path;
 }
 
 Net *NetPickerModel::net(int row) const

@@ -39,10 +39,12 @@ signals:
 private:
     void takeTurn();
     void finish();
+    const QString &path(int position);
     bool matches(const QString &path) const;
 
     const QList<Net *> m_nets;
-    std::vector<int> m_rows; ///< positions in m_nets
+    std::vector<QString> m_paths; ///< composed when first searched, since that costs most of it
+    std::vector<int> m_rows;      ///< positions in m_nets
     QString m_shownFilter;
     bool m_all = true; ///< every net is kept and m_rows is not used
 

@@ -5,6 +5,7 @@
 #include "nlsdata/netlist.h"
 
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QStringMatcher>
 
 #include <algorithm>
@@ -18,12 +19,15 @@ constexpr int ENTRIES_BETWEEN_CLOCK_LOOKS = 512;
 
 QStringList entriesOf(const NlsData::Netlist *netlist)
 {
+    // The map is made when it is first asked for, which takes its time on a large design.
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     QStringList entries;
     const auto &instances = netlist->instanceMap();
     entries.reserve(instances.size() + 1);
     entries.append(netlist->name());
     for (const NlsData::Instance *instance : instances)
         entries.append(instance->path());
+    QGuiApplication::restoreOverrideCursor();
     return entries;
 }
 

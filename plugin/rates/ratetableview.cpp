@@ -9,6 +9,7 @@
 #include "nlsdata/netlist.h"
 #include "utils/tableview.h"
 
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QVBoxLayout>
 
@@ -75,8 +76,11 @@ void RateTableView::addNets()
     const QPointer<RateTableView> self(this);
     // Kept while the chosen nets are used: a synthesis run may replace the view's netlist.
     const auto netlist = view()->holdNetlist();
-    const QList<NlsData::Net *> nets =
-        NlsData::FindNetDialog::getList(netlist->netMap().values(), this);
+    // The map is made when it is first asked for, which takes its time on a large design.
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const QList<NlsData::Net *> all = netlist->netMap().values();
+    QGuiApplication::restoreOverrideCursor();
+    const QList<NlsData::Net *> nets = NlsData::FindNetDialog::getList(all, this);
     if (!self || nets.isEmpty())
         return;
     const int oldCount = getData().size();
