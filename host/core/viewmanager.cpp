@@ -161,6 +161,8 @@ void ViewManagerPrivate::discardAllViews()
 {
     while (!m_views.isEmpty())
         finishClose(m_views.last());
+    for (QObject *view : qAsConst(m_closed))
+        view->deleteLater(); // also those that wait for a dialog of theirs
 }
 
 void ViewManagerPrivate::registerContext(QWidget *widget, const QString &context, bool enabled)

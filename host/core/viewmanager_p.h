@@ -46,7 +46,7 @@ public:
     /// false.
     bool closeAllViews();
 
-    /// Closes all views without asking any.
+    /// Closes all views without asking any, for when the program or a test ends.
     void discardAllViews();
 
     void registerContext(QWidget *widget, const QString &context, bool enabled);
