@@ -261,7 +261,9 @@ void ViewManagerPrivate::onTabCloseRequested(int index)
 void ViewManagerPrivate::onViewDestroyed(QObject *view)
 {
     // Only the address counts here: the object is no view any more.
-    m_views.removeAll(static_cast<IView *>(view));
+    m_views.erase(std::remove_if(m_views.begin(), m_views.end(),
+                                 [view](const QObject *known) { return known == view; }),
+                  m_views.end());
     m_closing.remove(view);
     m_reasked.remove(view);
     m_closed.remove(view);
