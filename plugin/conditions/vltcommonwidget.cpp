@@ -23,20 +23,33 @@ QString deviceChangeEvent()
     return QStringLiteral("TE.Device.Change");
 }
 
-/// Gives the columns of labels and of fields in all `grids` the width of the widest.
-void shareColumnWidths(const QList<QGridLayout *> &grids)
+/// A grid of labels and fields, and how far its left edge is from that of the outer grids.
+struct Grid
+{
+    QGridLayout *layout;
+    int inset;
+};
+
+Grid insideOf(const QGroupBox *box, QGridLayout *layout)
+{
+    return {layout, box->contentsMargins().left() + box->layout()->contentsMargins().left()};
+}
+
+/// Lets labels and fields of all `grids` stand below each other.
+void alignColumns(const QVector<Grid> &grids)
 {
     for (int column : {0, 1}) {
+        const auto insetOf = [column](const Grid &grid) { return column == 0 ? grid.inset : 0; };
         int width = 0;
-        for (const QGridLayout *grid : grids) {
-            for (int row = 0; row < grid->rowCount(); ++row) {
-                QLayoutItem *item = grid->itemAtPosition(row, column);
+        for (const Grid &grid : grids) {
+            for (int row = 0; row < grid.layout->rowCount(); ++row) {
+                QLayoutItem *item = grid.layout->itemAtPosition(row, column);
                 if (item && !qobject_cast<QGroupBox *>(item->widget()))
-                    width = std::max(width, item->sizeHint().width());
+                    width = std::max(width, item->sizeHint().width() + insetOf(grid));
             }
         }
-        for (QGridLayout *grid : grids)
-            grid->setColumnMinimumWidth(column, width);
+        for (const Grid &grid : grids)
+            grid.layout->setColumnMinimumWidth(column, width - insetOf(grid));
     }
 }
 
@@ -49,7 +62,14 @@ VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
 {
     QUtil::EventManager::instance()->subscribe(this, deviceChangeEvent());
     m_ui->setupUi(this);
-    alignColumns();
+    alignColumns({{m_ui->gridConditions, 0},
+                  {m_ui->gridEnvironment, 0},
+                  {m_ui->gridVoltage, 0},
+                  insideOf(m_ui->groupHeat, m_ui->gridHeat),
+                  insideOf(m_ui->groupBoard, m_ui->gridBoard)});
+    // The page has the background of its tab, as the other pages.
+    m_ui->scrollArea->viewport()->setAutoFillBackground(false);
+    m_ui->contents->setAutoFillBackground(false);
     connectFields();
     // Before the page reads a file: one without voltages gets the device's defaults.
     if (updateVoltageInfo())
@@ -86,12 +106,6 @@ void VLTSettingWidget::connectFields()
 
     for (QComboBox *combo : {m_ui->comboGrade, m_ui->comboProcess, m_ui->comboAirFlow})
         ignoreWheelWithoutFocus(combo);
-}
-
-void VLTSettingWidget::alignColumns()
-{
-    shareColumnWidths({m_ui->gridConditions, m_ui->gridEnvironment, m_ui->gridVoltage});
-    shareColumnWidths({m_ui->gridHeat, m_ui->gridBoard});
 }
 
 void VLTSettingWidget::modified()

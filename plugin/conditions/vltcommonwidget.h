@@ -72,7 +72,6 @@ public slots:
 
 private:
     void connectFields();
-    void alignColumns();
     void setVoltageDefaults();
     void writeVoltages(QXmlStreamWriter *writer) const;
     void writeHeatSink(QXmlStreamWriter *writer) const;
