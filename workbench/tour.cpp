@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
+#include <QFont>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QThread>
@@ -19,7 +20,8 @@ namespace Workbench {
 
 namespace {
 
-constexpr QSize PictureSize(1200, 800);
+constexpr QSize PictureSize(1400, 900);
+constexpr int DesktopPointSize = 10;
 
 struct Step
 {
@@ -30,7 +32,15 @@ struct Step
 constexpr Step Steps[] = {
     {"create a configuration by the wizard", createFileByWizard},
     {"open it from the project tree", openFileFromProjectTree},
-    {"save it", saveFile},
+    {"set the operating conditions", setConditions},
+    {"give a net its toggle rate", giveNetsRates},
+    {"refuse activity files that cannot be used", refuseUnusableActivityFiles},
+    {"bind activity files to an instance and to the top", bindActivityFiles},
+    {"set the clock enables", setClockEnables},
+    {"find ports and edit their values", findAndEditPorts},
+    {"sort the ports and remove some", sortAndRemovePorts},
+    {"find flip-flops and block memories", findFlipFlopsAndMemories},
+    {"save it all", saveFile},
     {"close it", closeFile},
     {"open it again from the recent files", reopenFileFromRecentFiles},
 };
@@ -94,6 +104,13 @@ int runTour(const QString &folder, const QString &pluginFolder)
     const QTemporaryDir settings;
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+
+    // Without a desktop there are no font settings; this is what desktops use.
+    if (QGuiApplication::platformName() == QLatin1String("offscreen")) {
+        QFont font = QApplication::font();
+        font.setPointSize(DesktopPointSize);
+        QApplication::setFont(font);
+    }
 
     const QString absolute = QDir::cleanPath(QDir::current().absoluteFilePath(folder));
     Session session(pluginFolder);

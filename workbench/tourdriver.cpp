@@ -3,6 +3,7 @@
 #include "workbench/tourlocators.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLineEdit>
@@ -161,6 +162,42 @@ void TourDriver::fill(const QString &what, const Locator &where, const QString &
     });
 }
 
+void TourDriver::enter(const QString &what, const Locator &where, const QString &text)
+{
+    click(what, where);
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(text);
+    press(Qt::Key_Tab);
+}
+
+void TourDriver::choose(const QString &what, const Locator &where, const QString &entry)
+{
+    click(what, where);
+    expect(QStringLiteral("%1 opens its list").arg(what),
+           [] { return QApplication::activePopupWidget() != nullptr; });
+    type(entry);
+    expect(QStringLiteral("the entry \"%1\" of %2 is found").arg(entry, what),
+           [&] { return popupEntry() == entry; });
+    press(Qt::Key_Return);
+    expect(QStringLiteral("%1 shows \"%2\"").arg(what, entry), [&] {
+        const auto *box = qobject_cast<const QComboBox *>(where().widget);
+        return box && box->currentText() == entry;
+    });
+}
+
+void TourDriver::editCell(const QString &what, const Locator &where, const QString &text)
+{
+    doubleClick(what, where);
+    expect(QStringLiteral("%1 opens its editor").arg(what), [] {
+        // Also where no window manager has made the window the active one.
+        const QWidget *focus = frontWidget()->window()->focusWidget();
+        return focus && (focus->inherits("QLineEdit") || focus->inherits("QAbstractSpinBox"));
+    });
+    press(Qt::Key_A, Qt::ControlModifier);
+    type(text);
+    press(Qt::Key_Return);
+}
+
 void TourDriver::act(const std::function<void()> &action)
 {
     const auto over = std::make_shared<bool>(false);
@@ -220,6 +257,16 @@ void TourDriver::expectDialog(const QString &title, const QString &text)
                const auto *box = qobject_cast<const QMessageBox *>(dialog);
                return text.isEmpty() || (box && box->text() == text);
            });
+}
+
+void TourDriver::answer(const QString &title, const QString &text, const QString &buttonText)
+{
+    expectDialog(title, text);
+    click(buttonText, button(buttonText));
+    expect(QStringLiteral("the box \"%1\" goes").arg(title), [&] {
+        const auto *box = qobject_cast<const QMessageBox *>(QApplication::activeModalWidget());
+        return !box || box->windowTitle() != title || box->text() != text;
+    });
 }
 
 void TourDriver::expectNoDialog()

@@ -53,12 +53,20 @@ public:
     void type(const QString &text);
     /// Replaces what the line edit at `where` holds.
     void fill(const QString &what, const Locator &where, const QString &text);
+    /// Replaces what a spin box holds, and leaves it.
+    void enter(const QString &what, const Locator &where, const QString &text);
+    /// Opens a combo box and takes the entry of that text.
+    void choose(const QString &what, const Locator &where, const QString &entry);
+    /// Edits a table's cell: double click, text, Return.
+    void editCell(const QString &what, const Locator &where, const QString &text);
     /// Does something that no mouse or key can do on every platform, in the GUI thread.
     void act(const std::function<void()> &action);
 
     // What a person sees. `condition` is called in the GUI thread until it holds.
     void expect(const QString &what, const std::function<bool()> &condition,
                 int timeoutMilliseconds = 30000);
+    /// A message box with this title and text has come; it is answered with the button.
+    void answer(const QString &title, const QString &text, const QString &buttonText);
     /// A modal dialog with this title (and, for a message box, this text) has come.
     void expectDialog(const QString &title, const QString &text = QString());
     void expectNoDialog();

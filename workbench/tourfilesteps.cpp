@@ -49,7 +49,7 @@ void openFileFromProjectTree(const Tour &tour)
 {
     const QString name = QFileInfo(tour.file()).fileName();
     tour.driver.doubleClick(QStringLiteral("the file in the project tree"),
-                            treeItem("projectTree", name));
+                            item("projectTree", name));
     tour.driver.expect(QStringLiteral("its view is shown, unmodified"),
                        [&] { return activeViewTitle() == name; });
     tour.driver.expectNoDialog();
@@ -57,12 +57,33 @@ void openFileFromProjectTree(const Tour &tour)
     tour.driver.picture(QStringLiteral("opened"));
 }
 
+void Tour::showTab(const QString &title) const
+{
+    driver.click(QStringLiteral("the tab \"%1\"").arg(title), tab(title));
+}
+
+void Tour::save() const
+{
+    const QString name = QFileInfo(file()).fileName();
+    driver.press(Qt::Key_S, Qt::ControlModifier);
+    driver.expect(QStringLiteral("the document is saved"),
+                  [&] { return activeViewTitle() == name && !saveIsEnabled(); });
+    driver.expectNoDialog();
+}
+
+void Tour::expectSaved(const char *text) const
+{
+    driver.expect(QStringLiteral("the file holds %1").arg(QLatin1String(text)),
+                  [&] { return fileText().contains(text); });
+}
+
 void saveFile(const Tour &tour)
 {
-    const QString name = QFileInfo(tour.file()).fileName();
-    tour.driver.press(Qt::Key_S, Qt::ControlModifier);
-    tour.driver.expect(QStringLiteral("the view is unmodified"),
-                       [&] { return activeViewTitle() == name && !saveIsEnabled(); });
+    tour.save();
+    for (const char *text : {"<Version>1.0</Version>", "<GlobalEnable value=\"90\">",
+                             "<Clock name=\"clk_sys\" value=\"75\"/>", "value=\"12.5\""}) {
+        tour.expectSaved(text);
+    }
 }
 
 void closeFile(const Tour &tour)
@@ -82,6 +103,20 @@ void reopenFileFromRecentFiles(const Tour &tour)
     tour.driver.expect(QStringLiteral("its view is shown again, unmodified"),
                        [&] { return activeViewTitle() == name; });
     tour.driver.picture(QStringLiteral("reopened"));
+
+    // What was read is what had been saved: writing it again changes nothing.
+    const QByteArray saved = tour.fileText();
+    tour.showTab(QStringLiteral("Clock Setting"));
+    const auto setGlobalEnable = [&tour](const QString &value) {
+        tour.driver.enter(QStringLiteral("the global enable"), widgetNamed("spinGlobalEnable"),
+                          value);
+        tour.save();
+    };
+    setGlobalEnable(QStringLiteral("91"));
+    tour.expectSaved("<GlobalEnable value=\"91\">");
+    setGlobalEnable(QStringLiteral("90"));
+    tour.driver.expect(QStringLiteral("the file is as it was saved before"),
+                       [&] { return tour.fileText() == saved; });
 }
 
 } // namespace Workbench

@@ -3,10 +3,14 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCheckBox>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRadioButton>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
@@ -36,9 +40,19 @@ QString withoutMnemonic(QString text)
     return text.replace(QChar::Null, QLatin1Char('&'));
 }
 
+// Where to click on a widget.
 Spot centerOf(QWidget *widget)
 {
-    return widget ? Spot{widget, widget->rect().center()} : Spot();
+    if (!widget)
+        return Spot();
+    for (QWidget *parent = widget->parentWidget(); parent; parent = parent->parentWidget()) {
+        if (auto *area = qobject_cast<QScrollArea *>(parent))
+            area->ensureWidgetVisible(widget);
+    }
+    // Check boxes and radio buttons may be wider than what they react on.
+    const bool marked = qobject_cast<QCheckBox *>(widget) || qobject_cast<QRadioButton *>(widget);
+    const QPoint center = widget->rect().center();
+    return {widget, marked ? QPoint(widget->height() / 2, center.y()) : center};
 }
 
 Spot buttonInside(const QWidget *container, const QString &text)
@@ -95,15 +109,24 @@ QWidget *frontWidget()
     return mainWindow();
 }
 
-QWidget *findWidget(const QString &objectName)
+QWidget *findWidget(const QString &name)
 {
     const QWidget *front = frontWidget();
     if (!front)
         return nullptr;
-    const auto widgets = front->findChildren<QWidget *>(objectName);
-    const auto shown = std::find_if(widgets.begin(), widgets.end(),
-                                    [](const QWidget *widget) { return widget->isVisible(); });
-    return shown == widgets.end() ? nullptr : *shown;
+    const QString group =
+        name.contains(QLatin1Char('>')) ? name.section(QLatin1Char('>'), 0, 0) : QString();
+    const auto isMeant = [&group](const QWidget *widget) {
+        if (!widget->isVisible())
+            return false;
+        const QWidget *box = widget;
+        while (box && !qobject_cast<const QGroupBox *>(box))
+            box = box->parentWidget();
+        return group.isEmpty() || (box && static_cast<const QGroupBox *>(box)->title() == group);
+    };
+    const auto widgets = front->findChildren<QWidget *>(name.section(QLatin1Char('>'), -1));
+    const auto found = std::find_if(widgets.begin(), widgets.end(), isMeant);
+    return found == widgets.end() ? nullptr : *found;
 }
 
 QTabWidget *viewTabs()
@@ -118,10 +141,11 @@ QString activeViewTitle()
     return tabs && tabs->currentWidget() ? tabs->currentWidget()->windowTitle() : QString();
 }
 
-QAction *findAction(const QString &objectName)
+QString popupEntry()
 {
-    const QMainWindow *window = mainWindow();
-    return window ? window->findChild<QAction *>(objectName) : nullptr;
+    const QWidget *popup = QApplication::activePopupWidget();
+    const auto *view = popup ? popup->findChild<QAbstractItemView *>() : nullptr;
+    return view ? view->currentIndex().data().toString() : QString();
 }
 
 QAction *findShortcut(const QKeySequence &shortcut)
@@ -138,19 +162,14 @@ QAction *findShortcut(const QKeySequence &shortcut)
     return nullptr;
 }
 
-Locator widgetNamed(const char *objectName)
+Locator widgetNamed(const char *name)
 {
-    return [objectName] { return centerOf(findWidget(QLatin1String(objectName))); };
+    return [name] { return centerOf(findWidget(QLatin1String(name))); };
 }
 
 Locator button(const QString &text)
 {
     return [text] { return buttonInside(frontWidget(), text); };
-}
-
-Locator buttonIn(const char *container, const QString &text)
-{
-    return [container, text] { return buttonInside(findWidget(QLatin1String(container)), text); };
 }
 
 Locator menu(const QString &title)
@@ -193,14 +212,9 @@ Locator tab(const QString &text)
     };
 }
 
-Locator treeItem(const char *tree, const QString &text)
+Locator item(const char *view, const QString &text)
 {
-    return [tree, text] { return itemWithText(find<QAbstractItemView>(tree), text); };
-}
-
-Locator listItem(const char *list, const QString &text)
-{
-    return treeItem(list, text);
+    return [view, text] { return itemWithText(find<QAbstractItemView>(view), text); };
 }
 
 Locator cell(const char *table, int row, int column)
@@ -217,10 +231,11 @@ Locator columnHeader(const char *table, int column)
         auto *view = find<QTableView>(table);
         if (!view)
             return Spot();
+        view->scrollTo(view->model()->index(0, column));
         QHeaderView *header = view->horizontalHeader();
-        return {header->viewport(),
-                QPoint(header->sectionViewportPosition(column) + header->sectionSize(column) / 2,
-                       header->height() / 2)};
+        // Away from the edges, which resize the column.
+        const int left = qMax(0, header->sectionViewportPosition(column));
+        return {header->viewport(), QPoint(left + header->height(), header->height() / 2)};
     };
 }
 
