@@ -125,6 +125,7 @@ void findFlipFlopsAndMemories(const Tour &tour)
     expectCell(tour, "DFF>tableView", 0, 1, QStringLiteral("12.5"));
     addFound(tour, "B-SRAM>btnAdd", QStringLiteral("BSRAM Finder"), QStringLiteral("*"));
     expectRows(tour, "B-SRAM>tableView", 9);
+    tour.driver.click(QStringLiteral("a memory"), cell("B-SRAM>tableView", 2, 0));
     tour.driver.picture(QStringLiteral("activity"));
 }
 
