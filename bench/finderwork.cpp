@@ -1,0 +1,111 @@
+#include "designdata.h"
+#include "measure.h"
+#include "suite.h"
+#include "works.h"
+
+#include "activity/nlsdatafinderdialog.h"
+#include "nlsdata/netlist.h"
+#include "nlsdata/netlistreader.h"
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRegExp>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+/// The flip-flop finder as the user sees it, with the filter typed in.
+class Finder
+{
+public:
+    Finder(NlsData::Netlist *netlist, const QString &pattern)
+        : m_dialog(nullptr, netlist, VLT::NlsDataFinderDialog::FindType(5))
+        , m_list(m_dialog.findChild<QListWidget *>(QStringLiteral("listWidget")))
+    {
+        paint(&m_dialog);
+        auto *filter = m_dialog.findChild<QLineEdit *>(QStringLiteral("lineEditFilter"));
+        filter->selectAll();
+        QTest::keyClicks(filter, pattern);
+    }
+
+    /// From the click on "Search" until the list is on the screen.
+    double search()
+    {
+        const QList<QPushButton *> buttons = m_dialog.findChildren<QPushButton *>();
+        for (QPushButton *button : buttons) {
+            if (button->text() == QLatin1String("Search"))
+                return seconds([&] {
+                    QTest::mouseClick(button, Qt::LeftButton);
+                    paint(m_list->viewport());
+                });
+        }
+        qFatal("the finder has no button to search with");
+    }
+
+    int count() const { return m_list->count(); }
+
+private:
+    VLT::NlsDataFinderDialog m_dialog;
+    QListWidget *const m_list;
+};
+
+double fillBareList(const QStringList &names)
+{
+    QListWidget list;
+    list.setUniformItemSizes(true);
+    return seconds([&] {
+        list.addItems(names);
+        paint(list.viewport());
+        paint(&list);
+    });
+}
+
+double matchAll(const QStringList &names, const QString &pattern, int expected)
+{
+    const QRegExp matcher(pattern, Qt::CaseInsensitive, QRegExp::WildcardUnix);
+    int count = 0;
+    const double time = seconds([&] {
+        for (const QString &name : names)
+            count += matcher.exactMatch(name) ? 1 : 0;
+    });
+    if (count != expected)
+        qFatal("the floor found %d objects, the finder %d", count, expected);
+    return time;
+}
+
+} // namespace
+
+void finderWork(Suite &suite)
+{
+    const QTemporaryDir folder;
+    const int objects = suite.scaled(1000000);
+    const QString file = folder.filePath(QStringLiteral("design.json"));
+    const QStringList names = registerNames(objects);
+    writeFlipFlops(file, names);
+    const std::unique_ptr<NlsData::Netlist> netlist(NlsData::readNetlistFile(file, nullptr, false));
+
+    const auto search = [&](const QString &pattern, int *found) {
+        Finder finder(netlist.get(), pattern);
+        const double time = finder.search();
+        *found = finder.count();
+        return time;
+    };
+
+    int found = 0;
+    const QString everything = QStringLiteral("*");
+    suite.compare(
+        QStringLiteral("finder, %1 objects, pattern * until shown").arg(objects),
+        [&] { return fillBareList(names); }, [&] { return search(everything, &found); }, 2);
+    if (found != objects)
+        qFatal("the finder lists %d of %d objects", found, objects);
+
+    const QString some = QStringLiteral("*cpu7*reg_99*");
+    search(some, &found);
+    suite.compare(
+        QStringLiteral("finder, %1 objects, pattern %2").arg(QString::number(objects), some),
+        [&] { return matchAll(names, some, found); }, [&] { return search(some, &found); }, 1.2);
+}

@@ -1,0 +1,184 @@
+#include "recorddata.h"
+
+#include "document/filenames.h"
+
+#include <QFile>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+using namespace VLT;
+
+namespace {
+
+QString text(const char *name)
+{
+    return QString::fromLatin1(name);
+}
+
+/// Begins a file; the caller writes the sections and ends the two elements that are open.
+void begin(QXmlStreamWriter &writer)
+{
+    writer.setAutoFormatting(true);
+    writer.writeStartDocument();
+    writer.writeDTD(text(DOCTYPE));
+    writer.writeStartElement(text(NODE_CONFIG));
+    writer.writeTextElement(text(NODE_VERSION), text(VERSION));
+}
+
+using Attributes = std::initializer_list<QPair<const char *, QString>>;
+
+void element(QXmlStreamWriter &writer, const char *name, Attributes attributes)
+{
+    writer.writeStartElement(text(name));
+    for (const auto &[attribute, value] : attributes)
+        writer.writeAttribute(text(attribute), value);
+    writer.writeEndElement();
+}
+
+QString name(const char *kind, int i)
+{
+    return QStringLiteral("u_core%1/u_stage%2/%3_%4")
+        .arg(QString::number(i % 24), QString::number(i % 7), text(kind), QString::number(i));
+}
+
+} // namespace
+
+QByteArray flipFlopFile(const QStringList &names)
+{
+    QByteArray bytes;
+    QXmlStreamWriter writer(&bytes);
+    begin(writer);
+    writer.writeStartElement(text(NODE_LOCAL_ENABLE));
+    for (const QString &name : names)
+        element(writer, NODE_INSTANCE, {{ATTR_NAME, name}});
+    writer.writeEndElement();
+    writer.writeEndElement();
+    return bytes;
+}
+
+QByteArray mixedFile(int count, const QString &activity)
+{
+    const int each = count / 6;
+    const QString fifty = QStringLiteral("50");
+    const QString value = QStringLiteral("12.5");
+    const auto rows = [each](auto &&row) {
+        for (int i = 0; i < each; ++i)
+            row(i);
+    };
+
+    QByteArray bytes;
+    QXmlStreamWriter writer(&bytes);
+    begin(writer);
+
+    writer.writeStartElement(text(NODE_NET_RATE));
+    writer.writeAttribute(text(ATTR_TYPE), QStringLiteral("toggle"));
+    rows([&](int i) {
+        element(writer, NODE_NET, {{ATTR_NAME, name("net", i)}, {ATTR_VALUE, value}});
+    });
+    writer.writeEndElement();
+
+    writer.writeStartElement(text(NODE_SIMU_FILE));
+    rows([&](int i) {
+        element(writer, NODE_FILE,
+                {{ATTR_TYPE, QStringLiteral("vcd")},
+                 {ATTR_NAME, activity},
+                 {ATTR_ENTITY, name("unit", i)},
+                 {ATTR_START_TIME, QString::number(i)},
+                 {ATTR_END_TIME, QString::number(i + 100)},
+                 {ATTR_TIME_UNIT, QStringLiteral("ns")}});
+    });
+    writer.writeTextElement(text(NODE_FILTER_GLITCH), QStringLiteral("FALSE"));
+    writer.writeEndElement();
+
+    writer.writeStartElement(text(NODE_GLOBAL_ENABLE));
+    writer.writeAttribute(text(ATTR_VALUE), fifty);
+    rows([&](int i) {
+        element(writer, NODE_CLOCK,
+                {{ATTR_NAME, QStringLiteral("clk_%1").arg(i)},
+                 {ATTR_VALUE, value},
+                 {ATTR_QUAD1, fifty},
+                 {ATTR_QUAD3, value}});
+    });
+    writer.writeEndElement();
+
+    writer.writeStartElement(text(NODE_PORT_OUT_ENABLE));
+    rows([&](int i) {
+        element(writer, NODE_PORT,
+                {{ATTR_NAME, QStringLiteral("bus[%1]").arg(i)},
+                 {ATTR_OUT_ENABLE, fifty},
+                 {ATTR_CAPACITY, value},
+                 {ATTR_TYPE, QString::number(i % 3)}});
+    });
+    writer.writeEndElement();
+
+    writer.writeStartElement(text(NODE_BSRAM_ENABLE));
+    for (const char *attribute : {ATTR_CLOCK_ENABLE, ATTR_READ_PROBABILITY, ATTR_WRITE_PROBABILITY})
+        writer.writeAttribute(text(attribute), fifty);
+    rows([&](int i) {
+        element(writer, NODE_BSRAM,
+                {{ATTR_NAME, name("ram", i)},
+                 {ATTR_A_CLK_ENABLE, value},
+                 {ATTR_B_CLK_ENABLE, fifty},
+                 {ATTR_A_WRITE, value},
+                 {ATTR_B_READ, fifty},
+                 {ATTR_TYPE, QStringLiteral("2")}});
+    });
+    writer.writeEndElement();
+
+    writer.writeStartElement(text(NODE_LOCAL_ENABLE));
+    rows([&](int i) {
+        element(writer, NODE_INSTANCE, {{ATTR_NAME, name("reg", i)}, {ATTR_VALUE, value}});
+    });
+    writer.writeEndElement();
+
+    writer.writeEndElement();
+    return bytes;
+}
+
+TokenCopy::TokenCopy(const QByteArray &document)
+{
+    QXmlStreamReader reader(document);
+    while (!reader.atEnd()) {
+        const QXmlStreamReader::TokenType type = reader.readNext();
+        if (type == QXmlStreamReader::StartElement) {
+            Token token{Token::Start, reader.name().toString(), {}};
+            const QXmlStreamAttributes attributes = reader.attributes();
+            for (const QXmlStreamAttribute &attribute : attributes)
+                token.attributes.append(
+                    {attribute.name().toString(), attribute.value().toString()});
+            m_tokens.append(token);
+        } else if (type == QXmlStreamReader::Characters && !reader.isWhitespace()) {
+            m_tokens.append({Token::Text, reader.text().toString(), {}});
+        } else if (type == QXmlStreamReader::EndElement) {
+            m_tokens.append({Token::End, {}, {}});
+        }
+    }
+}
+
+bool TokenCopy::writeTo(const QString &path) const
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text))
+        return false;
+    QXmlStreamWriter writer(&file);
+    writer.setAutoFormatting(true);
+    writer.writeStartDocument();
+    writer.writeDTD(text(DOCTYPE));
+    for (const Token &token : m_tokens) {
+        switch (token.kind) {
+        case Token::Start:
+            writer.writeStartElement(token.text);
+            for (const auto &[name, value] : token.attributes)
+                writer.writeAttribute(name, value);
+            break;
+        case Token::Text:
+            writer.writeCharacters(token.text);
+            break;
+        case Token::End:
+            writer.writeEndElement();
+            break;
+        }
+    }
+    file.close();
+    return file.error() == QFile::NoError;
+}
