@@ -2,10 +2,22 @@
 
 #include <algorithm>
 #include <charconv>
+#include <numeric>
+#include <tuple>
 
 namespace NlsData {
 
 namespace {
+
+bool isBefore(const NetlistData::NetRow &a, const NetlistData::NetRow &b)
+{
+    return std::tie(a.scope, a.name, a.bit) < std::tie(b.scope, b.name, b.bit);
+}
+
+bool isBefore(const NetlistData::InstanceRow &a, const NetlistData::InstanceRow &b)
+{
+    return std::tie(a.scope, a.name) < std::tie(b.scope, b.name);
+}
 
 /// The objects of `rows` by path. Of two with the same path, which only an escaped name can
 /// bring about, the first is there.
@@ -13,10 +25,15 @@ template<typename Handle, typename Row, typename PathOf>
 QMap<QString, Handle *> byPath(std::vector<Handle> &handles, const std::vector<Row> &rows,
                                const PathOf &pathOf)
 {
+    // The file has names nearly in order: numbers sorted first halve the time for the texts.
+    std::vector<quint32> order(rows.size());
+    std::iota(order.begin(), order.end(), 0);
+    std::sort(order.begin(), order.end(),
+              [&](quint32 a, quint32 b) { return isBefore(rows[a], rows[b]); });
     std::vector<std::pair<QString, Handle *>> entries;
     entries.reserve(rows.size());
-    for (size_t i = 0; i < rows.size(); ++i)
-        entries.emplace_back(pathOf(rows[i]), &handles[i]);
+    for (const quint32 row : order)
+        entries.emplace_back(pathOf(rows[row]), &handles[row]);
     std::sort(entries.begin(), entries.end());
     QMap<QString, Handle *> map;
     const QString *last = nullptr;

@@ -1,9 +1,8 @@
 #include "netlistparser_p.h"
 
+#include "cellindex_p.h"
 #include "jsonwalk_p.h"
 #include "readcontrol_p.h"
-
-#include <unordered_map>
 
 namespace NlsData {
 
@@ -12,6 +11,7 @@ namespace {
 constexpr int firstPermille = 250; // the file is in memory
 constexpr int lastPermille = 850;  // only elaboration is left
 constexpr size_t reportInterval = 4096;
+constexpr size_t maximumName = 0xffff; // bytes; paths of 256 levels stay within a QString
 
 /// Attributes are texts of binary digits, from older versions plain numbers.
 bool isTrue(std::string_view token)
@@ -27,8 +27,8 @@ class NetlistParser::Private : private JsonWalk
 {
 public:
     Private(const CellLibrary &library, ReadControl *control)
-        : m_library(library)
-        , m_control(control)
+        : m_control(control)
+        , m_index(library, &m_netlist)
     {
     }
 
@@ -38,26 +38,14 @@ private:
     QString place() const override;
     void report(const char *position);
 
-    /// A port of a cell type, in the order in which its cells list them. Guessing the next name
-    /// from it saves nearly all searches.
-    struct PatternPort
-    {
-        std::string_view name;
-        quint32 number;
-    };
-    struct Type
-    {
-        std::string_view name;
-        const CellType *library;
-        std::vector<quint32> kinds; ///< the first is the one without parameters
-        std::vector<PatternPort> ports;
-    };
+    using Type = CellIndex::Type;
     struct CellDirection
     {
         quint64 cell = 0;
         Direction direction = Direction::Unknown;
     };
 
+    std::string_view name(ondemand::field &field) const;
     void readModules(ondemand::value value);
     void readModule(std::string_view name, ondemand::value value);
     void readAttributes(ondemand::value value);
@@ -73,21 +61,17 @@ private:
     void readParameters(ondemand::value value);
     void readBits(ondemand::value value, std::vector<RawBit> *bits);
     Direction direction(ondemand::value value) const;
-    Type *typeOf(std::string_view name);
-    quint32 kindOf(Type *type);
     quint32 portNumber(ondemand::field &field, Type *type, size_t place);
     quint32 portNumber(std::string_view name);
 
-    const CellLibrary &m_library;
     ReadControl *const m_control;
     ondemand::parser m_parser;
     RawNetlist m_netlist;
+    CellIndex m_index;
     RawModule *m_module = nullptr;
     std::string_view m_object; ///< name of the port, cell or net being read
     bool m_modulesFound = false;
 
-    std::unordered_map<std::string_view, Type> m_types;
-    std::unordered_map<std::string_view, quint32> m_portNumbers;
     std::vector<CellDirection> m_directions; ///< of the current cell, by port number
     std::vector<CellParameter> m_parameters;
     Type m_unknownType{};
@@ -138,14 +122,22 @@ RawNetlist NetlistParser::Private::parse(std::string_view text)
     return std::move(m_netlist);
 }
 
+/// The key of an object of the design, within bounds.
+std::string_view NetlistParser::Private::name(ondemand::field &field) const
+{
+    const std::string_view name = key(field);
+    if (name.size() > maximumName)
+        refuse(QStringLiteral("a name is longer than %1 bytes%2").arg(maximumName).arg(place()));
+    return name;
+}
+
 void NetlistParser::Private::readModules(ondemand::value value)
 {
     m_modulesFound = true;
     for (auto result : object(value, "modules")) {
         ondemand::field field = take(result, "modules");
         report(field.key().raw());
-        const std::string_view name = key(field);
-        readModule(name, field.value());
+        readModule(name(field), field.value());
     }
 }
 
@@ -233,7 +225,7 @@ void NetlistParser::Private::readPorts(ondemand::value value)
     for (auto result : object(value, "ports")) {
         ondemand::field field = take(result, "ports");
         RawVector port;
-        port.name = m_object = key(field);
+        port.name = m_object = name(field);
         port.portName = portNumber(port.name);
         for (auto partResult : object(field.value(), "port")) {
             ondemand::field part = take(partResult, "port");
@@ -254,7 +246,7 @@ void NetlistParser::Private::readNets(ondemand::value value)
         RawVector net;
         if (m_module->nets.size() % reportInterval == 0)
             report(field.key().raw());
-        net.name = m_object = key(field);
+        net.name = m_object = name(field);
         for (auto partResult : object(field.value(), "net")) {
             ondemand::field part = take(partResult, "net");
             if (part.key() == "hide_name")
@@ -289,7 +281,7 @@ void NetlistParser::Private::readCells(ondemand::value value)
         ondemand::field field = take(result, "cells");
         if (m_module->cells.size() % reportInterval == 0)
             report(field.key().raw());
-        m_object = key(field);
+        m_object = name(field);
         readCell(m_object, field.value());
     }
 }
@@ -304,7 +296,7 @@ void NetlistParser::Private::readCell(std::string_view name, ondemand::value val
         ondemand::field field = take(result, "cell");
         const ondemand::raw_json_string key = field.key();
         if (key == "type")
-            type = typeOf(string(field.value(), "type"));
+            type = m_index.type(string(field.value(), "type"));
         else if (key == "port_directions")
             readDirections(field.value(), type ? type : &m_unknownType);
         else if (key == "connections")
@@ -321,7 +313,7 @@ void NetlistParser::Private::readCell(std::string_view name, ondemand::value val
         const CellDirection &given = m_directions[pin.portName];
         pin.direction = quint32(given.cell == m_cell ? given.direction : Direction::Unknown);
     }
-    m_module->cells.push_back({name, kindOf(type), firstPin});
+    m_module->cells.push_back({name, m_index.kind(type, m_parameters), firstPin});
 }
 
 void NetlistParser::Private::readDirections(ondemand::value value, Type *type)
@@ -371,35 +363,6 @@ void NetlistParser::Private::readParameters(ondemand::value value)
     }
 }
 
-NetlistParser::Private::Type *NetlistParser::Private::typeOf(std::string_view name)
-{
-    const auto [it, added] = m_types.try_emplace(name);
-    Type &type = it->second;
-    if (added) {
-        type.name = name;
-        type.library = m_library.find(name);
-        type.kinds.push_back(quint32(m_netlist.kinds.size()));
-        m_netlist.kinds.push_back(
-            {name, type.library, type.library ? type.library->codes({}) : CellCodes()});
-    }
-    return &type;
-}
-
-quint32 NetlistParser::Private::kindOf(Type *type)
-{
-    if (m_parameters.empty() || !type->library)
-        return type->kinds.front();
-    const CellCodes codes = type->library->codes(m_parameters);
-    for (const quint32 kind : type->kinds) {
-        const CellCodes &known = m_netlist.kinds[kind].codes;
-        if (known.category == codes.category && known.primitive == codes.primitive)
-            return kind;
-    }
-    type->kinds.push_back(quint32(m_netlist.kinds.size()));
-    m_netlist.kinds.push_back({type->name, type->library, codes});
-    return type->kinds.back();
-}
-
 quint32 NetlistParser::Private::portNumber(ondemand::field &field, Type *type, size_t place)
 {
     if (place < type->ports.size() && field.key().unsafe_is_equal(type->ports[place].name))
@@ -407,22 +370,17 @@ quint32 NetlistParser::Private::portNumber(ondemand::field &field, Type *type, s
     const std::string_view name = key(field);
     const quint32 number = portNumber(name);
     // The guess compares the text of the file: a name that is escaped there cannot be guessed.
-    if (place == type->ports.size() && name.find('\\') == std::string_view::npos &&
-        name.find('"') == std::string_view::npos)
+    if (place == type->ports.size() && name.find_first_of("\\\"") == std::string_view::npos)
         type->ports.push_back({name, number});
     return number;
 }
 
 quint32 NetlistParser::Private::portNumber(std::string_view name)
 {
-    const auto [it, added] = m_portNumbers.try_emplace(name, quint32(m_portNumbers.size()));
-    if (added) {
-        if (it->second >= 1u << 30)
-            refuse(QStringLiteral("it has too many port names"));
-        m_netlist.portNames.push_back(name);
-        m_directions.emplace_back();
-    }
-    return it->second;
+    const quint32 number = m_index.port(name);
+    if (number >= m_directions.size())
+        m_directions.resize(size_t(number) + 1);
+    return number;
 }
 
 NetlistParser::NetlistParser(const CellLibrary &library, ReadControl *control)

@@ -86,6 +86,8 @@ void TestNetlistReader::refuses_data()
     row("bad UTF-8", "{\"modules\": {\"\xff\": {}}}", "it is not valid UTF-8");
     row("deep", "{\"a\": " + QByteArray(100000, '[') + QByteArray(100000, ']') + "}",
         "it nests too deeply");
+    row("long name", "{\"modules\": {\"" + QByteArray(70000, 'x') + "\": {}}}",
+        "a name is longer than 65535 bytes");
     row("no modules", "{\"creator\": \"x\"}", "has no 'modules'");
     row("modules is a list", "{\"modules\": []}", "'modules' is not what it should be");
     row("module is a number", "{\"modules\": {\"m\": 1}}", "'module' in module 'm'");
