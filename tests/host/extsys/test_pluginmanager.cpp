@@ -63,7 +63,8 @@ void TestPluginManager::runsTheLifeCycleAndReportsTheRest()
     manager->shutDown();
     const char *const expected[] = {"first initialize",
                                     "refusing initialize",
-                                    "refusing object",
+                                    "refusing object 2",
+                                    "refusing object 1",
                                     "second initialize",
                                     "first extensionsInitialized",
                                     "second extensionsInitialized",
