@@ -4,6 +4,7 @@
 #include "document/vltview.h"
 #include "frame/vltviewmanager.h"
 #include "support/testhost.h"
+#include "support/vlrschema.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -49,15 +50,19 @@ public:
         return result;
     }
 
-    /// The page's section of the saved file, an element "name=text" for each.
+    /// Saves, and gives the page's section of the file, "name=text" for each element; or what is
+    /// wrong with the file by its schema.
     QString saved() const
     {
         QString text;
         view->setModified(true);
         if (!view->save())
             return QStringLiteral("not saved");
-        const QStringList lines =
-            QString::fromUtf8(m_host.read(QStringLiteral("a.vlr"))).split(QLatin1Char('\n'));
+        const QByteArray bytes = m_host.read(QStringLiteral("a.vlr"));
+        const QByteArray errors = schemaErrors(bytes);
+        if (!errors.isEmpty())
+            return QString::fromUtf8(errors);
+        const QStringList lines = QString::fromUtf8(bytes).split(QLatin1Char('\n'));
         static const QRegularExpression element(QStringLiteral("^    <(\\w+)>([^<]*)</"));
         for (const QString &line : lines) {
             const auto match = element.match(line);

@@ -5,6 +5,7 @@
 #include "frame/vltviewmanager.h"
 #include "support/modaldriver.h"
 #include "support/testhost.h"
+#include "support/vlrschema.h"
 
 #include "core/viewmanager.h"
 #include "nlsdata/netlist.h"
@@ -53,6 +54,7 @@ private slots:
     void failedSaveKeepsTheChanges_data();
     void failedSaveKeepsTheChanges();
     void openEditorIsSaved();
+    void savedFileIsValidAndStable();
 
 private:
     VLTView *open(const QByteArray &bytes = VLT::emptyFile(),
@@ -317,6 +319,23 @@ void TestVLTView::openEditorIsSaved()
     QVERIFY(!view->isModified());
     finishDeletions();
     QVERIFY(!view->isModified()); // the editor has gone without a second commit
+}
+
+void TestVLTView::savedFileIsValidAndStable()
+{
+    QVERIFY(open()->save());
+    QCOMPARE(schemaErrors(m_host->read(QStringLiteral("a.vlr"))), QByteArray());
+
+    QFile file(QStringLiteral(EVERY_SECTION));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QByteArray bytes = file.readAll();
+    bytes.replace("run.vcd", m_host->write(QStringLiteral("run.vcd"), QByteArray()).toUtf8());
+    m_host->closeAll();
+    VLTView *view = open(bytes);
+    QVERIFY(!view->isModified());
+    QVERIFY(view->save());
+    QCOMPARE(m_host->read(QStringLiteral("a.vlr")), bytes);
+    QCOMPARE(schemaErrors(bytes), QByteArray());
 }
 
 QTEST_MAIN(TestVLTView)
