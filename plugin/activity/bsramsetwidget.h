@@ -31,12 +31,8 @@ class BSRamModel : public RecordModel<VLT_BSRam>
     Q_OBJECT
 
 public:
-    using Ptr = VLT_BSRam *const &;
-
     BSRamModel(VLTView *view, QList<VLT_BSRam *> &records, QObject *parent);
 
-    static bool lessThanByName(Ptr a, Ptr b) { return compareNames(a, b) < 0; }
-    static bool greaterThanByName(Ptr a, Ptr b) { return compareNames(a, b) > 0; }
     static bool lessThanByAEnable(Ptr a, Ptr b) { return a->aEnable < b->aEnable; }
     static bool greaterThanByAEnable(Ptr a, Ptr b) { return a->aEnable > b->aEnable; }
     static bool lessThanByARead(Ptr a, Ptr b) { return a->aRead < b->aRead; }

@@ -29,12 +29,8 @@ class ClkEnableModel : public RecordModel<VLT_ClkEnable>
     Q_OBJECT
 
 public:
-    using Ptr = VLT_ClkEnable *const &;
-
     ClkEnableModel(VLTView *view, QList<VLT_ClkEnable *> &records, QObject *parent);
 
-    static bool lessThanByName(Ptr a, Ptr b) { return compareNames(a, b) < 0; }
-    static bool greaterThanByName(Ptr a, Ptr b) { return compareNames(a, b) > 0; }
     static bool lessThanByClkEnable(Ptr a, Ptr b) { return a->enable < b->enable; }
     static bool greaterThanByClkEnable(Ptr a, Ptr b) { return a->enable > b->enable; }
     static bool lessThanByQuad1(Ptr a, Ptr b) { return a->quad1 < b->quad1; }

@@ -24,12 +24,8 @@ class DffModel : public RecordModel<VLT_Dff>
     Q_OBJECT
 
 public:
-    using Ptr = VLT_Dff *const &;
-
     DffModel(VLTView *view, QList<VLT_Dff *> &records, QObject *parent);
 
-    static bool lessThanByName(Ptr a, Ptr b) { return compareNames(a, b) < 0; }
-    static bool greaterThanByName(Ptr a, Ptr b) { return compareNames(a, b) > 0; }
     static bool lessThanByValue(Ptr a, Ptr b) { return a->value < b->value; }
     static bool greaterThanByValue(Ptr a, Ptr b) { return a->value > b->value; }
 };

@@ -37,12 +37,8 @@ class PortModel : public RecordModel<VLT_Port>
     Q_OBJECT
 
 public:
-    using Ptr = VLT_Port *const &;
-
     PortModel(VLTView *view, QList<VLT_Port *> &records, QObject *parent);
 
-    static bool lessThanByName(Ptr a, Ptr b) { return compareNames(a, b) < 0; }
-    static bool greaterThanByName(Ptr a, Ptr b) { return compareNames(a, b) > 0; }
     static bool lessThanByOE(Ptr a, Ptr b) { return a->outEnable < b->outEnable; }
     static bool greaterThanByOE(Ptr a, Ptr b) { return a->outEnable > b->outEnable; }
     static bool lessThanByCapacity(Ptr a, Ptr b) { return a->capacity < b->capacity; }

@@ -30,6 +30,11 @@ class RecordModel : public TableModel
 {
 public:
     using RecordType = Record;
+    using Ptr = Record *const &;
+
+    /// Of records with a name: without regard to case.
+    static bool lessThanByName(Ptr a, Ptr b) { return compareNames(a, b) < 0; }
+    static bool greaterThanByName(Ptr a, Ptr b) { return compareNames(a, b) > 0; }
 
     int rowCount(const QModelIndex &parent = {}) const final
     {

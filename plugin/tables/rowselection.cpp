@@ -12,7 +12,6 @@ QVector<int> selectedRows(const QItemSelectionModel *selection)
     const QItemSelection ranges = selection->selection();
     QVector<int> rows;
     for (const QItemSelectionRange &range : ranges) {
-        rows.reserve(rows.size() + range.height());
         for (int row = range.top(); row <= range.bottom(); ++row)
             rows.append(row);
     }

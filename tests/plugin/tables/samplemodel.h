@@ -29,14 +29,6 @@ public:
     {
     }
 
-    static bool lessThanByName(Sample *const &a, Sample *const &b)
-    {
-        return QString::compare(a->name, b->name, Qt::CaseInsensitive) < 0;
-    }
-    static bool greaterThanByName(Sample *const &a, Sample *const &b)
-    {
-        return QString::compare(a->name, b->name, Qt::CaseInsensitive) > 0;
-    }
     static bool lessThanByRate(Sample *const &a, Sample *const &b) { return a->rate < b->rate; }
     static bool greaterThanByRate(Sample *const &a, Sample *const &b) { return a->rate > b->rate; }
 

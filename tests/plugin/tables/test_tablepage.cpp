@@ -63,7 +63,6 @@ private slots:
     void init();
     void cleanup();
     void startsUnsorted();
-    void removesWhatIsSelected_data();
     void removesWhatIsSelected();
     void asksBeforeRemoving();
     void selectionFollowsItsRecords();
@@ -120,25 +119,13 @@ void TestTablePage::startsUnsorted()
     QCOMPARE(m_page->model.names(), QStringLiteral("5 4 3 2 1 0 6"));
 }
 
-void TestTablePage::removesWhatIsSelected_data()
-{
-    QTest::addColumn<bool>("byKey");
-    QTest::newRow("slot") << false;
-    QTest::newRow("Delete key") << true;
-}
-
 void TestTablePage::removesWhatIsSelected()
 {
-    QFETCH(bool, byKey);
     select({2, 5, 3});
-    ModalDriver driver(pressButton(QMessageBox::Yes));
-    if (byKey) {
-        m_page->table->setFocus();
-        QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
-        QTest::keyClick(m_page->table, Qt::Key_Delete);
-    } else {
-        m_page->onRemove();
-    }
+    m_page->table->setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
+    const ModalDriver driver(pressButton(QMessageBox::Yes));
+    QTest::keyClick(m_page->table, Qt::Key_Delete);
     QCOMPARE(driver.title(), QStringLiteral("Confirm"));
     QCOMPARE(driver.text(), QStringLiteral("Sure to remove?"));
     QCOMPARE(m_page->model.names(), QStringLiteral("0 1 4"));
