@@ -49,6 +49,7 @@ void TablePage::setUpTable(QTableView *table, TableModel *model, const QVector<i
     table->verticalHeader()->hide();
     QHeaderView *header = table->horizontalHeader();
     header->setHighlightSections(false);
+    header->setTextElideMode(Qt::ElideRight);
     header->setStretchLastSection(true);
 
     table->setModel(model);
