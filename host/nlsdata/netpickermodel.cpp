@@ -124,9 +124,10 @@ QVariant NetPickerModel::data(const QModelIndex &index, int role) const
         return QVariant();
     if (role == Qt::DisplayRole)
         return net(index.row())->path();
-    // Escaped, since a name may look like markup.
+    // A name may look like markup.
     if (role == Qt::ToolTipRole)
-        return net(index.row())->path().toHtmlEscaped();
+        return QString(QLatin1String("<p style='white-space:pre'>") +
+                       net(index.row())->path().toHtmlEscaped() + QLatin1String("</p>"));
     return QVariant();
 }
 

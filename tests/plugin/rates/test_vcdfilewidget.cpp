@@ -71,10 +71,7 @@ class TestVcdFileWidget : public QObject
 
 private slots:
     void cleanup() { QLocale::setDefault(QLocale::c()); }
-    void readsAndWritesRates_data();
-    void readsAndWritesRates();
-    void readsAndWritesFiles_data();
-    void readsAndWritesFiles();
+    void readsAndWrites();
     void editsRatesInCommaLocale();
     void changesUnits();
     void showsAndSorts();
@@ -87,61 +84,37 @@ private:
     const TestHost m_host;
 };
 
-void TestVcdFileWidget::readsAndWritesRates_data()
+void TestVcdFileWidget::readsAndWrites()
 {
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QByteArray>("expected");
-    const auto row = [](const char *name, const QByteArray &xml, const QByteArray &expected) {
-        QTest::newRow(name) << xml << expected;
-    };
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     const char *toggle = "ToggleRate";
     const char *signal = "SignalRate";
     const QByteArray both = rates(toggle, "0.25", signal, "99999999.00");
-    row("both units", both, both);
-    row("above the limits", rates(signal, "1e9", toggle, "200.01"),
-        rates(signal, "99999999.00", toggle, "200.00"));
-    row("no number", rates(toggle, "x", signal, "12,5"), rates(toggle, "0.00", signal, "0.00"));
-    row("not finite", rates(toggle, "nan", signal, "inf"), rates(toggle, "0.00", signal, "0.00"));
-    row("nothing", "", startRates());
-    row("one", "<DefaultConfig><DefaultRmSignalRate>7</DefaultRmSignalRate></DefaultConfig>",
-        rates(toggle, "12.50", signal, "7.00"));
-    row("toggle first",
-        "<DefaultConfig><DefaultIoSignalRate>7</DefaultIoSignalRate>"
-        "<DefaultIoToggleRate>8</DefaultIoToggleRate></DefaultConfig>",
-        rates(toggle, "8.00", toggle, "12.50"));
-}
-
-void TestVcdFileWidget::readsAndWritesRates()
-{
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    QFETCH(QByteArray, xml);
-    const Fixture f(m_host);
-    f.read(xml);
-    QTEST(f.written(), "expected");
-}
-
-void TestVcdFileWidget::readsAndWritesFiles_data()
-{
-    QTest::addColumn<QByteArray>("xml");
-    QTest::addColumn<QByteArray>("expected");
-    const auto same = [](const char *name, const QByteArray &xml) {
-        QTest::newRow(name) << xml << xml;
+    const QByteArray start = startRates();
+    const QByteArray three = files(THREE_FILES, "TRUE");
+    const QList<QPair<QByteArray, QByteArray>> cases = {
+        {"", start},
+        {both, both},
+        {rates(signal, "1e9", toggle, "200.01"), rates(signal, "99999999.00", toggle, "200.00")},
+        {rates(toggle, "x", signal, "12,5"), rates(toggle, "0.00", signal, "0.00")},
+        {rates(toggle, "nan", signal, "inf"), rates(toggle, "0.00", signal, "0.00")},
+        {"<DefaultConfig><DefaultRmSignalRate>7</DefaultRmSignalRate></DefaultConfig>",
+         rates(toggle, "12.50", signal, "7.00")},
+        {"<DefaultConfig><DefaultIoSignalRate>7</DefaultIoSignalRate>"
+         "<DefaultIoToggleRate>8</DefaultIoToggleRate></DefaultConfig>",
+         rates(toggle, "8.00", toggle, "12.50")},
+        {start + three, start + three},
+        {files(R"(<File type="vcd" name="x" entity="top"/>)"),
+         start + files(R"(<File type="vcd" name="x" entity=""/>)")},
+        {files(R"(<File type="VCD"/><Other/>)", "true"),
+         start + files(R"(<File type="saif" name="" entity=""/>)")},
+        {files("", "TRUE"), start},
     };
-    same("three files", files(THREE_FILES, "TRUE"));
-    QTest::newRow("the design's name") << files(R"(<File type="vcd" name="x" entity="top"/>)")
-                                       << files(R"(<File type="vcd" name="x" entity=""/>)");
-    QTest::newRow("tolerant") << files(R"(<File type="VCD"/><Other/>)", "true")
-                              << files(R"(<File type="saif" name="" entity=""/>)");
-    QTest::newRow("none") << files("", "TRUE") << QByteArray();
-}
-
-void TestVcdFileWidget::readsAndWritesFiles()
-{
-    QFETCH(QByteArray, xml);
-    QFETCH(QByteArray, expected);
-    const Fixture f(m_host);
-    f.read(xml);
-    QCOMPARE(f.written(), startRates() + expected);
+    for (const auto &[xml, expected] : cases) {
+        const Fixture f(m_host);
+        f.read(xml);
+        QCOMPARE(f.written(), expected);
+    }
 }
 
 void TestVcdFileWidget::editsRatesInCommaLocale()
