@@ -87,8 +87,13 @@ int main(int argc, char *argv[])
         return runOnConsole(commandLine);
     }
 
-    if (tour && !hasDisplay() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    if (!hasDisplay() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        if (!tour) {
+            std::fputs("workbench: There is no display to show a window on.\n", stderr);
+            return 1;
+        }
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
