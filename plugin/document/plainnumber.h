@@ -9,6 +9,9 @@ namespace VLT {
 /// A number as the file has it: six significant digits, a point whatever the locale.
 inline QString numberText(double value)
 {
+    // Most values are small whole numbers; the same text, several times faster.
+    if (value > 0 && value < 100000 && value == int(value))
+        return QString::number(int(value));
     return QString::number(value, 'g', 6);
 }
 
