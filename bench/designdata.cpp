@@ -139,9 +139,9 @@ qint64 writeNetlist(const QString &path, int cells)
     writeVector(nets, QStringLiteral("clk"), 2, 1, plain);
     writeVector(nets, QStringLiteral("data"), 3, 32, plain);
     writeVector(nets, QStringLiteral("result"), 40, 32, plain);
-    for (int i = 0; i + 32 <= cells; i += 32)
+    for (int i = 0; i < cells; i += 32)
         writeVector(nets, QStringLiteral("u_core%1.operand_%2").arg(i / 32 % 24).arg(i / 32),
-                    100 + i, 32, plain);
+                    100 + i, qMin(32, cells - i), plain);
     for (int i = 0; i < cells; i += 6)
         writeVector(nets, QStringLiteral("u_core.carry_FERN_LUT4_F_%1").arg(i), 100 + i, 1,
                     " \"hide_name\": 1, \"attributes\": { }, ");
@@ -166,5 +166,8 @@ void writeFlipFlops(const QString &path, const QStringList &names)
                               "\"attributes\": {}, \"port_directions\": {\"D\": \"input\", "
                               "\"Q\": \"output\"}, \"connections\": {\"D\": [ 3 ], \"Q\": [ "
                            << bit++ << " ]}}";
-    out << "\n      },\n      \"netnames\": {}\n    }\n  }\n}\n";
+    out << "\n      },\n      \"netnames\": {\n";
+    Members nets(out);
+    writeVector(nets, QStringLiteral("state"), 100, names.size(), "");
+    out << "\n      }\n    }\n  }\n}\n";
 }

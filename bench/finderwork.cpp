@@ -59,8 +59,8 @@ double fillBareList(const QStringList &names)
     list.setUniformItemSizes(true);
     return seconds([&] {
         list.addItems(names);
+        list.show();
         paint(list.viewport());
-        paint(&list);
     });
 }
 

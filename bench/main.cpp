@@ -14,6 +14,13 @@
 
 namespace {
 
+/// What the product and the platform say while they are measured would hide the results.
+void showOnlyFailures(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type == QtFatalMsg)
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
 void print(const Row &row)
 {
     const QString goal = row.goal > 0 ? QString::number(row.goal, 'f', 2) : QStringLiteral("-");
@@ -52,6 +59,7 @@ int measurePeak(const QStringList &files)
 
 int main(int argc, char **argv)
 {
+    qInstallMessageHandler(showOnlyFailures);
     QApplication application(argc, argv);
 
     QCommandLineParser parser;
