@@ -63,6 +63,8 @@ int showWindow(const CommandLine &commandLine)
     Session session(commandLine.plugins);
     MainWindow &window = session.window();
     window.show();
+    // The window is on the screen before large files are read.
+    QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     if (!commandLine.project.isEmpty())
         window.open(commandLine.project);
     for (const QString &file : commandLine.files)

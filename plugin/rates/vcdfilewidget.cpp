@@ -13,6 +13,7 @@
 
 #include <QDomElement>
 #include <QHeaderView>
+#include <QSet>
 #include <QXmlStreamWriter>
 
 namespace VLT {
@@ -168,12 +169,16 @@ QString VcdFileWidget::designName() const
 
 bool VcdFileWidget::checkData()
 {
+    QSet<QString> found; // one file often serves many instances
     for (const VLT_VcdFile *file : m_records.list()) {
+        if (found.contains(file->file))
+            continue;
         if (!isActivityFile(file->file)) {
             showMessage(QMessageBox::Warning, this, tr("Warning"),
                         tr("The vcd file '%1' doesn't exist.").arg(file->file));
             return false;
         }
+        found.insert(file->file);
     }
     return true;
 }

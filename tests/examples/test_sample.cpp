@@ -1,5 +1,8 @@
+#include "document/vltview.h"
+
 #include "nlsdata/netlist.h"
 #include "nlsdata/netlistreader.h"
+#include "support/testhost.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -41,6 +44,7 @@ private slots:
     void isReproduced_data();
     void isReproduced();
     void showsEveryCase();
+    void configurationIsSavedByTheEditor();
 };
 
 void TestSample::isReproduced_data()
@@ -132,5 +136,22 @@ void TestSample::showsEveryCase()
     QCOMPARE(memories, kinds);
 }
 
-QTEST_GUILESS_MAIN(TestSample)
+/// Opening finds nothing to correct, and saving changes no byte.
+void TestSample::configurationIsSavedByTheEditor()
+{
+    const TestHost host;
+    const QByteArray committed = contents(QStringLiteral(SAMPLE_DIR "/sample.vlr"));
+    const QString copy = host.write(QStringLiteral("sample.vlr"), committed);
+    QString error;
+    VLT::VLTView view(
+        host.device(),
+        NlsData::readNetlistFile(QStringLiteral(SAMPLE_DIR "/netlist.json"), &error, false));
+    QVERIFY(view.getNetlist());
+    QVERIFY(view.readCfgFile(copy));
+    QVERIFY(!view.isModified());
+    QVERIFY(view.writeToFile());
+    QCOMPARE(host.read(QStringLiteral("sample.vlr")), committed);
+}
+
+QTEST_MAIN(TestSample)
 #include "test_sample.moc"
