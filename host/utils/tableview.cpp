@@ -77,6 +77,9 @@ void TableView::keyPressEvent(QKeyEvent *event)
         const QString text = selectionText(this);
         if (!text.isEmpty())
             QApplication::clipboard()->setText(text);
+    } else if (state() == EditingState) {
+        // What an open editor does not take itself must not change cells behind its back.
+        QTableView::keyPressEvent(event);
     } else if (event->matches(QKeySequence::Paste)) {
         run(this, [this] { return pasteText(this, QApplication::clipboard()->text()); });
     } else if (isFillDown(event)) {

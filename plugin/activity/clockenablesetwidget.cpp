@@ -60,6 +60,7 @@ ClockEnableSetWidget::~ClockEnableSetWidget() = default;
 
 void ClockEnableSetWidget::onAdd()
 {
+    commitEditor();
     const int row = m_model.rowCount();
     m_records.append(std::make_unique<VLT_ClkEnable>());
     showAdded(row);

@@ -1,6 +1,7 @@
 #include "activity/nlsdatafinderdialog.h"
 
 #include "tables/rowselection.h"
+#include "tables/uniformrows.h"
 #include "ui_nlsdatafinderdialog.h"
 
 #include "nlsdata/netlist.h"
@@ -62,7 +63,11 @@ NlsDataFinderDialog::NlsDataFinderDialog(QWidget *parent, NlsData::Netlist *netl
     m_ui->btnStop->hide();
     connect(m_ui->btnSearch, &QPushButton::clicked, this, &NlsDataFinderDialog::onSearch);
     connect(m_ui->btnStop, &QPushButton::clicked, this, [this] { m_stopped = true; });
-    connect(m_ui->listWidget, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
+    connect(m_ui->listWidget, &QListWidget::itemDoubleClicked, this, [this] {
+        // While a search runs, the list is still that of the one before and about to go.
+        if (m_ui->btnSearch->isEnabled())
+            accept();
+    });
 }
 
 NlsDataFinderDialog::~NlsDataFinderDialog() = default;
@@ -97,7 +102,7 @@ void NlsDataFinderDialog::onSearch()
 
     const QPointer<NlsDataFinderDialog> self(this);
     setSearching(true);
-    switch (m_netlist ? m_type : FindType(-1)) {
+    switch (m_netlist && pattern.isValid() ? m_type : FindType(-1)) {
     case FindPort:
         searchPort(pattern);
         break;
@@ -111,6 +116,8 @@ void NlsDataFinderDialog::onSearch()
         searchDff(pattern);
         break;
     default:
+        m_ports.clear();
+        m_instances.clear();
         listPaths({});
     }
     if (!self)
@@ -219,18 +226,7 @@ void NlsDataFinderDialog::listPaths(const QStringList &paths)
     QListWidget *list = m_ui->listWidget;
     list->clear();
     list->insertItems(list->count(), paths);
-    if (!paths.isEmpty()) {
-        // All items have the size of the first one.
-        const auto longest =
-            std::max_element(paths.begin(), paths.end(), [](const QString &a, const QString &b) {
-                return a.size() < b.size();
-            });
-        QSize size = list->sizeHintForIndex(list->model()->index(0, 0));
-        const QFontMetrics metrics(list->font());
-        size.rwidth() +=
-            metrics.horizontalAdvance(*longest) - metrics.horizontalAdvance(paths.first());
-        list->item(0)->setSizeHint(size);
-    }
+    widenUniformRows(list, paths);
     const QString count = QLocale().toString(paths.size());
     QString text = paths.size() == 1 ? tr("1 object found") : tr("%1 objects found").arg(count);
     if (m_stopped)

@@ -1,5 +1,6 @@
 #include "rates/moduleinstselectdialog.h"
 
+#include "tables/uniformrows.h"
 #include "ui_moduleinstselectdialog.h"
 
 #include "nlsdata/netlist.h"
@@ -19,6 +20,8 @@ constexpr int ENTRIES_BETWEEN_CLOCK_LOOKS = 512;
 
 QStringList entriesOf(const NlsData::Netlist *netlist)
 {
+    if (!netlist)
+        return {};
     // The map is made when it is first asked for, which takes its time on a large design.
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     QStringList entries;
@@ -97,6 +100,7 @@ void ModuleInstSelectDialog::fillTurn()
     if (m_next == m_candidates.size()) {
         m_turn.stop();
         m_ui->listWidget->viewport()->unsetCursor();
+        widenUniformRows(m_ui->listWidget, m_found);
     }
 }
 

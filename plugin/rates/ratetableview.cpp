@@ -47,6 +47,7 @@ void RateTableView::setData(const QList<VLT_Rate *> &rates)
 
 void RateTableView::setValueType(bool toggle)
 {
+    commitEditor();
     m_model.setUnitType(toggle);
     delegate()->setMaximum(toggle ? MAX_TOGGLE_RATE : MAX_SIGNAL_RATE);
 }
@@ -55,6 +56,7 @@ void RateTableView::resetValue()
 {
     for (VLT_Rate *rate : m_records.list())
         rate->value.clear();
+    m_table->viewport()->update();
     view()->setModified(true);
 }
 
@@ -76,6 +78,8 @@ void RateTableView::addNets()
     const QPointer<RateTableView> self(this);
     // Kept while the chosen nets are used: a synthesis run may replace the view's netlist.
     const auto netlist = view()->holdNetlist();
+    if (!netlist)
+        return;
     // The map is made when it is first asked for, which takes its time on a large design.
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const QList<NlsData::Net *> all = netlist->netMap().values();

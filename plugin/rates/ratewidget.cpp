@@ -8,6 +8,7 @@
 #include "ui_ratewidget.h"
 
 #include <QDomElement>
+#include <QPointer>
 #include <QXmlStreamWriter>
 
 namespace VLT {
@@ -121,14 +122,17 @@ void RateWidget::changeUnit(RateTableView *table, QRadioButton *toggle, QRadioBu
         table->setValueType(toggle->isChecked());
         return;
     }
+    const QPointer<RateWidget> self(this);
     const QMessageBox::StandardButton answer = showMessage(
         QMessageBox::Question, this, tr("Confirm"),
         tr("Are you sure to change unit?\nThe edited values will be clear after changed."),
         QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+    if (!self)
+        return;
     if (answer == QMessageBox::Yes) {
         table->setValueType(toggle->isChecked());
         table->resetValue();
-    } else if (answer == QMessageBox::No) {
+    } else {
         // The table's unit, not the button clicked: that may be the one that was already checked.
         (table->valueType() ? toggle : signal)->setChecked(true);
     }

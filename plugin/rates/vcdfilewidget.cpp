@@ -5,6 +5,7 @@
 #include "document/plainmessage.h"
 #include "document/plainnumber.h"
 #include "document/vltview.h"
+#include "document/wheelguard.h"
 #include "rates/vcdfilesetdialog.h"
 #include "tables/guardeddialog.h"
 #include "ui_vcdfilewidget.h"
@@ -56,6 +57,9 @@ VcdFileWidget::VcdFileWidget(VLTView *view, QWidget *parent)
             &VcdFileWidget::onIOUnitChanged);
     connect(m_ui->comboRemainUnit, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             &VcdFileWidget::onRemainUnitChanged);
+    // A turn of the wheel on the way down the page would change unit and value.
+    for (QComboBox *combo : {m_ui->comboIOUnit, m_ui->comboRemainUnit})
+        ignoreWheelWithoutFocus(combo);
     m_ui->radioVectorless->hide();
 }
 

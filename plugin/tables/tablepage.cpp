@@ -116,6 +116,8 @@ void TablePage::showMenu(const QPoint &globalPos)
 
 void TablePage::showAdded(int oldCount)
 {
+    // The reset drops an open editor, and with it what is being typed.
+    commitEditor();
     m_model->reload();
     const int count = m_model->rowCount();
     if (count <= oldCount)

@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QTableView>
 #include <QXmlStreamWriter>
 #include <QtTest>
@@ -353,6 +354,18 @@ void TestActivityPages::clockNamesAreTyped()
     QCOMPARE(written(QStringLiteral("VLT::ClockEnableSetWidget")),
              QStringLiteral(R"(<GlobalEnable value="100"><Clock name="CLK2" value="100"/>)"
                             R"(</GlobalEnable>)"));
+
+    // What is being typed is not lost to the next row.
+    m_view->findChild<QTabWidget *>()->setCurrentIndex(2);
+    m_view->show();
+    auto *add = clocks->findChild<QAbstractButton *>(QStringLiteral("btnAdd"));
+    QTest::mouseClick(add, Qt::LeftButton);
+    auto *editor = table(clocks)->viewport()->findChild<QLineEdit *>();
+    QVERIFY(editor);
+    QTest::keyClicks(editor, QStringLiteral("clk_b"));
+    QTest::mouseClick(add, Qt::LeftButton);
+    QCOMPARE(cell(clocks, 1, 0).data().toString(), QStringLiteral("clk_b"));
+    QCOMPARE(table(clocks)->model()->rowCount(), 3);
 }
 
 void TestActivityPages::viewMayCloseUnderTheFinder()
