@@ -3,6 +3,8 @@
 #include "document/vltview.h"
 #include "tables/guardeddialog.h"
 
+#include <QApplication>
+
 namespace VLT {
 
 void ActivityPage::modified()
@@ -16,8 +18,11 @@ void ActivityPage::find(NlsDataFinderDialog::FindType type,
     // A synthesis run may give the view another netlist while the finder is open.
     const auto netlist = view()->holdNetlist();
     GuardedDialog finder(new NlsDataFinderDialog(this, netlist.get(), type));
-    if (finder.exec())
-        add(*finder);
+    if (!finder.exec())
+        return;
+    QApplication::setOverrideCursor(Qt::WaitCursor); // a million objects take a second
+    add(*finder);
+    QApplication::restoreOverrideCursor();
 }
 
 } // namespace VLT

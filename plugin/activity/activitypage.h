@@ -59,6 +59,7 @@ protected:
     void addRecords(const Objects &objects, NameOf nameOf, Fill fill)
     {
         const int oldCount = m_model.rowCount();
+        m_records.reserve(objects.size());
         for (const auto &object : objects) {
             const QString name = nameOf(object);
             if (isExist(name))

@@ -25,6 +25,13 @@ public:
     QList<Record *> &list() { return m_list; }
     const QList<Record *> &list() const { return m_list; }
 
+    /// Makes room for `count` more records.
+    void reserve(int count)
+    {
+        m_list.reserve(m_list.size() + count);
+        m_names.reserve(m_list.size() + count);
+    }
+
     void append(std::unique_ptr<Record> record)
     {
         if (m_counted)
