@@ -52,22 +52,18 @@ NetlistJson::Module &NetlistJson::Module::port(const QByteArray &name, const cha
 }
 
 NetlistJson::Module &NetlistJson::Module::cell(const QByteArray &name, const QByteArray &type,
-                                               const QList<Pin> &pins,
-                                               const QList<Parameter> &parameters)
+                                               const QList<Pin> &pins)
 {
-    QByteArray texts, directions, connections;
-    for (const Parameter &parameter : parameters)
-        append(&texts, parameter.name, quoted(parameter.text));
+    QByteArray directions, connections;
     for (const Pin &pin : pins) {
         if (pin.direction)
             append(&directions, pin.port, quoted(pin.direction));
         append(&connections, pin.port, array(pin.bits));
     }
     append(&m_cells, name,
-           "{ \"hide_name\": " + QByteArray(name.startsWith('$') ? "1" : "0") +
-               ", \"type\": " + quoted(type) + ", \"parameters\": {" + texts +
-               "}, \"attributes\": {}, " + "\"port_directions\": {" + directions +
-               "}, \"connections\": {" + connections + "} }");
+           "{ \"hide_name\": " + QByteArray(name.startsWith('$') ? "1" : "0") + ", \"type\": " +
+               quoted(type) + ", \"parameters\": {}, \"attributes\": {}, \"port_directions\": {" +
+               directions + "}, \"connections\": {" + connections + "} }");
     return *this;
 }
 

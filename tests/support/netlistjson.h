@@ -40,11 +40,6 @@ public:
         const char *direction;
         Bits bits;
     };
-    struct Parameter
-    {
-        QByteArray name;
-        QByteArray text;
-    };
 
     class Module
     {
@@ -57,8 +52,7 @@ public:
         /// bit, `upto` reverses its direction.
         Module &port(const QByteArray &name, const char *direction, const Bits &bits,
                      int offset = 0, bool upto = false);
-        Module &cell(const QByteArray &name, const QByteArray &type, const QList<Pin> &pins = {},
-                     const QList<Parameter> &parameters = {});
+        Module &cell(const QByteArray &name, const QByteArray &type, const QList<Pin> &pins = {});
         Module &net(const QByteArray &name, const Bits &bits, int offset = 0, bool upto = false);
         Module &generatedNet(const QByteArray &name, const Bits &bits);
 

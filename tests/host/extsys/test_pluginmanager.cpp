@@ -13,7 +13,6 @@ class TestPluginManager : public QObject
 
 private slots:
     void runsTheLifeCycleAndReportsTheRest();
-    void reportsAMissingFolder();
 };
 
 void TestPluginManager::runsTheLifeCycleAndReportsTheRest()
@@ -61,33 +60,15 @@ void TestPluginManager::runsTheLifeCycleAndReportsTheRest()
 
     manager->initializePlugins(); // has nothing left to do
     manager->shutDown();
-    const char *const expected[] = {"first initialize",
-                                    "refusing initialize",
-                                    "refusing object 2",
-                                    "refusing object 1",
-                                    "second initialize",
-                                    "first extensionsInitialized",
-                                    "second extensionsInitialized",
-                                    "second shutDown",
-                                    "first shutDown",
-                                    "second object 2",
-                                    "second object 1",
-                                    "first object 2",
-                                    "first object 1"};
-    QStringList log;
-    for (const char *line : expected)
-        log.append(QString::fromLatin1(line));
-    QCOMPARE(qApp->property("log").toStringList(), log);
+    QCOMPARE(qApp->property("log").toStringList().join(QLatin1String(", ")),
+             QStringLiteral("first initialize, refusing initialize, refusing object 2, "
+                            "refusing object 1, second initialize, first extensionsInitialized, "
+                            "second extensionsInitialized, second shutDown, first shutDown, "
+                            "second object 2, second object 1, first object 2, first object 1"));
     QVERIFY(manager->objects<QObject>().isEmpty());
-}
 
-void TestPluginManager::reportsAMissingFolder()
-{
-    PluginManager *manager = PluginManager::instance();
     manager->loadFolder(QStringLiteral("/does/not/exist"));
-    QCOMPARE(manager->failures().size(), 1);
-    QCOMPARE(manager->failures().first().fileName, QStringLiteral("/does/not/exist"));
-    manager->shutDown();
+    QCOMPARE(manager->failures().last().fileName, QStringLiteral("/does/not/exist"));
 }
 
 QTEST_MAIN(TestPluginManager)
