@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QMenu>
 #include <QTabWidget>
 #include <QThread>
 #include <QTimer>
@@ -32,15 +33,15 @@ int depth(const QWidget *widget)
     return parents;
 }
 
-/// The visible windows that wait in an event loop of their own, or may do so: popups and modal
-/// dialogs, inner ones before the ones that opened them.
+/// The visible windows that wait in an event loop of their own, or may do so: menus and modal
+/// dialogs, inner ones before the ones that opened them. The list of a combo box has no loop.
 QList<QWidget *> waitingWindows()
 {
     QList<QWidget *> waiting;
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget *window : windows) {
         const bool waits =
-            window->windowModality() == Qt::ApplicationModal || window->windowType() == Qt::Popup;
+            window->windowModality() == Qt::ApplicationModal || qobject_cast<QMenu *>(window);
         if (waits && window->isVisible())
             waiting.append(window);
     }

@@ -141,7 +141,6 @@ bool writeWhole(QIODevice *device, const QByteArray &bytes)
     const bool written = device->write(bytes) == bytes.size();
     auto *file = qobject_cast<QFileDevice *>(device);
     const bool flushed = !file || file->flush();
-    device->close();
     return written && flushed && (!file || file->error() == QFileDevice::NoError);
 }
 

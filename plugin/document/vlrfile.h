@@ -29,8 +29,8 @@ bool composeFile(const std::function<void(QXmlStreamWriter *)> &writeSections, Q
 /// A new file: the envelope with an empty root element.
 QByteArray emptyFile();
 
-/// Writes all of `bytes` to the open `device` and closes it. False when a part of it failed; the
-/// device's errorString() tells why.
+/// Writes all of `bytes` through to the open `device`. False when a part of it failed; the device's
+/// errorString() tells why until it is closed.
 bool writeWhole(QIODevice *device, const QByteArray &bytes);
 
 } // namespace VLT

@@ -40,6 +40,8 @@ bool VLTView::readCfgFile(const QString &path)
     // all of the tree's nodes at once, a third of the time of opening a large file.
     bytes.clear();
     QDomElement root = document.documentElement();
+    if (root.isNull())
+        return false;
     m_settingPage->readData(&root);
     m_ratePage->readData(&root);
     m_enablePage->readData(&root);

@@ -77,11 +77,15 @@ QString NewFileDialog::problem(const QString &target) const
 bool NewFileDialog::createFile(const QString &target)
 {
     QFile file(target);
-    if (file.open(QIODevice::WriteOnly) && writeWhole(&file, emptyFile()))
+    const bool opened = file.open(QIODevice::WriteOnly);
+    if (opened && writeWhole(&file, emptyFile()))
         return true;
-    showMessage(QMessageBox::Critical, this, QStringLiteral("Error"),
-                QStringLiteral("Can not create file %1\n%2")
-                    .arg(QDir::toNativeSeparators(target), file.errorString()));
+    const QString reason = file.errorString();
+    if (opened)
+        file.remove(); // half a file is none, and would stand in the way of the next attempt
+    showMessage(
+        QMessageBox::Critical, this, QStringLiteral("Error"),
+        QStringLiteral("Can not create file %1\n%2").arg(QDir::toNativeSeparators(target), reason));
     return false;
 }
 
