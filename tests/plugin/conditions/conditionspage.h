@@ -6,9 +6,7 @@
 #include "support/testhost.h"
 #include "support/vlrschema.h"
 
-#include <QAbstractButton>
-#include <QComboBox>
-#include <QDoubleSpinBox>
+#include <QtWidgets>
 
 /// A view on a file that holds `elements`, and the widgets of its first page by their names.
 class ConditionsPage
@@ -40,14 +38,15 @@ public:
     QAbstractButton *button(const char *name) const { return find<QAbstractButton>(name); }
 
     /// Of the `names`, those that are enabled within the page.
-    QStringList enabled(const QStringList &names) const
+    QString enabled(const QByteArray &names) const
     {
-        QStringList result;
-        for (const QString &name : names) {
-            if (find<QWidget>(name.toLatin1().constData())->isEnabledTo(page))
-                result.append(name);
-        }
-        return result;
+        QByteArrayList result = names.split(' ');
+        result.erase(std::remove_if(result.begin(), result.end(),
+                                    [this](const QByteArray &name) {
+                                        return !find<QWidget>(name)->isEnabledTo(page);
+                                    }),
+                     result.end());
+        return QString::fromLatin1(result.join(' '));
     }
 
     /// Saves, and gives the page's section of the file, "name=text" for each element; or what is

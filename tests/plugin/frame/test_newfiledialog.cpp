@@ -6,13 +6,8 @@
 #include "core/projectmanager.h"
 #include "host/core/project_p.h"
 
-#include <QCheckBox>
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QtTest>
+#include <QtWidgets>
 
 class TestNewFileDialog : public QObject
 {
@@ -21,7 +16,6 @@ class TestNewFileDialog : public QObject
 private slots:
     void refusesInTheLabel();
     void createsTheFileInANewFolder();
-    void startsWithoutProjectAndPath();
 };
 
 namespace {
@@ -86,15 +80,6 @@ void TestNewFileDialog::createsTheFileInANewFolder()
                         "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>\n<Config/>"));
     const auto files = Core::ProjectPrivate::of(Core::ProjectManager::currentProject())->files();
     QVERIFY(files.contains(host.path(QStringLiteral("new/folder/a.vlr.vlr"))));
-}
-
-void TestNewFileDialog::startsWithoutProjectAndPath()
-{
-    VLT::NewFileDialog dialog(QString(), nullptr);
-    const auto *box = dialog.findChild<QCheckBox *>(QStringLiteral("checkBoxAddToCurrent"));
-    QVERIFY(!box->isEnabled() && !box->isChecked());
-    fill(&dialog, "editName", QStringLiteral("n "));
-    QCOMPARE(dialog.filePath(), QDir::homePath() + QStringLiteral("/n .vlr"));
 }
 
 QTEST_MAIN(TestNewFileDialog)
