@@ -36,8 +36,8 @@ bool VLTView::readCfgFile(const QString &path)
     }
     QDomDocument document;
     document.setContent(bytes);
-    // Not kept any longer than needed; freed after the tree it would also make the allocator sweep
-    // all of the tree's nodes at once, a third of the time of opening a large file.
+    // Not kept any longer than needed; freed after the tree, a large text would make the allocator
+    // sweep all of the tree's nodes before the view can show.
     bytes.clear();
     QDomElement root = document.documentElement();
     if (root.isNull())
