@@ -81,11 +81,12 @@ void Suite::compare(const QString &work, const Run &floor, const Run &product, d
     add({work, times[0], times[1], goal, QStringLiteral("s")});
 }
 
-void Suite::growth(const QString &work, int count, const std::function<double(int)> &run)
+void Suite::growth(const QString &work, int count, const std::function<double(int)> &run,
+                   double slack)
 {
     const QVector<double> times =
         measure({[&] { return run(1); }, [&] { return run(2); }, [&] { return run(4); }});
-    const double goal = 1.25 * 4 * std::log(4.0 * count) / std::log(double(count));
+    const double goal = slack * 4 * std::log(4.0 * count) / std::log(double(count));
     const QString middle = QString::number(times[1], 'f', 3);
     add({QStringLiteral("%1, %2 to %3 (twice: %4 s)")
              .arg(work, QString::number(count), QString::number(4 * count), middle),

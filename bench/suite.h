@@ -35,8 +35,10 @@ public:
     void compare(const QString &work, const Run &floor, const Run &product, double goal);
 
     /// Times at 1, 2 and 4 times the size `count`; `run` is given the factor. The row compares the
-    /// largest with the smallest; the goal is n log n with a quarter of slack for caches.
-    void growth(const QString &work, int count, const std::function<double(int factor)> &run);
+    /// largest with the smallest; the goal is n log n times `slack`, a quarter for caches. A floor
+    /// only reports: 0.
+    void growth(const QString &work, int count, const std::function<double(int factor)> &run,
+                double slack = 1.25);
 
     /// Bytes that a process of its own needed at its peak.
     void memory(const QString &work, double floor, double product, double goal);

@@ -14,7 +14,7 @@ namespace VLT {
 
 namespace {
 
-constexpr NumberAttribute<VLT_BSRam> numbers[] = {
+const NumberAttribute<VLT_BSRam> numbers[] = {
     {ATTR_A_CLK_ENABLE, &VLT_BSRam::aEnable}, {ATTR_B_CLK_ENABLE, &VLT_BSRam::bEnable},
     {ATTR_A_READ, &VLT_BSRam::aRead},         {ATTR_A_WRITE, &VLT_BSRam::aWrite},
     {ATTR_B_READ, &VLT_BSRam::bRead},         {ATTR_B_WRITE, &VLT_BSRam::bWrite},

@@ -9,7 +9,7 @@ namespace VLT {
 
 namespace {
 
-constexpr NumberAttribute<VLT_ClkEnable> numbers[] = {
+const NumberAttribute<VLT_ClkEnable> numbers[] = {
     {ATTR_VALUE, &VLT_ClkEnable::enable}, {ATTR_QUAD1, &VLT_ClkEnable::quad1},
     {ATTR_QUAD2, &VLT_ClkEnable::quad2},  {ATTR_QUAD3, &VLT_ClkEnable::quad3},
     {ATTR_QUAD4, &VLT_ClkEnable::quad4},

@@ -8,7 +8,7 @@ namespace VLT {
 
 namespace {
 
-constexpr NumberAttribute<VLT_Dff> numbers[] = {{ATTR_VALUE, &VLT_Dff::value}};
+const NumberAttribute<VLT_Dff> numbers[] = {{ATTR_VALUE, &VLT_Dff::value}};
 
 } // namespace
 

@@ -10,8 +10,8 @@ namespace VLT {
 
 namespace {
 
-constexpr NumberAttribute<VLT_Port> numbers[] = {{ATTR_OUT_ENABLE, &VLT_Port::outEnable},
-                                                 {ATTR_CAPACITY, &VLT_Port::capacity}};
+const NumberAttribute<VLT_Port> numbers[] = {{ATTR_OUT_ENABLE, &VLT_Port::outEnable},
+                                             {ATTR_CAPACITY, &VLT_Port::capacity}};
 
 bool canBeDisabled(const VLT_Port &port)
 {

@@ -13,8 +13,14 @@ namespace VLT {
 template<class Record>
 struct NumberAttribute
 {
-    const char *name;
-    float Record::*member;
+    NumberAttribute(const char *name, float Record::*member)
+        : name(QLatin1String(name))
+        , member(member)
+    {
+    }
+
+    const QString name; ///< made once: a file has it in every record
+    float Record::*const member;
 };
 
 template<class Record, size_t count>
@@ -23,7 +29,7 @@ void readNumbers(const QDomElement &element, const NumberAttribute<Record> (&att
 {
     for (const NumberAttribute<Record> &attribute : attributes)
         record->*attribute.member =
-            floatFromText(element.attribute(QLatin1String(attribute.name), QStringLiteral("-1")));
+            floatFromText(element.attribute(attribute.name, QStringLiteral("-1")));
 }
 
 template<class Record, size_t count>
@@ -33,7 +39,7 @@ void writeNumbers(QXmlStreamWriter *writer, const NumberAttribute<Record> (&attr
     for (const NumberAttribute<Record> &attribute : attributes) {
         const float number = record.*attribute.member;
         if (number >= 0)
-            writer->writeAttribute(QLatin1String(attribute.name), numberText(double(number)));
+            writer->writeAttribute(attribute.name, numberText(double(number)));
     }
 }
 

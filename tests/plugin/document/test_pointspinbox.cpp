@@ -59,6 +59,15 @@ void TestPointSpinBox::wheelNeedsTheFocus()
 void TestPointSpinBox::numbersOfTheFile()
 {
     QCOMPARE(VLT::numberText(25.408), QStringLiteral("25.408"));
+    // The short way of two decimals gives the same text, and takes no number for its neighbour.
+    for (int hundredths = 0; hundredths <= 100100; hundredths += 7) {
+        for (const double off : {0.0, 3.9e-7, 4.1e-7, 6e-7}) {
+            for (const double value : {double(float(hundredths) / 100), hundredths / 100.0}) {
+                const double number = value * (1 + off);
+                QCOMPARE(VLT::numberText(number), QString::number(number, 'g', 6));
+            }
+        }
+    }
     QCOMPARE(VLT::numberFromText(QStringLiteral("1.5")), 1.5);
     for (const char *text : {"", "1,5", "abc", "inf", "nan"}) {
         QCOMPARE(VLT::numberFromText(QString::fromLatin1(text)), 0.0);
