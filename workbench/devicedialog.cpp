@@ -37,7 +37,6 @@ DeviceDialog::DeviceDialog(const QString &current, QWidget *parent)
     setWindowTitle(tr("Choose Device"));
     m_filter->setObjectName(QStringLiteral("deviceFilter"));
     m_filter->setPlaceholderText(tr("Filter, for example part of a name or package"));
-    m_filter->setClearButtonEnabled(true);
     m_view->setObjectName(QStringLiteral("deviceList"));
     m_view->setRootIsDecorated(false);
     m_view->setUniformRowHeights(true);

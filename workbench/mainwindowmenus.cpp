@@ -69,12 +69,12 @@ void MainWindow::createFileMenu()
     m_close = menu->addAction(style()->standardIcon(QStyle::SP_DialogCloseButton), tr("&Close"),
                               this, &MainWindow::closeActiveView);
     m_close->setObjectName(QStringLiteral("closeView"));
-    m_close->setShortcuts({Qt::CTRL | Qt::Key_W, Qt::CTRL | Qt::Key_F4});
+    m_close->setShortcuts({Qt::CTRL + Qt::Key_W, Qt::CTRL + Qt::Key_F4});
     m_close->setStatusTip(tr("Close the view in front"));
     menu->addSeparator();
     QAction *quit = menu->addAction(tr("&Quit"), this, &MainWindow::close);
     quit->setObjectName(QStringLiteral("quit"));
-    quit->setShortcut(Qt::CTRL | Qt::Key_Q);
+    quit->setShortcut(Qt::CTRL + Qt::Key_Q);
 }
 
 void MainWindow::createOtherMenus()

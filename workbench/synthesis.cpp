@@ -19,7 +19,7 @@ Synthesis::Synthesis(QObject *parent)
     QStyle *style = QApplication::style();
     m_run->setObjectName(QStringLiteral("runSynthesis"));
     m_run->setIcon(style->standardIcon(QStyle::SP_MediaPlay));
-    m_run->setShortcut(Qt::CTRL | Qt::Key_R);
+    m_run->setShortcut(Qt::CTRL + Qt::Key_R);
     m_run->setStatusTip(tr("Run the project's synthesis command"));
     m_stop->setObjectName(QStringLiteral("stopSynthesis"));
     m_stop->setIcon(style->standardIcon(QStyle::SP_MediaStop));
