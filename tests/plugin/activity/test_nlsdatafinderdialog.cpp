@@ -1,6 +1,8 @@
 #include "activitynetlist.h"
 
 #include "activity/nlsdatafinderdialog.h"
+#include "nlsdata/netlistreader.h"
+#include "support/netlistjson.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -59,6 +61,7 @@ private slots:
     void listsItsType_data();
     void listsItsType();
     void matchesWholePaths();
+    void everyPatternDecides();
     void resultsFollowTheSelection();
     void enterInTheListAccepts();
 
@@ -105,6 +108,36 @@ void TestNlsDataFinderDialog::matchesWholePaths()
     QCOMPARE(ports.search(QStringLiteral("led[3]")), QStringList());
     QCOMPARE(ports.search(QStringLiteral("led\\[3\\]")), words("led[3]"));
     QCOMPARE(ports.found->text(), QStringLiteral("1 object found"));
+}
+
+// Most paths are ruled out without asking the pattern; that must never change the answer.
+void TestNlsDataFinderDialog::everyPatternDecides()
+{
+    const QStringList names{
+        QStringLiteral("index"),  QStringLiteral("\u0130NDEX"), QStringLiteral("in[1]dex"),
+        QStringLiteral("\u212A"), QStringLiteral("k"),          QStringLiteral("\u017Fum"),
+        QStringLiteral("a*b"),    QStringLiteral("a.b"),        QStringLiteral("STRASSE")};
+    NetlistJson json;
+    NetlistJson::Module &top = json.module("top").top();
+    for (int i = 0; i < names.size(); ++i)
+        top.port(names[i].toUtf8(), "input", {2 + i});
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("netlist.json"));
+    QVERIFY(json.write(path));
+    const std::unique_ptr<NlsData::Netlist> netlist(NlsData::readNetlistFile(path, nullptr, false));
+    QVERIFY(netlist);
+
+    Finder finder(netlist.get(), NlsDataFinderDialog::FindPort);
+    for (const char *text :
+         {"*index", "i*X", "?NDEX", "k", "\xE2\x84\xAA", "s*", "*sum", "a\\*b", "a?b", "a.b",
+          "[a-i]*", "in[[]1]*", "in]dex", "stra*sse", "ndex", "\xC4\xB0*", "*n*d*e*", "xyz*"}) {
+        const QString pattern = QString::fromUtf8(text);
+        const QRegExp matcher(pattern, Qt::CaseInsensitive, QRegExp::WildcardUnix);
+        QStringList expected;
+        std::copy_if(names.begin(), names.end(), std::back_inserter(expected),
+                     [&](const QString &name) { return matcher.exactMatch(name); });
+        QCOMPARE(finder.search(pattern), expected);
+    }
 }
 
 void TestNlsDataFinderDialog::resultsFollowTheSelection()
