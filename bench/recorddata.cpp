@@ -20,18 +20,18 @@ void begin(QXmlStreamWriter &writer)
 {
     writer.setAutoFormatting(true);
     writer.writeStartDocument();
-    writer.writeDTD(text(DOCTYPE));
-    writer.writeStartElement(text(NODE_CONFIG));
-    writer.writeTextElement(text(NODE_VERSION), text(VERSION));
+    writer.writeDTD(DOCTYPE);
+    writer.writeStartElement(NODE_CONFIG);
+    writer.writeTextElement(NODE_VERSION, VERSION);
 }
 
-using Attributes = std::initializer_list<QPair<const char *, QString>>;
+using Attributes = std::initializer_list<QPair<QString, QString>>;
 
-void element(QXmlStreamWriter &writer, const char *name, Attributes attributes)
+void element(QXmlStreamWriter &writer, const QString &name, Attributes attributes)
 {
-    writer.writeStartElement(text(name));
+    writer.writeStartElement(name);
     for (const auto &[attribute, value] : attributes)
-        writer.writeAttribute(text(attribute), value);
+        writer.writeAttribute(attribute, value);
     writer.writeEndElement();
 }
 
@@ -48,7 +48,7 @@ QByteArray flipFlopFile(const QStringList &names)
     QByteArray bytes;
     QXmlStreamWriter writer(&bytes);
     begin(writer);
-    writer.writeStartElement(text(NODE_LOCAL_ENABLE));
+    writer.writeStartElement(NODE_LOCAL_ENABLE);
     for (const QString &name : names)
         element(writer, NODE_INSTANCE, {{ATTR_NAME, name}});
     writer.writeEndElement();
@@ -70,14 +70,14 @@ QByteArray mixedFile(int count, const QString &activity)
     QXmlStreamWriter writer(&bytes);
     begin(writer);
 
-    writer.writeStartElement(text(NODE_NET_RATE));
-    writer.writeAttribute(text(ATTR_TYPE), QStringLiteral("toggle"));
+    writer.writeStartElement(NODE_NET_RATE);
+    writer.writeAttribute(ATTR_TYPE, QStringLiteral("toggle"));
     rows([&](int i) {
         element(writer, NODE_NET, {{ATTR_NAME, name("net", i)}, {ATTR_VALUE, value}});
     });
     writer.writeEndElement();
 
-    writer.writeStartElement(text(NODE_SIMU_FILE));
+    writer.writeStartElement(NODE_SIMU_FILE);
     rows([&](int i) {
         element(writer, NODE_FILE,
                 {{ATTR_TYPE, QStringLiteral("vcd")},
@@ -87,11 +87,11 @@ QByteArray mixedFile(int count, const QString &activity)
                  {ATTR_END_TIME, QString::number(i + 100)},
                  {ATTR_TIME_UNIT, QStringLiteral("ns")}});
     });
-    writer.writeTextElement(text(NODE_FILTER_GLITCH), QStringLiteral("FALSE"));
+    writer.writeTextElement(NODE_FILTER_GLITCH, QStringLiteral("FALSE"));
     writer.writeEndElement();
 
-    writer.writeStartElement(text(NODE_GLOBAL_ENABLE));
-    writer.writeAttribute(text(ATTR_VALUE), fifty);
+    writer.writeStartElement(NODE_GLOBAL_ENABLE);
+    writer.writeAttribute(ATTR_VALUE, fifty);
     rows([&](int i) {
         element(writer, NODE_CLOCK,
                 {{ATTR_NAME, QStringLiteral("clk_%1").arg(i)},
@@ -101,7 +101,7 @@ QByteArray mixedFile(int count, const QString &activity)
     });
     writer.writeEndElement();
 
-    writer.writeStartElement(text(NODE_PORT_OUT_ENABLE));
+    writer.writeStartElement(NODE_PORT_OUT_ENABLE);
     rows([&](int i) {
         element(writer, NODE_PORT,
                 {{ATTR_NAME, QStringLiteral("bus[%1]").arg(i)},
@@ -111,9 +111,10 @@ QByteArray mixedFile(int count, const QString &activity)
     });
     writer.writeEndElement();
 
-    writer.writeStartElement(text(NODE_BSRAM_ENABLE));
-    for (const char *attribute : {ATTR_CLOCK_ENABLE, ATTR_READ_PROBABILITY, ATTR_WRITE_PROBABILITY})
-        writer.writeAttribute(text(attribute), fifty);
+    writer.writeStartElement(NODE_BSRAM_ENABLE);
+    for (const QString &attribute :
+         {ATTR_CLOCK_ENABLE, ATTR_READ_PROBABILITY, ATTR_WRITE_PROBABILITY})
+        writer.writeAttribute(attribute, fifty);
     rows([&](int i) {
         element(writer, NODE_BSRAM,
                 {{ATTR_NAME, name("ram", i)},
@@ -125,7 +126,7 @@ QByteArray mixedFile(int count, const QString &activity)
     });
     writer.writeEndElement();
 
-    writer.writeStartElement(text(NODE_LOCAL_ENABLE));
+    writer.writeStartElement(NODE_LOCAL_ENABLE);
     rows([&](int i) {
         element(writer, NODE_INSTANCE, {{ATTR_NAME, name("reg", i)}, {ATTR_VALUE, value}});
     });
@@ -163,7 +164,7 @@ bool TokenCopy::writeTo(const QString &path) const
     QXmlStreamWriter writer(&file);
     writer.setAutoFormatting(true);
     writer.writeStartDocument();
-    writer.writeDTD(text(DOCTYPE));
+    writer.writeDTD(DOCTYPE);
     for (const Token &token : m_tokens) {
         switch (token.kind) {
         case Token::Start:

@@ -79,7 +79,7 @@ protected:
     {
         auto owner = std::make_unique<Record>();
         Record *record = owner.get();
-        record->name = element.attribute(QLatin1String(ATTR_NAME));
+        record->name = keptText(element, ATTR_NAME);
         readNumbers(element, numbers, record);
         m_records.append(std::move(owner));
         return record;

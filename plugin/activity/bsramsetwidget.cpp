@@ -114,7 +114,7 @@ BSRamModel::BSRamModel(VLTView *view, QList<VLT_BSRam *> &records, QObject *pare
 /// A value of the page for the memories that it does not list.
 struct BsramSetWidget::Default
 {
-    const char *name; ///< attribute
+    QString name; ///< attribute
     QDoubleSpinBox *spinBox;
 };
 
@@ -159,31 +159,31 @@ void BsramSetWidget::onShowContextMenu(QPoint)
 
 void BsramSetWidget::readData(QDomElement *parent)
 {
-    const QDomElement section = parent->firstChildElement(QLatin1String(NODE_BSRAM_ENABLE));
+    const QDomElement section = parent->firstChildElement(NODE_BSRAM_ENABLE);
     if (section.isNull())
         return;
     for (const Default &value : defaults())
         value.spinBox->setValue(
-            numberFromText(section.attribute(QLatin1String(value.name), QStringLiteral("100"))));
+            numberFromText(section.attribute(value.name, QStringLiteral("100"))));
     forEachChild(section, NODE_BSRAM, [this](const QDomElement &element) {
         VLT_BSRam *ram = readRecord(element, numbers);
-        ram->type = element.attribute(QLatin1String(ATTR_TYPE)).toInt();
+        ram->type = element.attribute(ATTR_TYPE).toInt();
     });
     m_model.reload();
 }
 
 void BsramSetWidget::writeData(QXmlStreamWriter *writer) const
 {
-    writer->writeStartElement(QLatin1String(NODE_BSRAM_ENABLE));
+    writer->writeStartElement(NODE_BSRAM_ENABLE);
     for (const Default &value : defaults())
-        writer->writeAttribute(QLatin1String(value.name), numberText(value.spinBox->value()));
+        writer->writeAttribute(value.name, numberText(value.spinBox->value()));
     for (const VLT_BSRam *ram : m_records.list()) {
         if (ram->name.isEmpty())
             continue;
-        writer->writeEmptyElement(QLatin1String(NODE_BSRAM));
-        writer->writeAttribute(QLatin1String(ATTR_NAME), ram->name);
+        writer->writeEmptyElement(NODE_BSRAM);
+        writer->writeAttribute(ATTR_NAME, ram->name);
         writeNumbers(writer, numbers, *ram);
-        writer->writeAttribute(QLatin1String(ATTR_TYPE), QString::number(ram->type));
+        writer->writeAttribute(ATTR_TYPE, QString::number(ram->type));
     }
     writer->writeEndElement();
 }

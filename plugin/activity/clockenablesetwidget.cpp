@@ -75,11 +75,11 @@ void ClockEnableSetWidget::onShowContextMenu(QPoint)
 
 void ClockEnableSetWidget::readData(QDomElement *parent)
 {
-    const QDomElement section = parent->firstChildElement(QLatin1String(NODE_GLOBAL_ENABLE));
+    const QDomElement section = parent->firstChildElement(NODE_GLOBAL_ENABLE);
     if (section.isNull())
         return;
     // Without the attribute the value is 0, not the 100 of a new page.
-    m_ui->spinGlobalEnable->setValue(numberFromText(section.attribute(QLatin1String(ATTR_VALUE))));
+    m_ui->spinGlobalEnable->setValue(numberFromText(section.attribute(ATTR_VALUE)));
     forEachChild(section, NODE_CLOCK,
                  [this](const QDomElement &element) { readRecord(element, numbers); });
     m_model.reload();
@@ -87,13 +87,13 @@ void ClockEnableSetWidget::readData(QDomElement *parent)
 
 void ClockEnableSetWidget::writeData(QXmlStreamWriter *writer) const
 {
-    writer->writeStartElement(QLatin1String(NODE_GLOBAL_ENABLE));
-    writer->writeAttribute(QLatin1String(ATTR_VALUE), numberText(m_ui->spinGlobalEnable->value()));
+    writer->writeStartElement(NODE_GLOBAL_ENABLE);
+    writer->writeAttribute(ATTR_VALUE, numberText(m_ui->spinGlobalEnable->value()));
     for (const VLT_ClkEnable *clock : m_records.list()) {
         if (clock->name.isEmpty())
             continue;
-        writer->writeEmptyElement(QLatin1String(NODE_CLOCK));
-        writer->writeAttribute(QLatin1String(ATTR_NAME), clock->name);
+        writer->writeEmptyElement(NODE_CLOCK);
+        writer->writeAttribute(ATTR_NAME, clock->name);
         writeNumbers(writer, numbers, *clock);
     }
     writer->writeEndElement();

@@ -49,7 +49,7 @@ void DFFSetWidget::onShowContextMenu()
 
 void DFFSetWidget::readData(QDomElement *parent)
 {
-    const QDomElement section = parent->firstChildElement(QLatin1String(NODE_LOCAL_ENABLE));
+    const QDomElement section = parent->firstChildElement(NODE_LOCAL_ENABLE);
     if (section.isNull())
         return;
     forEachChild(section, NODE_INSTANCE,
@@ -59,10 +59,10 @@ void DFFSetWidget::readData(QDomElement *parent)
 
 void DFFSetWidget::writeData(QXmlStreamWriter *writer) const
 {
-    writer->writeStartElement(QLatin1String(NODE_LOCAL_ENABLE));
+    writer->writeStartElement(NODE_LOCAL_ENABLE);
     for (const VLT_Dff *dff : m_records.list()) {
-        writer->writeEmptyElement(QLatin1String(NODE_INSTANCE));
-        writer->writeAttribute(QLatin1String(ATTR_NAME), dff->name);
+        writer->writeEmptyElement(NODE_INSTANCE);
+        writer->writeAttribute(ATTR_NAME, dff->name);
         writeNumbers(writer, numbers, *dff);
     }
     writer->writeEndElement();

@@ -89,12 +89,12 @@ PortType PortSetWidget::typeOf(NlsData::Port *port)
 
 void PortSetWidget::readData(QDomElement *parent)
 {
-    const QDomElement section = parent->firstChildElement(QLatin1String(NODE_PORT_OUT_ENABLE));
+    const QDomElement section = parent->firstChildElement(NODE_PORT_OUT_ENABLE);
     if (section.isNull())
         return;
     forEachChild(section, NODE_PORT, [this](const QDomElement &element) {
         VLT_Port *port = readRecord(element, numbers);
-        port->type = element.attribute(QLatin1String(ATTR_TYPE)).toInt();
+        port->type = element.attribute(ATTR_TYPE).toInt();
     });
     m_model.reload();
 }
@@ -103,12 +103,12 @@ void PortSetWidget::writeData(QXmlStreamWriter *writer) const
 {
     if (m_records.list().isEmpty())
         return;
-    writer->writeStartElement(QLatin1String(NODE_PORT_OUT_ENABLE));
+    writer->writeStartElement(NODE_PORT_OUT_ENABLE);
     for (const VLT_Port *port : m_records.list()) {
-        writer->writeEmptyElement(QLatin1String(NODE_PORT));
-        writer->writeAttribute(QLatin1String(ATTR_NAME), port->name);
+        writer->writeEmptyElement(NODE_PORT);
+        writer->writeAttribute(ATTR_NAME, port->name);
         writeNumbers(writer, numbers, *port);
-        writer->writeAttribute(QLatin1String(ATTR_TYPE), QString::number(port->type));
+        writer->writeAttribute(ATTR_TYPE, QString::number(port->type));
     }
     writer->writeEndElement();
 }

@@ -13,15 +13,18 @@ namespace VLT {
 template<class Record>
 struct NumberAttribute
 {
-    NumberAttribute(const char *name, float Record::*member)
-        : name(QLatin1String(name))
-        , member(member)
-    {
-    }
-
-    const QString name; ///< made once: a file has it in every record
-    float Record::*const member;
+    QString name;
+    float Record::*member;
 };
+
+/// The text of an attribute, to be kept: in memory of its own, close to that of its record. The
+/// document's own text stands among its nodes, far from the next one, and would hold on to the
+/// memory around it when they are gone.
+inline QString keptText(const QDomElement &element, const QString &attribute)
+{
+    const QString text = element.attribute(attribute);
+    return QString(text.constData(), text.size());
+}
 
 template<class Record, size_t count>
 void readNumbers(const QDomElement &element, const NumberAttribute<Record> (&attributes)[count],
@@ -45,11 +48,10 @@ void writeNumbers(QXmlStreamWriter *writer, const NumberAttribute<Record> (&attr
 
 /// Calls `read` with every child element of `section` that is named `name`, in document order.
 template<class Read>
-void forEachChild(const QDomElement &section, const char *name, Read read)
+void forEachChild(const QDomElement &section, const QString &name, Read read)
 {
-    const QString tag = QLatin1String(name);
-    for (QDomElement child = section.firstChildElement(tag); !child.isNull();
-         child = child.nextSiblingElement(tag))
+    for (QDomElement child = section.firstChildElement(name); !child.isNull();
+         child = child.nextSiblingElement(name))
         read(child);
 }
 

@@ -17,32 +17,32 @@ namespace {
 
 const QLatin1String NOT_GIVEN("NA");
 
-void writeText(QXmlStreamWriter *writer, const char *element, const QString &text)
+void writeText(QXmlStreamWriter *writer, const QString &element, const QString &text)
 {
-    writer->writeTextElement(QString::fromLatin1(element), text);
+    writer->writeTextElement(element, text);
 }
 
-void writeNumber(QXmlStreamWriter *writer, const char *element, const QDoubleSpinBox *spinBox)
+void writeNumber(QXmlStreamWriter *writer, const QString &element, const QDoubleSpinBox *spinBox)
 {
     writeText(writer, element, numberText(spinBox->value()));
 }
 
 /// Hands the text of the first child called `element` to `use`; nothing when there is none.
-void readText(const QDomElement &root, const char *element,
+void readText(const QDomElement &root, const QString &element,
               const std::function<void(const QString &)> &use)
 {
-    const QDomElement child = root.firstChildElement(QString::fromLatin1(element));
+    const QDomElement child = root.firstChildElement(element);
     if (!child.isNull())
         use(child.text());
 }
 
-void readNumber(const QDomElement &root, const char *element, QDoubleSpinBox *spinBox)
+void readNumber(const QDomElement &root, const QString &element, QDoubleSpinBox *spinBox)
 {
     readText(root, element,
              [spinBox](const QString &text) { spinBox->setValue(numberFromText(text)); });
 }
 
-void readGivenNumber(const QDomElement &root, const char *element, QDoubleSpinBox *spinBox)
+void readGivenNumber(const QDomElement &root, const QString &element, QDoubleSpinBox *spinBox)
 {
     readText(root, element, [spinBox](const QString &text) {
         if (text != NOT_GIVEN)
@@ -50,7 +50,7 @@ void readGivenNumber(const QDomElement &root, const char *element, QDoubleSpinBo
     });
 }
 
-void readChoice(const QDomElement &root, const char *element, QComboBox *combo,
+void readChoice(const QDomElement &root, const QString &element, QComboBox *combo,
                 Qt::MatchFlags match)
 {
     readText(root, element, [combo, match](const QString &text) {
@@ -58,7 +58,7 @@ void readChoice(const QDomElement &root, const char *element, QComboBox *combo,
     });
 }
 
-void readChoice(const QDomElement &root, const char *element, const QButtonGroup *group)
+void readChoice(const QDomElement &root, const QString &element, const QButtonGroup *group)
 {
     readText(root, element, [group](const QString &text) {
         const auto buttons = group->buttons();
@@ -138,8 +138,7 @@ void VLTSettingWidget::readData(QDomElement *root)
     readChoice(*root, NODE_TEMP_GRADE, m_ui->comboGrade, Qt::MatchFixedString);
     readChoice(*root, NODE_PROCESS, m_ui->comboProcess, Qt::MatchFixedString);
 
-    m_ui->checkBoxJunctionTemp->setChecked(
-        !root->firstChildElement(QString::fromLatin1(NODE_JUNCTION_TEMP)).isNull());
+    m_ui->checkBoxJunctionTemp->setChecked(!root->firstChildElement(NODE_JUNCTION_TEMP).isNull());
     readNumber(*root, NODE_JUNCTION_TEMP, m_ui->spinJunctionTemp);
     readNumber(*root, NODE_AMBIENT_TEMP, m_ui->spinAmbTemp);
     readNumber(*root, NODE_BOARD_TEMP, m_ui->spinBoardTemp);

@@ -1,85 +1,87 @@
 #pragma once
 
+#include <QString>
+
 namespace VLT {
 
 // Names and fixed texts of the configuration file, in the order in which the file has them.
 // NODE_ names elements, ATTR_ attributes.
 
-constexpr char DOCTYPE_NAME[] = "TAVRO_POWER_ANALYSIS_CONFIG";
-constexpr char DOCTYPE[] = "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>";
-constexpr char VERSION[] = "1.0";
+inline const QString DOCTYPE_NAME = QStringLiteral("TAVRO_POWER_ANALYSIS_CONFIG");
+inline const QString DOCTYPE = QStringLiteral("<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>");
+inline const QString VERSION = QStringLiteral("1.0");
 
-constexpr char NODE_CONFIG[] = "Config";
-constexpr char NODE_VERSION[] = "Version";
+inline const QString NODE_CONFIG = QStringLiteral("Config");
+inline const QString NODE_VERSION = QStringLiteral("Version");
 
 // Operating conditions
-constexpr char NODE_TEMP_GRADE[] = "TempGrade";
-constexpr char NODE_PROCESS[] = "Process";
-constexpr char NODE_JUNCTION_TEMP[] = "JunctionTemp";
-constexpr char NODE_AMBIENT_TEMP[] = "AmbientTemp";
-constexpr char NODE_VCC[] = "VCC";
-constexpr char NODE_VCCX[] = "VCCX";
-constexpr char NODE_VCC_LDO[] = "VCC_LDO";
-constexpr char NODE_CUSTOM_THETA_JA[] = "CustomThetaJA";
-constexpr char NODE_HEAT_SINK[] = "HeatSink";
-constexpr char NODE_AIR_FLOW[] = "AirFlow";
-constexpr char NODE_CUSTOM_THETA_SA[] = "CustomThetaSA";
-constexpr char NODE_BOARD_THERMAL_MODEL[] = "BoardThermalModel";
-constexpr char NODE_CUSTOM_THETA_JB[] = "CustomThetaJB";
-constexpr char NODE_BOARD_TEMP[] = "BoardTemp";
+inline const QString NODE_TEMP_GRADE = QStringLiteral("TempGrade");
+inline const QString NODE_PROCESS = QStringLiteral("Process");
+inline const QString NODE_JUNCTION_TEMP = QStringLiteral("JunctionTemp");
+inline const QString NODE_AMBIENT_TEMP = QStringLiteral("AmbientTemp");
+inline const QString NODE_VCC = QStringLiteral("VCC");
+inline const QString NODE_VCCX = QStringLiteral("VCCX");
+inline const QString NODE_VCC_LDO = QStringLiteral("VCC_LDO");
+inline const QString NODE_CUSTOM_THETA_JA = QStringLiteral("CustomThetaJA");
+inline const QString NODE_HEAT_SINK = QStringLiteral("HeatSink");
+inline const QString NODE_AIR_FLOW = QStringLiteral("AirFlow");
+inline const QString NODE_CUSTOM_THETA_SA = QStringLiteral("CustomThetaSA");
+inline const QString NODE_BOARD_THERMAL_MODEL = QStringLiteral("BoardThermalModel");
+inline const QString NODE_CUSTOM_THETA_JB = QStringLiteral("CustomThetaJB");
+inline const QString NODE_BOARD_TEMP = QStringLiteral("BoardTemp");
 
 // Toggle rates
-constexpr char NODE_NET_RATE[] = "NetRate";
-constexpr char NODE_NET[] = "Net";
+inline const QString NODE_NET_RATE = QStringLiteral("NetRate");
+inline const QString NODE_NET = QStringLiteral("Net");
 
 // Default rates and simulation activity files
-constexpr char NODE_DEFAULT_CFG[] = "DefaultConfig";
-constexpr char NODE_DEFAULT_IO_TOGGLE[] = "DefaultIoToggleRate";
-constexpr char NODE_DEFAULT_IO_SIGNAL[] = "DefaultIoSignalRate";
-constexpr char NODE_DEFAULT_RM_TOGGLE[] = "DefaultRmToggleRate";
-constexpr char NODE_DEFAULT_RM_SIGNAL[] = "DefaultRmSignalRate";
-constexpr char NODE_SIMU_FILE[] = "SimuFile";
-constexpr char NODE_FILE[] = "File";
-constexpr char NODE_FILTER_GLITCH[] = "FilterGlitch";
-constexpr char ATTR_ENTITY[] = "entity";
-constexpr char ATTR_START_TIME[] = "start_time";
-constexpr char ATTR_END_TIME[] = "end_time";
-constexpr char ATTR_TIME_UNIT[] = "time_unit";
+inline const QString NODE_DEFAULT_CFG = QStringLiteral("DefaultConfig");
+inline const QString NODE_DEFAULT_IO_TOGGLE = QStringLiteral("DefaultIoToggleRate");
+inline const QString NODE_DEFAULT_IO_SIGNAL = QStringLiteral("DefaultIoSignalRate");
+inline const QString NODE_DEFAULT_RM_TOGGLE = QStringLiteral("DefaultRmToggleRate");
+inline const QString NODE_DEFAULT_RM_SIGNAL = QStringLiteral("DefaultRmSignalRate");
+inline const QString NODE_SIMU_FILE = QStringLiteral("SimuFile");
+inline const QString NODE_FILE = QStringLiteral("File");
+inline const QString NODE_FILTER_GLITCH = QStringLiteral("FilterGlitch");
+inline const QString ATTR_ENTITY = QStringLiteral("entity");
+inline const QString ATTR_START_TIME = QStringLiteral("start_time");
+inline const QString ATTR_END_TIME = QStringLiteral("end_time");
+inline const QString ATTR_TIME_UNIT = QStringLiteral("time_unit");
 
 // Clock enables
-constexpr char NODE_GLOBAL_ENABLE[] = "GlobalEnable";
-constexpr char NODE_CLOCK[] = "Clock";
-constexpr char ATTR_QUAD1[] = "quad1";
-constexpr char ATTR_QUAD2[] = "quad2";
-constexpr char ATTR_QUAD3[] = "quad3";
-constexpr char ATTR_QUAD4[] = "quad4";
+inline const QString NODE_GLOBAL_ENABLE = QStringLiteral("GlobalEnable");
+inline const QString NODE_CLOCK = QStringLiteral("Clock");
+inline const QString ATTR_QUAD1 = QStringLiteral("quad1");
+inline const QString ATTR_QUAD2 = QStringLiteral("quad2");
+inline const QString ATTR_QUAD3 = QStringLiteral("quad3");
+inline const QString ATTR_QUAD4 = QStringLiteral("quad4");
 
 // Ports
-constexpr char NODE_PORT_OUT_ENABLE[] = "PortOutEnable";
-constexpr char NODE_PORT[] = "Port";
-constexpr char ATTR_OUT_ENABLE[] = "out_enable";
-constexpr char ATTR_CAPACITY[] = "capacity";
+inline const QString NODE_PORT_OUT_ENABLE = QStringLiteral("PortOutEnable");
+inline const QString NODE_PORT = QStringLiteral("Port");
+inline const QString ATTR_OUT_ENABLE = QStringLiteral("out_enable");
+inline const QString ATTR_CAPACITY = QStringLiteral("capacity");
 
 // Block SRAMs
-constexpr char NODE_BSRAM_ENABLE[] = "GlobalBsram";
-constexpr char NODE_BSRAM[] = "BSRam";
-constexpr char ATTR_CLOCK_ENABLE[] = "clock_enable";
-constexpr char ATTR_READ_PROBABILITY[] = "read_probability";
-constexpr char ATTR_WRITE_PROBABILITY[] = "write_probability";
-constexpr char ATTR_A_CLK_ENABLE[] = "clock_a_enable";
-constexpr char ATTR_B_CLK_ENABLE[] = "clock_b_enable";
-constexpr char ATTR_A_READ[] = "port_a_read";
-constexpr char ATTR_A_WRITE[] = "port_a_write";
-constexpr char ATTR_B_READ[] = "port_b_read";
-constexpr char ATTR_B_WRITE[] = "port_b_write";
+inline const QString NODE_BSRAM_ENABLE = QStringLiteral("GlobalBsram");
+inline const QString NODE_BSRAM = QStringLiteral("BSRam");
+inline const QString ATTR_CLOCK_ENABLE = QStringLiteral("clock_enable");
+inline const QString ATTR_READ_PROBABILITY = QStringLiteral("read_probability");
+inline const QString ATTR_WRITE_PROBABILITY = QStringLiteral("write_probability");
+inline const QString ATTR_A_CLK_ENABLE = QStringLiteral("clock_a_enable");
+inline const QString ATTR_B_CLK_ENABLE = QStringLiteral("clock_b_enable");
+inline const QString ATTR_A_READ = QStringLiteral("port_a_read");
+inline const QString ATTR_A_WRITE = QStringLiteral("port_a_write");
+inline const QString ATTR_B_READ = QStringLiteral("port_b_read");
+inline const QString ATTR_B_WRITE = QStringLiteral("port_b_write");
 
 // Flip-flops
-constexpr char NODE_LOCAL_ENABLE[] = "LocalEnable";
-constexpr char NODE_INSTANCE[] = "Instance";
+inline const QString NODE_LOCAL_ENABLE = QStringLiteral("LocalEnable");
+inline const QString NODE_INSTANCE = QStringLiteral("Instance");
 
 // Attributes of several sections
-constexpr char ATTR_NAME[] = "name";
-constexpr char ATTR_TYPE[] = "type";
-constexpr char ATTR_VALUE[] = "value";
+inline const QString ATTR_NAME = QStringLiteral("name");
+inline const QString ATTR_TYPE = QStringLiteral("type");
+inline const QString ATTR_VALUE = QStringLiteral("value");
 
 } // namespace VLT

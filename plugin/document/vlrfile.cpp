@@ -13,6 +13,32 @@ namespace {
 
 constexpr int MAX_DEPTH = 256;
 
+/// Adds what is written to it to the end of `bytes`, which is not owned. A writer hands its text
+/// over in small pieces, and a QBuffer takes longer to find its place for one than to store it.
+class Appender : public QIODevice
+{
+public:
+    explicit Appender(QByteArray *bytes)
+        : m_bytes(bytes)
+    {
+        open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+    }
+
+    bool isSequential() const override { return true; }
+
+protected:
+    qint64 readData(char *, qint64) override { return -1; }
+
+    qint64 writeData(const char *data, qint64 size) override
+    {
+        m_bytes->append(data, static_cast<int>(size));
+        return size;
+    }
+
+private:
+    QByteArray *m_bytes;
+};
+
 /// Finds the text that made a writer fail. The writer passes every text on in one piece, after it
 /// has dropped forbidden characters and raised its error flag.
 class OffenderFinder : public QIODevice
@@ -65,8 +91,8 @@ void writeEnvelope(QXmlStreamWriter *writer,
 {
     writer->setAutoFormatting(true);
     writer->writeStartDocument();
-    writer->writeDTD(QString::fromLatin1(DOCTYPE));
-    writer->writeStartElement(QString::fromLatin1(NODE_CONFIG));
+    writer->writeDTD(DOCTYPE);
+    writer->writeStartElement(NODE_CONFIG);
     writeContent(writer);
     writer->writeEndElement();
 }
@@ -105,7 +131,7 @@ VlrContent inspectFile(const QByteArray &bytes)
             reader.addData(QByteArrayLiteral("<Config/>"));
         }
     }
-    if (reader.hasError() || docType != QLatin1String(DOCTYPE_NAME))
+    if (reader.hasError() || docType != DOCTYPE_NAME)
         return VlrContent::Invalid;
     return hasRoot ? VlrContent::Document : VlrContent::NoRoot;
 }
@@ -114,11 +140,12 @@ bool composeFile(const std::function<void(QXmlStreamWriter *)> &writeSections, Q
                  QString *offender)
 {
     const auto writeContent = [&writeSections](QXmlStreamWriter *writer) {
-        writer->writeTextElement(QString::fromLatin1(NODE_VERSION), QString::fromLatin1(VERSION));
+        writer->writeTextElement(NODE_VERSION, VERSION);
         writeSections(writer);
     };
     bytes->clear();
-    QXmlStreamWriter writer(bytes);
+    Appender device(bytes);
+    QXmlStreamWriter writer(&device);
     writeEnvelope(&writer, writeContent);
     if (!writer.hasError())
         return true;

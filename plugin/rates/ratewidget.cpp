@@ -15,8 +15,8 @@ namespace VLT {
 
 namespace {
 
-constexpr char TYPE_TOGGLE[] = "toggle";
-constexpr char TYPE_SIGNAL[] = "signal";
+const QString TYPE_TOGGLE = QStringLiteral("toggle");
+const QString TYPE_SIGNAL = QStringLiteral("signal");
 
 } // namespace
 
@@ -47,17 +47,16 @@ RateWidget::~RateWidget() = default;
 
 void RateWidget::readData(QDomElement *parent)
 {
-    const QDomElement section = parent->firstChildElement(QLatin1String(NODE_NET_RATE));
+    const QDomElement section = parent->firstChildElement(NODE_NET_RATE);
     if (section.isNull())
         return;
-    const bool toggle = section.attribute(QLatin1String(ATTR_TYPE)) == QLatin1String(TYPE_TOGGLE);
+    const bool toggle = section.attribute(ATTR_TYPE) == TYPE_TOGGLE;
     (toggle ? m_ui->radioToggle : m_ui->radioSignal)->setChecked(true);
     m_ui->tableviewNet->setValueType(toggle);
 
     QList<VLT_Rate *> rates;
     forEachChild(section, NODE_NET, [&rates](const QDomElement &net) {
-        rates.append(new VLT_Rate{net.attribute(QLatin1String(ATTR_NAME)),
-                                  net.attribute(QLatin1String(ATTR_VALUE))});
+        rates.append(new VLT_Rate{keptText(net, ATTR_NAME), keptText(net, ATTR_VALUE)});
     });
     m_ui->tableviewNet->setData(rates);
 }
@@ -67,14 +66,12 @@ void RateWidget::writeData(QXmlStreamWriter *writer) const
     const QList<VLT_Rate *> &rates = m_ui->tableviewNet->getData();
     if (rates.isEmpty())
         return;
-    writer->writeStartElement(QLatin1String(NODE_NET_RATE));
-    writer->writeAttribute(
-        QLatin1String(ATTR_TYPE),
-        QLatin1String(m_ui->radioToggle->isChecked() ? TYPE_TOGGLE : TYPE_SIGNAL));
+    writer->writeStartElement(NODE_NET_RATE);
+    writer->writeAttribute(ATTR_TYPE, m_ui->radioToggle->isChecked() ? TYPE_TOGGLE : TYPE_SIGNAL);
     for (const VLT_Rate *rate : rates) {
-        writer->writeEmptyElement(QLatin1String(NODE_NET));
-        writer->writeAttribute(QLatin1String(ATTR_NAME), rate->name);
-        writer->writeAttribute(QLatin1String(ATTR_VALUE), rate->value);
+        writer->writeEmptyElement(NODE_NET);
+        writer->writeAttribute(ATTR_NAME, rate->name);
+        writer->writeAttribute(ATTR_VALUE, rate->value);
     }
     writer->writeEndElement();
 }

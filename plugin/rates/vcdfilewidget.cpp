@@ -27,10 +27,10 @@ constexpr double MAX_TOGGLE_RATE = 200.0;
 constexpr double MAX_SIGNAL_RATE = 99999999.0;
 constexpr double DEFAULT_TOGGLE_RATE = 12.5;
 
-constexpr char TYPE_VCD[] = "vcd";
-constexpr char TYPE_SAIF[] = "saif";
-constexpr char FLAG_TRUE[] = "TRUE";
-constexpr char FLAG_FALSE[] = "FALSE";
+const QString TYPE_VCD = QStringLiteral("vcd");
+const QString TYPE_SAIF = QStringLiteral("saif");
+const QString FLAG_TRUE = QStringLiteral("TRUE");
+const QString FLAG_FALSE = QStringLiteral("FALSE");
 
 } // namespace
 
@@ -78,22 +78,22 @@ VcdFileWidget::DefaultRate VcdFileWidget::remainRate() const
 
 void VcdFileWidget::readData(QDomElement *parent)
 {
-    const QDomElement rates = parent->firstChildElement(QLatin1String(NODE_DEFAULT_CFG));
+    const QDomElement rates = parent->firstChildElement(NODE_DEFAULT_CFG);
     if (!rates.isNull()) {
         readRate(rates, ioRate());
         readRate(rates, remainRate());
     }
-    const QDomElement files = parent->firstChildElement(QLatin1String(NODE_SIMU_FILE));
+    const QDomElement files = parent->firstChildElement(NODE_SIMU_FILE);
     if (!files.isNull())
         readFiles(files);
 }
 
 void VcdFileWidget::readRate(const QDomElement &section, const DefaultRate &rate)
 {
-    QDomElement element = section.firstChildElement(QLatin1String(rate.toggleNode));
+    QDomElement element = section.firstChildElement(rate.toggleNode);
     const RateUnit unit = element.isNull() ? SIGNAL_RATE : TOGGLE_RATE;
     if (element.isNull())
-        element = section.firstChildElement(QLatin1String(rate.signalNode));
+        element = section.firstChildElement(rate.signalNode);
     if (element.isNull())
         return;
     // The unit first: it sets the limit of the value.
@@ -104,65 +104,57 @@ void VcdFileWidget::readRate(const QDomElement &section, const DefaultRate &rate
 void VcdFileWidget::readFiles(const QDomElement &section)
 {
     forEachChild(section, NODE_FILE, [this](const QDomElement &element) {
-        const auto attribute = [&element](const char *name) {
-            return element.attribute(QLatin1String(name));
-        };
         auto file = std::make_unique<VLT_VcdFile>();
-        file->file = attribute(ATTR_NAME);
-        file->entity = attribute(ATTR_ENTITY);
+        file->file = keptText(element, ATTR_NAME);
+        file->entity = keptText(element, ATTR_ENTITY);
         if (file->entity.isEmpty())
             file->entity = designName();
-        file->isVcd = attribute(ATTR_TYPE) == QLatin1String(TYPE_VCD);
-        file->startTime = attribute(ATTR_START_TIME);
-        file->endTime = attribute(ATTR_END_TIME);
-        file->timeUnit = attribute(ATTR_TIME_UNIT);
+        file->isVcd = element.attribute(ATTR_TYPE) == TYPE_VCD;
+        file->startTime = keptText(element, ATTR_START_TIME);
+        file->endTime = keptText(element, ATTR_END_TIME);
+        file->timeUnit = keptText(element, ATTR_TIME_UNIT);
         m_records.list().append(file.release());
     });
-    const QDomElement glitch = section.firstChildElement(QLatin1String(NODE_FILTER_GLITCH));
+    const QDomElement glitch = section.firstChildElement(NODE_FILTER_GLITCH);
     if (!glitch.isNull())
-        m_ui->checkGlitch->setChecked(glitch.text() == QLatin1String(FLAG_TRUE));
+        m_ui->checkGlitch->setChecked(glitch.text() == FLAG_TRUE);
     m_model.reload();
 }
 
 void VcdFileWidget::writeData(QXmlStreamWriter *writer) const
 {
-    writer->writeStartElement(QLatin1String(NODE_DEFAULT_CFG));
+    writer->writeStartElement(NODE_DEFAULT_CFG);
     writeRate(writer, ioRate());
     writeRate(writer, remainRate());
     writer->writeEndElement();
     if (m_records.list().isEmpty())
         return;
-    writer->writeStartElement(QLatin1String(NODE_SIMU_FILE));
+    writer->writeStartElement(NODE_SIMU_FILE);
     for (const VLT_VcdFile *file : m_records.list())
         writeFile(writer, *file);
-    writer->writeTextElement(
-        QLatin1String(NODE_FILTER_GLITCH),
-        QLatin1String(m_ui->checkGlitch->isChecked() ? FLAG_TRUE : FLAG_FALSE));
+    writer->writeTextElement(NODE_FILTER_GLITCH,
+                             m_ui->checkGlitch->isChecked() ? FLAG_TRUE : FLAG_FALSE);
     writer->writeEndElement();
 }
 
 void VcdFileWidget::writeRate(QXmlStreamWriter *writer, const DefaultRate &rate)
 {
     const bool toggle = rate.unit->currentIndex() == TOGGLE_RATE;
-    writer->writeTextElement(QLatin1String(toggle ? rate.toggleNode : rate.signalNode),
-                             rate.value->text());
+    writer->writeTextElement(toggle ? rate.toggleNode : rate.signalNode, rate.value->text());
 }
 
 void VcdFileWidget::writeFile(QXmlStreamWriter *writer, const VLT_VcdFile &file) const
 {
-    const auto attribute = [writer](const char *name, const QString &text) {
-        writer->writeAttribute(QLatin1String(name), text);
-    };
-    writer->writeEmptyElement(QLatin1String(NODE_FILE));
-    attribute(ATTR_TYPE, QLatin1String(file.isVcd ? TYPE_VCD : TYPE_SAIF));
-    attribute(ATTR_NAME, file.file);
-    attribute(ATTR_ENTITY, file.entity == designName() ? QString() : file.entity);
+    writer->writeEmptyElement(NODE_FILE);
+    writer->writeAttribute(ATTR_TYPE, file.isVcd ? TYPE_VCD : TYPE_SAIF);
+    writer->writeAttribute(ATTR_NAME, file.file);
+    writer->writeAttribute(ATTR_ENTITY, file.entity == designName() ? QString() : file.entity);
     if (!file.startTime.isEmpty())
-        attribute(ATTR_START_TIME, file.startTime);
+        writer->writeAttribute(ATTR_START_TIME, file.startTime);
     if (!file.endTime.isEmpty())
-        attribute(ATTR_END_TIME, file.endTime);
+        writer->writeAttribute(ATTR_END_TIME, file.endTime);
     if (!file.startTime.isEmpty() || !file.endTime.isEmpty())
-        attribute(ATTR_TIME_UNIT, file.timeUnit);
+        writer->writeAttribute(ATTR_TIME_UNIT, file.timeUnit);
 }
 
 QString VcdFileWidget::designName() const

@@ -53,8 +53,8 @@ private:
     {
         QDoubleSpinBox *value;
         QComboBox *unit;
-        const char *toggleNode;
-        const char *signalNode;
+        QString toggleNode;
+        QString signalNode;
     };
     DefaultRate ioRate() const;
     DefaultRate remainRate() const;
