@@ -161,7 +161,9 @@ void writeFlipFlops(const QString &path, const QStringList &names)
     out << "\n      },\n      \"cells\": {\n";
     Members members(out);
     int bit = 100;
-    for (const QString &name : names)
+    QStringList ordered = names; // as the synthesis tool writes them
+    ordered.sort();
+    for (const QString &name : qAsConst(ordered))
         members.next(name) << "\"hide_name\": 0, \"type\": \"FERN_DFF\", \"parameters\": {}, "
                               "\"attributes\": {}, \"port_directions\": {\"D\": \"input\", "
                               "\"Q\": \"output\"}, \"connections\": {\"D\": [ 3 ], \"Q\": [ "

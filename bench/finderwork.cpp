@@ -4,15 +4,20 @@
 #include "works.h"
 
 #include "activity/nlsdatafinderdialog.h"
+#include "nlsdata/findnetdialog.h"
 #include "nlsdata/netlist.h"
 #include "nlsdata/netlistreader.h"
+#include "rates/moduleinstselectdialog.h"
 
+#include <QApplication>
+#include <QDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRegExp>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <memory>
 
@@ -77,6 +82,32 @@ double matchAll(const QStringList &names, const QString &pattern, int expected)
     return time;
 }
 
+/// From asking for the nets of a design to the picker on the screen.
+double openNetPicker(const NlsData::Netlist &netlist)
+{
+    return seconds([&] {
+        QTimer::singleShot(0, [] {
+            auto *picker = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            paint(picker);
+            picker->reject();
+        });
+        NlsData::FindNetDialog::getList(netlist.netMap().values(), nullptr);
+    });
+}
+
+/// From the construction of the dialog until it lists every instance.
+double openInstanceDialog(NlsData::Netlist *netlist)
+{
+    return seconds([&] {
+        VLT::ModuleInstSelectDialog dialog(nullptr, netlist, true);
+        auto *list = dialog.findChild<QListWidget *>();
+        paint(&dialog);
+        const int all = netlist->instances().size() + 1;
+        if (!QTest::qWaitFor([&] { return list->count() == all; }, 60000))
+            qFatal("the dialog does not list all instances");
+    });
+}
+
 } // namespace
 
 void finderWork(Suite &suite)
@@ -95,11 +126,22 @@ void finderWork(Suite &suite)
         return time;
     };
 
+    const auto fresh = [&file] {
+        return std::unique_ptr<NlsData::Netlist>(NlsData::readNetlistFile(file, nullptr, false));
+    };
+    const auto bareList = [&names] { return fillBareList(names); };
+    suite.compare(
+        QStringLiteral("net picker, %1 nets, first use until shown").arg(objects), bareList,
+        [&] { return openNetPicker(*fresh()); }, 0);
+    suite.compare(
+        QStringLiteral("instance dialog, %1 instances, first use until complete").arg(objects),
+        bareList, [&] { return openInstanceDialog(fresh().get()); }, 0);
+
     int found = 0;
     const QString everything = QStringLiteral("*");
     suite.compare(
-        QStringLiteral("finder, %1 objects, pattern * until shown").arg(objects),
-        [&] { return fillBareList(names); }, [&] { return search(everything, &found); }, 2);
+        QStringLiteral("finder, %1 objects, pattern * until shown").arg(objects), bareList,
+        [&] { return search(everything, &found); }, 2);
     if (found != objects)
         qFatal("the finder lists %d of %d objects", found, objects);
 
