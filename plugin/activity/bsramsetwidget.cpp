@@ -81,33 +81,33 @@ bool isUnset(const VLT_BSRam &ram)
 } // namespace
 
 BSRamModel::BSRamModel(VLTView *view, QList<VLT_BSRam *> &records, QObject *parent)
-    : RecordModel(
-          view, records, parent,
-          {Column::text("Name", &VLT_BSRam::name).sortedBy(lessThanByName, greaterThanByName),
-           // Never gray, unlike the others.
-           Column::number("ClockA Enable", &VLT_BSRam::aEnable)
-               .editable()
-               .sortedBy(lessThanByAEnable, greaterThanByAEnable),
-           Column::number("ReadA Probability", &VLT_BSRam::aRead)
-               .editable(hasFunction<&Ports::aRead>)
-               .gray(isUnset<&VLT_BSRam::aRead>)
-               .sortedBy(lessThanByARead, greaterThanByARead),
-           Column::number("WriteA Probability", &VLT_BSRam::aWrite)
-               .editable(hasFunction<&Ports::aWrite>)
-               .gray(isUnset<&VLT_BSRam::aWrite>)
-               .sortedBy(lessThanByAWrite, greaterThanByAWrite),
-           Column::number("ClockB Enable", &VLT_BSRam::bEnable)
-               .editable(hasFunction<&Ports::bEnable>)
-               .gray(isUnset<&VLT_BSRam::bEnable>)
-               .sortedBy(lessThanByBEnable, greaterThanByBEnable),
-           Column::number("ReadB Probability", &VLT_BSRam::bRead)
-               .editable(hasFunction<&Ports::bRead>)
-               .gray(isUnset<&VLT_BSRam::bRead>)
-               .sortedBy(lessThanByBRead, greaterThanByBRead),
-           Column::number("WriteB Probability", &VLT_BSRam::bWrite)
-               .editable(hasFunction<&Ports::bWrite>)
-               .gray(isUnset<&VLT_BSRam::bWrite>)
-               .sortedBy(lessThanByBWrite, greaterThanByBWrite)})
+    : RecordModel(view, records, parent,
+                  {Column::text("Name", &VLT_BSRam::name)
+                       .sortedBy(lessThanByName, greaterThanByName, &VLT_BSRam::name),
+                   // Never gray, unlike the others.
+                   Column::number("ClockA Enable", &VLT_BSRam::aEnable)
+                       .editable()
+                       .sortedBy(lessThanByAEnable, greaterThanByAEnable),
+                   Column::number("ReadA Probability", &VLT_BSRam::aRead)
+                       .editable(hasFunction<&Ports::aRead>)
+                       .gray(isUnset<&VLT_BSRam::aRead>)
+                       .sortedBy(lessThanByARead, greaterThanByARead),
+                   Column::number("WriteA Probability", &VLT_BSRam::aWrite)
+                       .editable(hasFunction<&Ports::aWrite>)
+                       .gray(isUnset<&VLT_BSRam::aWrite>)
+                       .sortedBy(lessThanByAWrite, greaterThanByAWrite),
+                   Column::number("ClockB Enable", &VLT_BSRam::bEnable)
+                       .editable(hasFunction<&Ports::bEnable>)
+                       .gray(isUnset<&VLT_BSRam::bEnable>)
+                       .sortedBy(lessThanByBEnable, greaterThanByBEnable),
+                   Column::number("ReadB Probability", &VLT_BSRam::bRead)
+                       .editable(hasFunction<&Ports::bRead>)
+                       .gray(isUnset<&VLT_BSRam::bRead>)
+                       .sortedBy(lessThanByBRead, greaterThanByBRead),
+                   Column::number("WriteB Probability", &VLT_BSRam::bWrite)
+                       .editable(hasFunction<&Ports::bWrite>)
+                       .gray(isUnset<&VLT_BSRam::bWrite>)
+                       .sortedBy(lessThanByBWrite, greaterThanByBWrite)})
 {
 }
 

@@ -14,7 +14,8 @@ const NumberAttribute<VLT_Dff> numbers[] = {{ATTR_VALUE, &VLT_Dff::value}};
 
 DffModel::DffModel(VLTView *view, QList<VLT_Dff *> &records, QObject *parent)
     : RecordModel(view, records, parent,
-                  {Column::text("Name", &VLT_Dff::name).sortedBy(lessThanByName, greaterThanByName),
+                  {Column::text("Name", &VLT_Dff::name)
+                       .sortedBy(lessThanByName, greaterThanByName, &VLT_Dff::name),
                    Column::number("Value", &VLT_Dff::value, 100)
                        .editable()
                        .sortedBy(lessThanByValue, greaterThanByValue)})

@@ -26,16 +26,16 @@ bool isAlwaysEnabled(const VLT_Port &port)
 } // namespace
 
 PortModel::PortModel(VLTView *view, QList<VLT_Port *> &records, QObject *parent)
-    : RecordModel(
-          view, records, parent,
-          {Column::text("Name", &VLT_Port::name).sortedBy(lessThanByName, greaterThanByName),
-           Column::number("Out Enable", &VLT_Port::outEnable, 50)
-               .editable(canBeDisabled)
-               .gray(isAlwaysEnabled)
-               .sortedBy(lessThanByOE, greaterThanByOE),
-           Column::number("Load Capacity", &VLT_Port::capacity, 5, "%1pF")
-               .editable()
-               .sortedBy(lessThanByCapacity, greaterThanByCapacity)})
+    : RecordModel(view, records, parent,
+                  {Column::text("Name", &VLT_Port::name)
+                       .sortedBy(lessThanByName, greaterThanByName, &VLT_Port::name),
+                   Column::number("Out Enable", &VLT_Port::outEnable, 50)
+                       .editable(canBeDisabled)
+                       .gray(isAlwaysEnabled)
+                       .sortedBy(lessThanByOE, greaterThanByOE),
+                   Column::number("Load Capacity", &VLT_Port::capacity, 5, "%1pF")
+                       .editable()
+                       .sortedBy(lessThanByCapacity, greaterThanByCapacity)})
 {
 }
 

@@ -25,7 +25,7 @@ RateModel::RateModel(QList<VLT_Rate *> &records, QObject *parent)
     : RecordModel(nullptr, records, parent,
                   {Column::text("Name", &VLT_Rate::name)
                        .storedBy(refuse)
-                       .sortedBy(lessThanByName, greaterThanByName),
+                       .sortedBy(lessThanByName, greaterThanByName, &VLT_Rate::name),
                    Column::served("Value", [this](const VLT_Rate &rate,
                                                   int role) { return valueData(rate, role); })
                        .storedBy(storeValue)

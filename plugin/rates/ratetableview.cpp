@@ -41,7 +41,7 @@ RateTableView::RateTableView(QWidget *parent)
 
 void RateTableView::setData(const QList<VLT_Rate *> &rates)
 {
-    m_records.list() = rates;
+    m_records.replace(rates);
     m_model.reload();
 }
 

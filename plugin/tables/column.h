@@ -44,6 +44,8 @@ struct Column
     Rule isGray = nullptr;
     Compare lessThan = nullptr;
     Compare greaterThan = nullptr;
+    /// The text that the comparisons compare, without regard to case; null when they do otherwise.
+    QString Record::*sortText = nullptr;
 
     /// Cells filled by a function of record and role.
     static Column served(const char *title, Data data)
@@ -131,6 +133,12 @@ struct Column
         lessThan = less;
         greaterThan = greater;
         return std::move(*this);
+    }
+
+    Column sortedBy(Compare less, Compare greater, QString Record::*text) &&
+    {
+        sortText = text;
+        return std::move(*this).sortedBy(less, greater);
     }
 };
 

@@ -21,9 +21,16 @@ public:
     Q_DISABLE_COPY(RecordList)
 
     /// For the model and for reading. Append by `append`, which keeps the names known, or call the
-    /// model's `reload()` before the next `contains`.
+    /// model's `reload()` before the next `contains`. Exchange all records by `replace`.
     QList<Record *> &list() { return m_list; }
     const QList<Record *> &list() const { return m_list; }
+
+    /// Takes over `records` in place of those that are listed, which are the caller's from now on.
+    void replace(const QList<Record *> &records)
+    {
+        m_list = records;
+        forgetAll();
+    }
 
     /// Makes room for `count` more records.
     void reserve(int count)
@@ -34,14 +41,16 @@ public:
 
     void append(std::unique_ptr<Record> record)
     {
-        if (m_counted)
+        if (m_counted >= 0) {
             ++m_names[record->name];
+            ++m_counted;
+        }
         m_list.append(record.release());
     }
 
     bool contains(const QString &name) const
     {
-        if (!m_counted)
+        if (m_counted < 0)
             countNames();
         return m_names.contains(name);
     }
@@ -51,12 +60,13 @@ public:
     {
         QObject::connect(model, &TableModel::rowsAboutToBeRemoved, model,
                          [this](const QModelIndex &, int first, int last) {
-                             for (int row = first; m_counted && row <= last; ++row)
+                             for (int row = first; m_counted >= 0 && row <= last; ++row)
                                  forget(m_list.at(row)->name);
                          });
+        // Counting again takes longer than appending did: not after a reset that tells of that.
         QObject::connect(model, &TableModel::modelReset, model, [this] {
-            m_counted = false;
-            m_names.clear();
+            if (m_counted != m_list.size())
+                forgetAll();
         });
     }
 
@@ -66,7 +76,7 @@ private:
         m_names.reserve(m_list.size());
         for (const Record *record : m_list)
             ++m_names[record->name];
-        m_counted = true;
+        m_counted = m_list.size();
     }
 
     void forget(const QString &name)
@@ -74,12 +84,19 @@ private:
         const auto count = m_names.find(name);
         if (count != m_names.end() && --*count == 0)
             m_names.erase(count);
+        --m_counted;
+    }
+
+    void forgetAll()
+    {
+        m_counted = -1;
+        m_names.clear();
     }
 
     QList<Record *> m_list;
-    // Made at the first question after a reset, so that reading a file does not pay for it.
+    // Made at the first question, so that reading a file does not pay for it.
     mutable QHash<QString, int> m_names;
-    mutable bool m_counted = false;
+    mutable int m_counted = -1; // records that m_names knows: all, or none when negative
 };
 
 } // namespace VLT

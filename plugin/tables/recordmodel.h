@@ -2,6 +2,7 @@
 
 #include "tables/column.h"
 #include "tables/tablemodel.h"
+#include "tables/textorder.h"
 
 #include <QBrush>
 #include <QList>
@@ -109,7 +110,10 @@ public:
         if (!compare)
             return;
         emit aboutToSort();
-        std::stable_sort(m_records.begin(), m_records.end(), compare);
+        if (key.sortText && m_records.size() >= manyRows)
+            sortByText(key.sortText, order);
+        else
+            std::stable_sort(m_records.begin(), m_records.end(), compare);
         emit sorted();
         emit dataChanged({}, {});
     }
@@ -127,7 +131,6 @@ public:
     /// stands behind the row, hence many rows leave in one pass inside a reset.
     void removeRecords(const QVector<int> &rows) final
     {
-        constexpr int manyRows = 200;
         if (rows.size() < manyRows) {
             std::for_each(rows.rbegin(), rows.rend(), [this](int row) { remove(row); });
             return;
@@ -161,6 +164,20 @@ protected:
     }
 
 private:
+    static constexpr int manyRows = 200;
+
+    void sortByText(QString Record::*text, Qt::SortOrder order)
+    {
+        std::vector<const QString *> texts;
+        texts.reserve(size_t(m_records.size()));
+        for (const Record *record : qAsConst(m_records))
+            texts.push_back(&(record->*text));
+        const std::vector<int> places = textOrder(texts, order);
+        const QList<Record *> before = m_records;
+        std::transform(places.begin(), places.end(), m_records.begin(),
+                       [&before](int place) { return before.at(place); });
+    }
+
     /// The column of a cell that is there, else null.
     const Column *columnAt(const QModelIndex &index) const
     {

@@ -15,17 +15,17 @@ class SampleModel : public VLT::RecordModel<Sample>
 {
 public:
     SampleModel(VLT::VLTView *view, QList<Sample *> &records, QObject *parent = nullptr)
-        : RecordModel(
-              view, records, parent,
-              {Column::text("Name", &Sample::name).sortedBy(lessThanByName, greaterThanByName),
-               Column::number("Rate", &Sample::rate, 50)
-                   .editable([](const Sample &sample) { return !sample.fixed; })
-                   .gray([](const Sample &sample) { return sample.fixed; })
-                   .sortedBy(lessThanByRate, greaterThanByRate),
-               Column::number("Load", &Sample::load, {}, "%1pF").editable(),
-               Column::served(nullptr, [](const Sample &sample, int role) {
-                   return role == Qt::DisplayRole ? sample.name.toUpper() : QVariant();
-               }).sortedBy(greaterThanByName, lessThanByName)})
+        : RecordModel(view, records, parent,
+                      {Column::text("Name", &Sample::name)
+                           .sortedBy(lessThanByName, greaterThanByName, &Sample::name),
+                       Column::number("Rate", &Sample::rate, 50)
+                           .editable([](const Sample &sample) { return !sample.fixed; })
+                           .gray([](const Sample &sample) { return sample.fixed; })
+                           .sortedBy(lessThanByRate, greaterThanByRate),
+                       Column::number("Load", &Sample::load, {}, "%1pF").editable(),
+                       Column::served(nullptr, [](const Sample &sample, int role) {
+                           return role == Qt::DisplayRole ? sample.name.toUpper() : QVariant();
+                       }).sortedBy(greaterThanByName, lessThanByName)})
     {
     }
 

@@ -18,6 +18,8 @@ private slots:
     void servesItsColumns();
     void editsByValue();
     void sortsStablyBothWays();
+    void sortsManyAsFew_data();
+    void sortsManyAsFew();
     void goesByRowWhateverTheIndexCarries();
     void removesRows();
     void namesFollowTheList();
@@ -127,6 +129,37 @@ void TestRecordModel::sortsStablyBothWays()
     m_model->sort(3, Qt::AscendingOrder); // not shown, but served
     QCOMPARE(m_model->names(), QStringLiteral("c b a A"));
     QVERIFY(!m_view->isModified());
+}
+
+void TestRecordModel::sortsManyAsFew_data()
+{
+    QTest::addColumn<QString>("letters");
+    QTest::newRow("ASCII") << QStringLiteral("aAbB/[1");
+    QTest::newRow("folding across blocks")
+        << QStringLiteral("sS\u017F\u212AkK\u1E9E\u00DF\u0130i\uFF21");
+    QTest::newRow("beyond 16 bits") << QStringLiteral("a\uE000\uFB00\U00010400\U00010428");
+}
+
+// Long lists are sorted by folded copies of the names, which must not show.
+void TestRecordModel::sortsManyAsFew()
+{
+    QFETCH(QString, letters);
+    const QVector<uint> alphabet = letters.toUcs4();
+    QRandomGenerator random(7);
+    for (int i = 0; i < 5000; ++i) {
+        QVector<uint> name(random.bounded(4));
+        std::generate(name.begin(), name.end(),
+                      [&] { return alphabet[random.bounded(alphabet.size())]; });
+        append("")->name = QString::fromUcs4(name.constData(), name.size());
+    }
+    m_model->reload();
+    QList<Sample *> expected = m_records->list();
+    std::stable_sort(expected.begin(), expected.end(), SampleModel::lessThanByName);
+    m_model->sort(0, Qt::AscendingOrder);
+    QCOMPARE(m_records->list(), expected);
+    std::stable_sort(expected.begin(), expected.end(), SampleModel::greaterThanByName);
+    m_model->sort(0, Qt::DescendingOrder);
+    QCOMPARE(m_records->list(), expected);
 }
 
 void TestRecordModel::goesByRowWhateverTheIndexCarries()
