@@ -1,9 +1,8 @@
 #include "activity/activitypage.h"
 
 #include "document/vltview.h"
+#include "document/waitcursor.h"
 #include "tables/guardeddialog.h"
-
-#include <QApplication>
 
 namespace VLT {
 
@@ -20,9 +19,8 @@ void ActivityPage::find(NlsDataFinderDialog::FindType type,
     GuardedDialog finder(new NlsDataFinderDialog(this, netlist.get(), type));
     if (!finder.exec())
         return;
-    QApplication::setOverrideCursor(Qt::WaitCursor); // a million objects take a second
+    const WaitCursor wait;
     add(*finder);
-    QApplication::restoreOverrideCursor();
 }
 
 } // namespace VLT

@@ -7,6 +7,7 @@
 #include "document/vlrfile.h"
 #include "document/vltenablesetwidget.h"
 #include "document/vltratewidget.h"
+#include "document/waitcursor.h"
 
 #include <QAbstractItemDelegate>
 #include <QAbstractItemView>
@@ -15,11 +16,14 @@
 #include <QDomDocument>
 #include <QFile>
 
+#include <optional>
+
 namespace VLT {
 
 bool VLTView::readCfgFile(const QString &path)
 {
     m_file = path;
+    std::optional<WaitCursor> wait(std::in_place);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return false;
@@ -49,6 +53,7 @@ bool VLTView::readCfgFile(const QString &path)
     setModified(false);
     setTitle();
     m_settingPage->connectVlotageDoubleSpin();
+    wait.reset(); // the check may ask
     m_settingPage->checkVoltageRange();
     return true;
 }
@@ -79,7 +84,11 @@ bool VLTView::composeText(QByteArray *bytes)
         m_enablePage->writeData(writer);
     };
     QString offender;
-    if (composeFile(writeSections, bytes, &offender))
+    const auto compose = [&] {
+        const WaitCursor wait;
+        return composeFile(writeSections, bytes, &offender);
+    };
+    if (compose())
         return true;
     showMessage(QMessageBox::Warning, this, tr("Warning"),
                 tr("Cannot write the config file '%1'!\nThe text '%2' has a character that such a "

@@ -1,12 +1,12 @@
 #include "rates/moduleinstselectdialog.h"
 
+#include "document/waitcursor.h"
 #include "tables/uniformrows.h"
 #include "ui_moduleinstselectdialog.h"
 
 #include "nlsdata/netlist.h"
 
 #include <QElapsedTimer>
-#include <QGuiApplication>
 #include <QStringMatcher>
 
 #include <algorithm>
@@ -22,15 +22,13 @@ QStringList entriesOf(const NlsData::Netlist *netlist)
 {
     if (!netlist)
         return {};
-    // The map is made when it is first asked for, which takes its time on a large design.
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const WaitCursor wait; // the map is made when it is first asked for
     QStringList entries;
     const auto &instances = netlist->instanceMap();
     entries.reserve(instances.size() + 1);
     entries.append(netlist->name());
     for (const NlsData::Instance *instance : instances)
         entries.append(instance->path());
-    QGuiApplication::restoreOverrideCursor();
     return entries;
 }
 

@@ -2,6 +2,7 @@
 
 #include "activity/nlsdatafinderdialog.h"
 #include "document/vltview.h"
+#include "document/waitcursor.h"
 #include "tables/doubledelegate.h"
 #include "tables/guardeddialog.h"
 
@@ -9,7 +10,6 @@
 #include "nlsdata/netlist.h"
 #include "utils/tableview.h"
 
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QVBoxLayout>
 
@@ -80,10 +80,10 @@ void RateTableView::addNets()
     const auto netlist = view()->holdNetlist();
     if (!netlist)
         return;
-    // The map is made when it is first asked for, which takes its time on a large design.
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const QList<NlsData::Net *> all = netlist->netMap().values();
-    QGuiApplication::restoreOverrideCursor();
+    const QList<NlsData::Net *> all = [&netlist] {
+        const WaitCursor wait; // the map is made when it is first asked for
+        return netlist->netMap().values();
+    }();
     const QList<NlsData::Net *> nets = NlsData::FindNetDialog::getList(all, this);
     if (!self || nets.isEmpty())
         return;

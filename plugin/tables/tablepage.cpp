@@ -2,6 +2,7 @@
 
 #include "document/plainmessage.h"
 #include "document/vltview.h"
+#include "document/waitcursor.h"
 #include "tables/doubledelegate.h"
 #include "tables/rowselection.h"
 
@@ -93,6 +94,7 @@ void TablePage::onRemove()
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     if (rows.isEmpty())
         return;
+    const WaitCursor wait;
     m_model->removeRecords(rows);
     selection->clearSelection();
     const int next = qMin(rows.first(), m_model->rowCount() - 1);
