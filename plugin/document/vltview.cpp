@@ -4,6 +4,7 @@
 #include "document/plainmessage.h"
 #include "document/vltenablesetwidget.h"
 #include "document/vltratewidget.h"
+#include "document/waitcursor.h"
 #include "ui_changedbanner.h"
 
 #include "core/viewmanager.h"
@@ -104,16 +105,22 @@ void VLTView::handleIEvent(const QUtil::IEvent *event)
 
 void VLTView::onNetlistChanged()
 {
+    if (m_closed)
+        return;
     const QString path =
         TE::TaskEngine::instance()->flowManager()->resultFile(QString::fromLatin1(TE::RES_NETLIST));
-    std::shared_ptr<NlsData::Netlist> netlist(NlsData::readNetlistFile(path, nullptr, true));
+    std::shared_ptr<NlsData::Netlist> netlist;
+    {
+        const WaitCursor wait;
+        netlist.reset(NlsData::readNetlistFile(path, nullptr, true));
+    }
     if (netlist) {
         m_netlist = netlist;
         showChangedBanner();
         return;
     }
     // The message announces that the view closes; another failure meanwhile has nothing to add.
-    if (m_reloadFailureOpen || m_closed)
+    if (m_reloadFailureOpen)
         return;
     m_reloadFailureOpen = true;
     QPointer<VLTView> self(this);

@@ -1,4 +1,4 @@
-#include "workbench/session.h"
+#include "windowtest.h"
 
 #include "workbench/documents.h"
 #include "workbench/messagespane.h"
@@ -29,10 +29,6 @@ using namespace Workbench;
 
 namespace {
 
-const QByteArray EmptyFile = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                             "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>\n"
-                             "<Config/>";
-
 QByteArray fileWithAmbientTemperature(int degrees)
 {
     return QByteArray(EmptyFile).replace("<Config/>", "<Config><AmbientTemp>" +
@@ -55,16 +51,11 @@ ModalDriver::Script pressText(const QString &text)
 
 } // namespace
 
-class TestMainWindow : public QObject
+class TestMainWindow : public WindowTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-    void cleanupTestCase();
-
     void showsPluginFailures();
     void routesSaveToTheActiveView();
     void asksViewByViewOnQuit();
@@ -75,66 +66,16 @@ private slots:
     void opensDroppedFiles();
     void remembersRecentFiles();
     void changesTheDevice();
-    void runsSynthesis();
-    void stopsSynthesis();
-    void tellsWhySynthesisFails_data();
-    void tellsWhySynthesisFails();
     void opensTheProjectBesideAFile();
 
 private:
-    MainWindow &window() { return m_session->window(); }
-    QAction *action(const char *name) { return window().findChild<QAction *>(QLatin1String(name)); }
-    QAction *save() const;
-    Core::IView *openView(const QString &name, const QByteArray &bytes = EmptyFile);
+    QAction *save();
     static void edit(Core::IView *view);
-    QString messages() { return window().messages()->toPlainText(); }
-
-    QTemporaryDir m_plugins;
-    std::unique_ptr<TestHost> m_host;
-    std::unique_ptr<Session> m_session;
 };
 
-// One session for all: plug-ins are initialised once in the life of a process.
-void TestMainWindow::initTestCase()
+QAction *TestMainWindow::save()
 {
-    m_host = std::make_unique<TestHost>();
-    const QDir real(QStringLiteral(VLT_PLUGIN_DIR));
-    const QStringList libraries = real.entryList({QStringLiteral("*.so")}, QDir::Files);
-    QCOMPARE(libraries.size(), 2);
-    for (const QString &library : libraries)
-        QVERIFY(QFile::link(real.filePath(library), m_plugins.filePath(library)));
-    QFile broken(m_plugins.filePath(QStringLiteral("libbroken.so")));
-    QVERIFY(broken.open(QIODevice::WriteOnly));
-    broken.write("this is no library");
-    broken.close();
-    m_session = std::make_unique<Session>(m_plugins.path());
-    m_host.reset();
-}
-
-void TestMainWindow::init()
-{
-    m_host = std::make_unique<TestHost>();
-    window().show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window()));
-    window().activateWindow();
-}
-
-void TestMainWindow::cleanup()
-{
-    if (!QTest::currentTestFailed())
-        QVERIFY(!QApplication::activeModalWidget());
-    m_host.reset();
-}
-
-void TestMainWindow::cleanupTestCase()
-{
-    m_session.reset();
-    QVERIFY(QApplication::topLevelWidgets().isEmpty());
-}
-
-QAction *TestMainWindow::save() const
-{
-    const auto menus = m_session->window().findChildren<QMenu *>();
+    const auto menus = window().findChildren<QMenu *>();
     for (const QMenu *menu : menus) {
         for (QAction *action : menu->actions()) {
             if (action->shortcut() == QKeySequence(QKeySequence::Save))
@@ -142,16 +83,6 @@ QAction *TestMainWindow::save() const
         }
     }
     return nullptr;
-}
-
-Core::IView *TestMainWindow::openView(const QString &name, const QByteArray &bytes)
-{
-    const QString path = m_host->write(name, bytes);
-    window().open(path);
-    Core::IView *view = Core::IFileOpener::forFile(path)->view(path);
-    if (!view)
-        QTest::qFail("the file does not open", __FILE__, __LINE__);
-    return view;
 }
 
 // As a person does: one step up in the first field.
@@ -354,67 +285,6 @@ void TestMainWindow::changesTheDevice()
     QCOMPARE(TE::ProInfoManagerPrivate::get()->deviceID(), QStringLiteral("QF1-05-LQ144"));
     QVERIFY(m_host->read(QStringLiteral("test.fpgaproj")).contains("QF1-05-LQ144"));
     QVERIFY(view);
-}
-
-void TestMainWindow::runsSynthesis()
-{
-    Core::IView *view = openView(QStringLiteral("a.vlr"));
-    // The run goes on when the test has seen its first line.
-    m_host->write(QStringLiteral("synth.sh"), "echo first\nwhile [ ! -e go ]; do sleep 0.05; done\n"
-                                              "echo last >&2\nprintf ' ' >> impl/netlist.json\n");
-    window().messages()->clear();
-    action("runSynthesis")->trigger();
-    QVERIFY(!action("runSynthesis")->isEnabled());
-    QVERIFY(action("stopSynthesis")->isEnabled());
-    QTRY_VERIFY(messages().contains(QLatin1String("first")));
-    QVERIFY(!messages().contains(QLatin1String("last")));
-    m_host->write(QStringLiteral("go"), "");
-    QTRY_VERIFY(action("runSynthesis")->isEnabled());
-    QVERIFY(messages().contains(QLatin1String("last")));
-    QTRY_VERIFY(view->findChild<QWidget *>(QStringLiteral("VLT__ChangedBanner")));
-}
-
-void TestMainWindow::stopsSynthesis()
-{
-    Core::IView *view = openView(QStringLiteral("a.vlr"));
-    const QByteArray netlist = m_host->read(QStringLiteral("impl/netlist.json"));
-    m_host->write(QStringLiteral("synth.sh"), "echo begun\nsleep 600\n");
-    window().messages()->clear();
-    action("runSynthesis")->trigger();
-    QTRY_VERIFY(messages().contains(QLatin1String("begun")));
-    // Quitting meanwhile is a question too.
-    ModalDriver stay(pressButton(QMessageBox::Cancel));
-    window().close();
-    QVERIFY(stay.ran() && window().isVisible());
-    action("stopSynthesis")->trigger();
-    QTRY_VERIFY(action("runSynthesis")->isEnabled());
-    QVERIFY2(messages().contains(QLatin1String("stopped")), qPrintable(messages()));
-    QCOMPARE(m_host->read(QStringLiteral("impl/netlist.json")), netlist);
-    QVERIFY(!view->findChild<QWidget *>(QStringLiteral("VLT__ChangedBanner")));
-}
-
-void TestMainWindow::tellsWhySynthesisFails_data()
-{
-    QTest::addColumn<QByteArray>("script");
-    QTest::addColumn<QString>("words");
-    QTest::newRow("a failing script")
-        << QByteArray("echo 'syntax error' >&2\nexit 3\n") << QStringLiteral("3");
-    QTest::newRow("a missing tool") << QByteArray("set -e\nno-such-synthesis-tool\n")
-                                    << QStringLiteral("no-such-synthesis-tool");
-}
-
-void TestMainWindow::tellsWhySynthesisFails()
-{
-    QFETCH(QByteArray, script);
-    QFETCH(QString, words);
-    Core::IView *view = openView(QStringLiteral("a.vlr"));
-    m_host->write(QStringLiteral("synth.sh"), script);
-    window().messages()->clear();
-    action("runSynthesis")->trigger();
-    QTRY_VERIFY(action("runSynthesis")->isEnabled());
-    QVERIFY2(messages().contains(QLatin1String("Synthesis failed")), qPrintable(messages()));
-    QVERIFY2(messages().contains(words), qPrintable(messages()));
-    QVERIFY(!view->findChild<QWidget *>(QStringLiteral("VLT__ChangedBanner")));
 }
 
 void TestMainWindow::opensTheProjectBesideAFile()
