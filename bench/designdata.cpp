@@ -170,6 +170,8 @@ void writeFlipFlops(const QString &path, const QStringList &names)
                            << bit++ << " ]}}";
     out << "\n      },\n      \"netnames\": {\n";
     Members nets(out);
-    writeVector(nets, QStringLiteral("state"), 100, names.size(), "");
+    for (int i = 0; i < ordered.size(); i += 32)
+        writeVector(nets, ordered.at(i) + QStringLiteral("_next"), 100 + i,
+                    qMin(32, ordered.size() - i), "");
     out << "\n      }\n    }\n  }\n}\n";
 }

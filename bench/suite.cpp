@@ -64,7 +64,7 @@ QVector<double> Suite::measure(const QVector<Run> &runs)
             ->UseManualTime()
             ->Unit(benchmark::kSecond)
             ->Iterations(1)
-            ->Repetitions(m_quick ? 1 : 3);
+            ->Repetitions(m_quick ? 1 : 5);
     }
     Collector collector;
     benchmark::RunSpecifiedBenchmarks(&collector);

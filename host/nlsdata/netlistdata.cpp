@@ -28,7 +28,7 @@ void mergeRuns(Iterator begin, Iterator end, Less less)
     std::vector<Iterator> ends{begin};
     while (ends.back() != end)
         ends.push_back(std::is_sorted_until(ends.back(), end, less));
-    constexpr std::ptrdiff_t shortRun = 4;
+    constexpr std::ptrdiff_t shortRun = 64;
     if (end - begin < std::ptrdiff_t(ends.size()) * shortRun) {
         std::sort(begin, end, less);
         return;

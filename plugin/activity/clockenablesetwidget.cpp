@@ -24,7 +24,7 @@ bool isClockName(const QString &text)
 
 ClkEnableModel::ClkEnableModel(VLTView *view, QList<VLT_ClkEnable *> &records, QObject *parent)
     : RecordModel(view, records, parent,
-                  {Column::editableText("Clock Name", &VLT_ClkEnable::name, isClockName)
+                  {Column::editableName("Clock Name", &VLT_ClkEnable::name, isClockName)
                        .sortedBy(lessThanByName, greaterThanByName, &VLT_ClkEnable::name),
                    Column::number("Clock Enable", &VLT_ClkEnable::enable, 100)
                        .editable()

@@ -40,9 +40,11 @@ public:
     explicit PlainPart(const QRegExp &pattern)
     {
         QString text = pattern.pattern();
-        const bool readable = pattern.patternSyntax() == QRegExp::WildcardUnix &&
-                              !text.contains(QLatin1Char('[')) && !text.contains(QLatin1Char('\\'));
-        if (!readable)
+        const auto isPlain = [](QChar c) {
+            return c != QLatin1Char('[') && c != QLatin1Char('\\') && !c.isSurrogate();
+        };
+        if (pattern.patternSyntax() != QRegExp::WildcardUnix ||
+            !std::all_of(text.cbegin(), text.cend(), isPlain))
             return;
         text.replace(QLatin1Char('?'), QLatin1Char('*'));
         const QStringList pieces = text.split(QLatin1Char('*'));

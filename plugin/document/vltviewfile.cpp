@@ -16,14 +16,12 @@
 #include <QDomDocument>
 #include <QFile>
 
-#include <optional>
-
 namespace VLT {
 
 bool VLTView::readCfgFile(const QString &path)
 {
     m_file = path;
-    std::optional<WaitCursor> wait(std::in_place);
+    const WaitCursor wait;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return false;
@@ -53,7 +51,6 @@ bool VLTView::readCfgFile(const QString &path)
     setModified(false);
     setTitle();
     m_settingPage->connectVlotageDoubleSpin();
-    wait.reset(); // the check may ask
     m_settingPage->checkVoltageRange();
     return true;
 }

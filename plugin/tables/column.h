@@ -46,6 +46,7 @@ struct Column
     Compare greaterThan = nullptr;
     /// The text that the comparisons compare, without regard to case; null when they do otherwise.
     QString Record::*sortText = nullptr;
+    bool editsName = false; ///< whether edits change the name that the record is known by
 
     /// Cells filled by a function of record and role.
     static Column served(const char *title, Data data)
@@ -64,8 +65,8 @@ struct Column
         });
     }
 
-    /// Text that is edited; a text that `accepts` denies is refused.
-    static Column editableText(const char *title, QString Record::*member,
+    /// The record's name, which is edited; a text that `accepts` denies is refused.
+    static Column editableName(const char *title, QString Record::*member,
                                bool (*accepts)(const QString &))
     {
         Column column = served(title, [member](const Record &record, int role) {
@@ -80,6 +81,7 @@ struct Column
             record.*member = text;
             return true;
         };
+        column.editsName = true;
         return std::move(column).editable();
     }
 

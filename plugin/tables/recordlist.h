@@ -63,6 +63,7 @@ public:
                              for (int row = first; m_counted >= 0 && row <= last; ++row)
                                  forget(m_list.at(row)->name);
                          });
+        QObject::connect(model, &TableModel::nameEdited, model, [this] { forgetAll(); });
         // Counting again takes longer than appending did: not after a reset that tells of that.
         QObject::connect(model, &TableModel::modelReset, model, [this] {
             if (m_counted != m_list.size())

@@ -95,6 +95,8 @@ public:
             return true;
         if (!column->store(*m_records[index.row()], value))
             return false;
+        if (column->editsName)
+            emit nameEdited();
         markModified();
         return true;
     }

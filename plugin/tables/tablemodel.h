@@ -31,6 +31,9 @@ signals:
     void aboutToSort();
     void sorted();
 
+    /// An edit has given a record another name.
+    void nameEdited();
+
 protected:
     TableModel(VLTView *view, QObject *parent);
 

@@ -27,6 +27,8 @@ void ModalDriver::poll()
         return;
     m_ran = true;
     m_timer.stop();
+    if (QApplication::overrideCursor())
+        QTest::qFail("a dialog waits for the user under the wait cursor", __FILE__, __LINE__);
     m_title = dialog->windowTitle();
     if (const auto *box = qobject_cast<QMessageBox *>(dialog))
         m_text = box->text();

@@ -1,10 +1,6 @@
 #include "windowtest.h"
 
-#include "workbench/documents.h"
-#include "workbench/messagespane.h"
-
 #include "support/modaldriver.h"
-#include "support/testhost.h"
 
 #include "core/iview.h"
 #include "core/viewmanager.h"
@@ -12,17 +8,14 @@
 #include "host/core/project_p.h"
 #include "host/core/projectmanager_p.h"
 #include "host/core/viewmanager_p.h"
-#include "host/te/flowmanager_p.h"
 #include "host/te/proinfomanager_p.h"
 
 #include <QAbstractButton>
-#include <QAction>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QTreeWidget>
 #include <QtTest>
 
 using namespace Workbench;

@@ -14,9 +14,9 @@ namespace Core {
 class IView;
 }
 
-const QByteArray EmptyFile = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                             "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>\n"
-                             "<Config/>";
+inline const QByteArray EmptyFile = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                                    "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>\n"
+                                    "<Config/>";
 
 /// A test of the program's window: one session for all of its functions, since plug-ins are
 /// initialised once in the life of a process, and a fresh project for each.

@@ -244,6 +244,17 @@ void TestNetlist::samePathTwice()
     QCOMPARE(nets(*netlist), QStringLiteral("v[0]; v[1]"));
     QCOMPARE(netlist->instances().size(), 2);
     QCOMPARE(netlist->instanceMap().first(), netlist->instances().first());
+
+    // In three long runs that are in order, each path in all of them.
+    NetlistJson runs;
+    NetlistJson::Module &top = runs.module("top").top();
+    for (int i = 0; i < 300; ++i)
+        top.cell("c" + QByteArray::number(100 + i % 100), "a");
+    const auto merged = readOrFail(runs);
+    QCOMPARE(merged->instanceMap().size(), 100);
+    int i = 0;
+    for (const NlsData::Instance *instance : merged->instanceMap())
+        QCOMPARE(instance, merged->instances().at(i++));
 }
 
 /// The marked module, else the one that no other contains; a black box's contents do not count.

@@ -213,6 +213,23 @@ void TestRecordModel::namesFollowTheList()
     QVERIFY(listed("twice"));
     m_model->remove(0);
     QVERIFY(!listed("twice") && listed("late"));
+
+    append("later");
+    m_model->reload();
+    QVERIFY(listed("later"));
+
+    QVector<int> rows(250);
+    std::iota(rows.begin(), rows.end(), 1);
+    for (int i = 0; i < rows.size(); ++i)
+        append("many");
+    m_model->reload();
+    m_model->removeRecords(rows);
+    QVERIFY(!listed("later") && listed("many"));
+
+    const QList<Sample *> before = m_records->list();
+    m_records->replace({new Sample, new Sample});
+    QVERIFY(!listed("many"));
+    qDeleteAll(before);
 }
 
 QTEST_MAIN(TestRecordModel)
