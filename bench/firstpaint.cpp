@@ -21,13 +21,18 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::Paint && watched->inherits(m_className.constData()))
-            QTimer::singleShot(0, this, [] { _exit(0); });
+        if (m_painted && event->type() != QEvent::Paint)
+            _exit(0); // what follows the painting of the widget and its children
+        if (event->type() == QEvent::Paint && watched->inherits(m_className.constData())) {
+            m_painted = true;
+            QTimer::singleShot(0, this, [] { _exit(0); }); // nothing may follow
+        }
         return QObject::eventFilter(watched, event);
     }
 
 private:
     const QByteArray m_className;
+    bool m_painted = false;
 };
 
 } // namespace

@@ -46,8 +46,8 @@ void startWork(Suite &suite)
     };
     suite.compare(
         QStringLiteral("workbench, cold start to first paint with the sample"), empty,
-        [&] { return workbench("QMainWindow"); }, 2);
+        [&] { return workbench("QMainWindow"); }, 2, Suite::MANY);
     suite.compare(
         QStringLiteral("the same until the sample's configuration is painted"), empty,
-        [&] { return workbench("VLT::VLTView"); }, 0);
+        [&] { return workbench("VLT::VLTView"); }, 0, Suite::MANY);
 }

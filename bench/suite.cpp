@@ -51,7 +51,7 @@ int Suite::scaled(int full) const
     return m_quick ? full / 20 : full;
 }
 
-QVector<double> Suite::measure(const QVector<Run> &runs)
+QVector<double> Suite::measure(const QVector<Run> &runs, int repetitions)
 {
     benchmark::ClearRegisteredBenchmarks();
     for (int i = 0; i < runs.size(); ++i) {
@@ -64,7 +64,7 @@ QVector<double> Suite::measure(const QVector<Run> &runs)
             ->UseManualTime()
             ->Unit(benchmark::kSecond)
             ->Iterations(1)
-            ->Repetitions(m_quick ? 1 : 5);
+            ->Repetitions(m_quick ? 1 : repetitions);
     }
     Collector collector;
     benchmark::RunSpecifiedBenchmarks(&collector);
@@ -75,9 +75,10 @@ QVector<double> Suite::measure(const QVector<Run> &runs)
     return medians;
 }
 
-void Suite::compare(const QString &work, const Run &floor, const Run &product, double goal)
+void Suite::compare(const QString &work, const Run &floor, const Run &product, double goal,
+                    int repetitions)
 {
-    const QVector<double> times = measure({floor, product});
+    const QVector<double> times = measure({floor, product}, repetitions);
     add({work, times[0], times[1], goal, QStringLiteral("s")});
 }
 
@@ -85,7 +86,7 @@ void Suite::growth(const QString &work, int count, const std::function<double(in
                    double slack)
 {
     const QVector<double> times =
-        measure({[&] { return run(1); }, [&] { return run(2); }, [&] { return run(4); }});
+        measure({[&] { return run(1); }, [&] { return run(2); }, [&] { return run(4); }}, USUAL);
     const double goal = slack * 4 * std::log(4.0 * count) / std::log(double(count));
     const QString middle = QString::number(times[1], 'f', 3);
     add({QStringLiteral("%1, %2 to %3 (twice: %4 s)")

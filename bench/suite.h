@@ -32,7 +32,11 @@ public:
     /// The number of objects to use where `full` are meant.
     int scaled(int full) const;
 
-    void compare(const QString &work, const Run &floor, const Run &product, double goal);
+    static constexpr int USUAL = 5; ///< repetitions
+    static constexpr int MANY = 15; ///< of work that takes less than a tenth of a second
+
+    void compare(const QString &work, const Run &floor, const Run &product, double goal,
+                 int repetitions = USUAL);
 
     /// Times at 1, 2 and 4 times the size `count`; `run` is given the factor. The row compares the
     /// largest with the smallest; the goal is n log n times `slack`, a quarter for caches. A floor
@@ -48,7 +52,7 @@ public:
 
 private:
     /// Medians in seconds, in the order of `runs`.
-    QVector<double> measure(const QVector<Run> &runs);
+    QVector<double> measure(const QVector<Run> &runs, int repetitions);
     void add(const Row &row);
 
     const bool m_quick;

@@ -197,7 +197,7 @@ void tableWork(Suite &suite)
     const QString half = QString::number(many / 2);
     suite.compare(
         QStringLiteral("add %1 chosen objects to a page that holds %1").arg(half),
-        [&] { return add(many / 2); }, [&] { return add(many); }, 2.3);
+        [&] { return add(many / 2); }, [&] { return add(many); }, 2.3, Suite::MANY);
     suite.compare(
         QStringLiteral("remove %1 alternate rows of %2").arg(half).arg(many),
         [&] { return remove(many / 2); }, [&] { return remove(many); }, 2.3);

@@ -3,6 +3,8 @@
 #include "workbench/recentfiles.h"
 
 #include <QMainWindow>
+#include <QStyle>
+#include <QVector>
 
 class QLabel;
 class QTabWidget;
@@ -43,6 +45,8 @@ protected:
 
 private:
     void createDocks();
+    using MenuIcons = QVector<QPair<QAction *, QStyle::StandardPixmap>>;
+    void setIconsWhenShown(QMenu *menu, const MenuIcons &icons);
     void createFileMenu();
     void createOtherMenus();
     void createStatusBar();

@@ -44,14 +44,25 @@ void MainWindow::createDocks()
     m_viewMenu->addAction(messages->toggleViewAction());
 }
 
+/// The icons of a menu come when it is first opened: the style decodes several pictures for each,
+/// which took a good part of the program's start.
+void MainWindow::setIconsWhenShown(QMenu *menu, const MenuIcons &icons)
+{
+    connect(menu, &QMenu::aboutToShow, this, [this, icons] {
+        for (const auto &[action, icon] : icons) {
+            if (action->icon().isNull())
+                action->setIcon(style()->standardIcon(icon));
+        }
+    });
+}
+
 void MainWindow::createFileMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&File"));
-    m_newMenu = menu->addMenu(style()->standardIcon(QStyle::SP_FileIcon), tr("&New"));
+    m_newMenu = menu->addMenu(tr("&New"));
     m_newMenu->setObjectName(QStringLiteral("newMenu"));
 
-    QAction *open = menu->addAction(style()->standardIcon(QStyle::SP_DialogOpenButton),
-                                    tr("&Open..."), this, &MainWindow::chooseFile);
+    QAction *open = menu->addAction(tr("&Open..."), this, &MainWindow::chooseFile);
     open->setObjectName(QStringLiteral("open"));
     open->setShortcut(QKeySequence::Open);
     open->setStatusTip(tr("Open a project or a configuration"));
@@ -63,11 +74,9 @@ void MainWindow::createFileMenu()
     QAction *save =
         Core::ActionManagerPrivate::command(QLatin1String(Core::Constants::A_FILE_SAVE));
     save->setShortcut(QKeySequence::Save);
-    save->setIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
     menu->addAction(save);
 
-    m_close = menu->addAction(style()->standardIcon(QStyle::SP_DialogCloseButton), tr("&Close"),
-                              this, &MainWindow::closeActiveView);
+    m_close = menu->addAction(tr("&Close"), this, &MainWindow::closeActiveView);
     m_close->setObjectName(QStringLiteral("closeView"));
     m_close->setShortcuts({Qt::CTRL + Qt::Key_W, Qt::CTRL + Qt::Key_F4});
     m_close->setStatusTip(tr("Close the view in front"));
@@ -75,6 +84,10 @@ void MainWindow::createFileMenu()
     QAction *quit = menu->addAction(tr("&Quit"), this, &MainWindow::close);
     quit->setObjectName(QStringLiteral("quit"));
     quit->setShortcut(Qt::CTRL + Qt::Key_Q);
+    setIconsWhenShown(menu, {{m_newMenu->menuAction(), QStyle::SP_FileIcon},
+                             {open, QStyle::SP_DialogOpenButton},
+                             {save, QStyle::SP_DialogSaveButton},
+                             {m_close, QStyle::SP_DialogCloseButton}});
 }
 
 void MainWindow::createOtherMenus()
@@ -82,11 +95,13 @@ void MainWindow::createOtherMenus()
     QMenu *flow = menuBar()->addMenu(tr("F&low"));
     flow->addAction(m_synthesis->runAction());
     flow->addAction(m_synthesis->stopAction());
+    setIconsWhenShown(flow, {{m_synthesis->runAction(), QStyle::SP_MediaPlay},
+                             {m_synthesis->stopAction(), QStyle::SP_MediaStop}});
 
     QMenu *device = menuBar()->addMenu(tr("&Device"));
-    QAction *choose = device->addAction(style()->standardIcon(QStyle::SP_ComputerIcon),
-                                        tr("&Choose device..."), this, &MainWindow::chooseDevice);
+    QAction *choose = device->addAction(tr("&Choose device..."), this, &MainWindow::chooseDevice);
     choose->setObjectName(QStringLiteral("chooseDevice"));
+    setIconsWhenShown(device, {{choose, QStyle::SP_ComputerIcon}});
     choose->setStatusTip(tr("Choose the project's device from the catalogue"));
 
     menuBar()->addMenu(m_viewMenu);

@@ -12,7 +12,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
-#include <QStyle>
 #include <QTextDocument>
 
 namespace Workbench {
@@ -74,7 +73,7 @@ void ProjectTree::rebuild()
     }
 
     auto *root = new QTreeWidgetItem(this, {project->name()});
-    root->setIcon(0, style()->standardIcon(QStyle::SP_DirIcon));
+    root->setIcon(0, icon(QStyle::SP_DirIcon));
     root->setToolTip(0, plainToolTip(project->path()));
     QFont bold = font();
     bold.setBold(true);
@@ -83,7 +82,7 @@ void ProjectTree::rebuild()
     const QString id = TE::ProInfoManagerPrivate::get()->deviceID();
     auto *device = new QTreeWidgetItem(
         root, {id.isEmpty() ? tr("No device chosen") : tr("Device: %1").arg(id)});
-    device->setIcon(0, style()->standardIcon(QStyle::SP_ComputerIcon));
+    device->setIcon(0, icon(QStyle::SP_ComputerIcon));
     device->setData(0, IsDeviceRole, true);
 
     addFiles(root, tr("Files"), project->files());
@@ -98,12 +97,20 @@ void ProjectTree::rebuild()
     }
 }
 
+QIcon ProjectTree::icon(QStyle::StandardPixmap which)
+{
+    QIcon &icon = m_icons[which];
+    if (icon.isNull())
+        icon = style()->standardIcon(which);
+    return icon;
+}
+
 void ProjectTree::addFiles(QTreeWidgetItem *root, const QString &title, const QStringList &paths)
 {
     if (paths.isEmpty())
         return;
     auto *group = new QTreeWidgetItem(root, {title});
-    group->setIcon(0, style()->standardIcon(QStyle::SP_DirOpenIcon));
+    group->setIcon(0, icon(QStyle::SP_DirOpenIcon));
     const bool removable = title == tr("Files");
     for (const QString &path : paths)
         addFile(group, path)->setData(0, IsProjectFileRole, removable);
@@ -112,7 +119,7 @@ void ProjectTree::addFiles(QTreeWidgetItem *root, const QString &title, const QS
 QTreeWidgetItem *ProjectTree::addFile(QTreeWidgetItem *parent, const QString &path)
 {
     auto *item = new QTreeWidgetItem(parent, {QFileInfo(path).fileName()});
-    item->setIcon(0, style()->standardIcon(QStyle::SP_FileIcon));
+    item->setIcon(0, icon(QStyle::SP_FileIcon));
     item->setData(0, PathRole, path);
     item->setToolTip(0, plainToolTip(path));
     if (!QFileInfo::exists(path)) {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QHash>
+#include <QIcon>
+#include <QStyle>
 #include <QTreeWidget>
 
 namespace Workbench {
@@ -25,7 +28,10 @@ private:
     void onItemActivated(QTreeWidgetItem *item);
     void addFiles(QTreeWidgetItem *root, const QString &title, const QStringList &paths);
     QTreeWidgetItem *addFile(QTreeWidgetItem *parent, const QString &path);
+    QIcon icon(QStyle::StandardPixmap which);
     void contextMenuEvent(QContextMenuEvent *event) override;
+
+    QHash<int, QIcon> m_icons; // made once: the style decodes a picture for each size
 };
 
 } // namespace Workbench

@@ -4,9 +4,7 @@
 #include "host/te/flowmanager_p.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QProgressBar>
-#include <QStyle>
 
 namespace Workbench {
 
@@ -16,13 +14,10 @@ Synthesis::Synthesis(QObject *parent)
     , m_stop(new QAction(tr("&Stop"), this))
     , m_progress(new QProgressBar)
 {
-    QStyle *style = QApplication::style();
     m_run->setObjectName(QStringLiteral("runSynthesis"));
-    m_run->setIcon(style->standardIcon(QStyle::SP_MediaPlay));
     m_run->setShortcut(Qt::CTRL + Qt::Key_R);
     m_run->setStatusTip(tr("Run the project's synthesis command"));
     m_stop->setObjectName(QStringLiteral("stopSynthesis"));
-    m_stop->setIcon(style->standardIcon(QStyle::SP_MediaStop));
     m_stop->setStatusTip(tr("Stop the synthesis that is running"));
     m_progress->setRange(0, 0);
     m_progress->setTextVisible(false);
