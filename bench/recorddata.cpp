@@ -1,6 +1,6 @@
 #include "recorddata.h"
 
-#include "document/filenames.h"
+#include "config/filenames.h"
 
 #include <QFile>
 #include <QXmlStreamReader>

@@ -1,5 +1,5 @@
 #include "conditions/vltcommonwidget.h"
-#include "document/vlrfile.h"
+#include "config/vlrfile.h"
 #include "document/vltenablesetwidget.h"
 #include "document/vltratewidget.h"
 #include "document/vltview.h"

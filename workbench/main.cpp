@@ -1,6 +1,6 @@
 #include "workbench/commandline.h"
 #include "workbench/session.h"
-#include "workbench/tour.h"
+#include "workbench/tour/tour.h"
 
 #include "host/nlsdata/netlistinfo_p.h"
 

@@ -1,8 +1,8 @@
 #include "activity/activitypage.h"
 
 #include "document/vltview.h"
-#include "document/waitcursor.h"
-#include "tables/guardeddialog.h"
+#include "widgets/guardeddialog.h"
+#include "widgets/waitcursor.h"
 
 namespace VLT {
 

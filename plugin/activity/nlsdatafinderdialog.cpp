@@ -1,8 +1,8 @@
 #include "activity/nlsdatafinderdialog.h"
 
 #include "tables/rowselection.h"
-#include "tables/uniformrows.h"
 #include "ui_nlsdatafinderdialog.h"
+#include "widgets/uniformrows.h"
 
 #include "nlsdata/netlist.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/filenames.h"
-#include "document/plainnumber.h"
+#include "config/filenames.h"
+#include "config/plainnumber.h"
 
 #include <QDomElement>
 #include <QXmlStreamWriter>

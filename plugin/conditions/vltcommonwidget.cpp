@@ -1,9 +1,9 @@
 #include "conditions/vltcommonwidget.h"
 
 #include "document/vltview.h"
-#include "document/wheelguard.h"
 #include "frame/vltviewmanager.h"
 #include "ui_vltcommonwidget.h"
+#include "widgets/wheelguard.h"
 
 #include "core/idecore.h"
 #include "dev/devicedb.h"

@@ -2,8 +2,8 @@
 
 #include "conditions/vltcommonwidget.h"
 
-#include "document/filenames.h"
-#include "document/plainnumber.h"
+#include "config/filenames.h"
+#include "config/plainnumber.h"
 #include "ui_vltcommonwidget.h"
 
 #include <QDomElement>

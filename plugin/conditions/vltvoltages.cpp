@@ -2,7 +2,7 @@
 
 #include "conditions/vltcommonwidget.h"
 
-#include "document/plainnumber.h"
+#include "config/plainnumber.h"
 #include "document/vltview.h"
 #include "ui_vltcommonwidget.h"
 

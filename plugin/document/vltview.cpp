@@ -1,11 +1,11 @@
 #include "document/vltview.h"
 
 #include "conditions/vltcommonwidget.h"
-#include "document/plainmessage.h"
 #include "document/vltenablesetwidget.h"
 #include "document/vltratewidget.h"
-#include "document/waitcursor.h"
 #include "ui_changedbanner.h"
+#include "widgets/plainmessage.h"
+#include "widgets/waitcursor.h"
 
 #include "core/viewmanager.h"
 #include "nlsdata/netlist.h"

@@ -3,11 +3,11 @@
 #include "document/vltview.h"
 
 #include "conditions/vltcommonwidget.h"
-#include "document/plainmessage.h"
-#include "document/vlrfile.h"
+#include "config/vlrfile.h"
 #include "document/vltenablesetwidget.h"
 #include "document/vltratewidget.h"
-#include "document/waitcursor.h"
+#include "widgets/plainmessage.h"
+#include "widgets/waitcursor.h"
 
 #include <QAbstractItemDelegate>
 #include <QAbstractItemView>

@@ -1,8 +1,8 @@
 #include "frame/newfiledialog.h"
 
-#include "document/plainmessage.h"
-#include "document/vlrfile.h"
+#include "config/vlrfile.h"
 #include "ui_newfiledialog.h"
+#include "widgets/plainmessage.h"
 
 #include "core/project.h"
 #include "core/projectmanager.h"

@@ -1,8 +1,8 @@
 #include "frame/vltviewmanager.h"
 
-#include "document/plainmessage.h"
 #include "document/vltview.h"
 #include "frame/vltviewmanager_p.h"
+#include "widgets/plainmessage.h"
 
 #include "core/actionmanager.h"
 #include "core/constants.h"

@@ -1,8 +1,8 @@
 #include "rates/moduleinstselectdialog.h"
 
-#include "document/waitcursor.h"
-#include "tables/uniformrows.h"
 #include "ui_moduleinstselectdialog.h"
+#include "widgets/uniformrows.h"
+#include "widgets/waitcursor.h"
 
 #include "nlsdata/netlist.h"
 

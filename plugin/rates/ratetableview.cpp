@@ -2,9 +2,9 @@
 
 #include "activity/nlsdatafinderdialog.h"
 #include "document/vltview.h"
-#include "document/waitcursor.h"
 #include "tables/doubledelegate.h"
-#include "tables/guardeddialog.h"
+#include "widgets/guardeddialog.h"
+#include "widgets/waitcursor.h"
 
 #include "nlsdata/findnetdialog.h"
 #include "nlsdata/netlist.h"

@@ -1,11 +1,11 @@
 #include "rates/ratewidget.h"
 
 #include "activity/section.h"
-#include "document/filenames.h"
-#include "document/plainmessage.h"
+#include "config/filenames.h"
 #include "document/vltview.h"
 #include "rates/ratetableview.h"
 #include "ui_ratewidget.h"
+#include "widgets/plainmessage.h"
 
 #include <QDomElement>
 #include <QPointer>

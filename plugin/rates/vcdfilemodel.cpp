@@ -1,6 +1,6 @@
 #include "rates/vcdfilemodel.h"
 
-#include "document/plainnumber.h"
+#include "config/plainnumber.h"
 
 namespace VLT {
 

@@ -1,11 +1,11 @@
 #include "rates/vcdfilesetdialog.h"
 
-#include "document/plainmessage.h"
-#include "document/plainnumber.h"
+#include "config/plainnumber.h"
 #include "document/vltview.h"
 #include "rates/moduleinstselectdialog.h"
 #include "rates/vltvcdfile.h"
 #include "ui_vcdfilesetdialog.h"
+#include "widgets/plainmessage.h"
 
 #include "utils/fileutils.h"
 

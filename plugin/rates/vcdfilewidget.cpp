@@ -1,14 +1,14 @@
 #include "rates/vcdfilewidget.h"
 
 #include "activity/section.h"
-#include "document/filenames.h"
-#include "document/plainmessage.h"
-#include "document/plainnumber.h"
+#include "config/filenames.h"
+#include "config/plainnumber.h"
 #include "document/vltview.h"
-#include "document/wheelguard.h"
 #include "rates/vcdfilesetdialog.h"
-#include "tables/guardeddialog.h"
 #include "ui_vcdfilewidget.h"
+#include "widgets/guardeddialog.h"
+#include "widgets/plainmessage.h"
+#include "widgets/wheelguard.h"
 
 #include "nlsdata/netlist.h"
 

@@ -1,6 +1,6 @@
 #include "tables/doubledelegate.h"
 
-#include "document/pointspinbox.h"
+#include "widgets/pointspinbox.h"
 
 #include <QKeyEvent>
 #include <QLocale>

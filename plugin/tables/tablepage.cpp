@@ -1,10 +1,10 @@
 #include "tables/tablepage.h"
 
-#include "document/plainmessage.h"
 #include "document/vltview.h"
-#include "document/waitcursor.h"
 #include "tables/doubledelegate.h"
 #include "tables/rowselection.h"
+#include "widgets/plainmessage.h"
+#include "widgets/waitcursor.h"
 
 #include <QHeaderView>
 #include <QMenu>

@@ -1,11 +1,11 @@
-#include "document/plainmessage.h"
-#include "document/vlrfile.h"
+#include "config/vlrfile.h"
 #include "document/vltview.h"
 #include "frame/vltsettingplugin.h"
 #include "frame/vltviewmanager.h"
 #include "support/modaldriver.h"
 #include "support/testhost.h"
 #include "support/vlrschema.h"
+#include "widgets/plainmessage.h"
 
 #include "core/viewmanager.h"
 #include "nlsdata/netlist.h"

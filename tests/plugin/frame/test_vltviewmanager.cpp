@@ -1,4 +1,4 @@
-#include "document/vlrfile.h"
+#include "config/vlrfile.h"
 #include "document/vltview.h"
 #include "frame/vltsettingplugin.h"
 #include "frame/vltviewmanager.h"

@@ -1,7 +1,7 @@
-#include "workbench/tour.h"
+#include "workbench/tour/tour.h"
 
 #include "workbench/session.h"
-#include "workbench/toursteps.h"
+#include "workbench/tour/toursteps.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
-#include "workbench/tourdriver.h"
+#include "workbench/tour/tourdriver.h"
 
-#include "workbench/tourlocators.h"
+#include "workbench/tour/tourlocators.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -1,4 +1,4 @@
-#include "document/pointspinbox.h"
+#include "widgets/pointspinbox.h"
 
 #include <QLocale>
 #include <QWheelEvent>

@@ -1,4 +1,4 @@
-#include "document/wheelguard.h"
+#include "widgets/wheelguard.h"
 
 #include <QEvent>
 #include <QWidget>

@@ -1,5 +1,5 @@
-#include "document/plainnumber.h"
-#include "document/pointspinbox.h"
+#include "config/plainnumber.h"
+#include "widgets/pointspinbox.h"
 
 #include <QWheelEvent>
 #include <QtTest>

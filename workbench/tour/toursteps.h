@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workbench/tourdriver.h"
+#include "workbench/tour/tourdriver.h"
 
 #include <QString>
 

@@ -1,4 +1,4 @@
-#include "document/vlrfile.h"
+#include "config/vlrfile.h"
 
 #include <QXmlStreamWriter>
 #include <QtTest>

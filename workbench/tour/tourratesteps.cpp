@@ -1,5 +1,5 @@
-#include "workbench/tourlocators.h"
-#include "workbench/toursteps.h"
+#include "workbench/tour/tourlocators.h"
+#include "workbench/tour/toursteps.h"
 
 #include <QAbstractItemView>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "document/plainmessage.h"
+#include "widgets/plainmessage.h"
 
 #include <QPointer>
 

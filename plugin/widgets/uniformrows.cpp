@@ -1,4 +1,4 @@
-#include "tables/uniformrows.h"
+#include "widgets/uniformrows.h"
 
 #include <QFontMetrics>
 #include <QListWidget>

@@ -1,6 +1,6 @@
-#include "document/vlrfile.h"
+#include "config/vlrfile.h"
 
-#include "document/filenames.h"
+#include "config/filenames.h"
 
 #include <QFileDevice>
 #include <QTextCodec>

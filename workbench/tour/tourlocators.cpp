@@ -1,4 +1,4 @@
-#include "workbench/tourlocators.h"
+#include "workbench/tour/tourlocators.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
