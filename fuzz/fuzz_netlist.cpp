@@ -1,4 +1,4 @@
-#include "host/nlsdata/netlistreader_p.h"
+#include "host/nlsdata/readnetlist.h"
 #include "nlsdata/netlist.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "workbench/devicedialog.h"
 
-#include "host/dev/devicedb_p.h"
+#include "host/dev/devicecatalogue.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
@@ -71,7 +71,7 @@ void DeviceDialog::fill()
     auto *model = new QStandardItemModel(m_devices);
     model->setHorizontalHeaderLabels(
         {tr("Device"), tr("Model"), tr("Package"), tr("Grade"), tr("Family"), tr("Supply data")});
-    for (const DEV::Device &device : DEV::DeviceDbPrivate::get()->devices()) {
+    for (const DEV::Device &device : DEV::DeviceCatalogue::get()->devices()) {
         QList<QStandardItem *> row;
         for (const QString &text :
              {device.arg.id, device.arg.partName, device.arg.packageName, device.arg.grade,
@@ -112,7 +112,7 @@ void DeviceDialog::onFilterChanged(const QString &text)
 void DeviceDialog::onSelectionChanged()
 {
     const QString id = deviceId();
-    const DEV::Device *device = DEV::DeviceDbPrivate::get()->find(id);
+    const DEV::Device *device = DEV::DeviceCatalogue::get()->find(id);
     m_buttons->button(QDialogButtonBox::Ok)->setEnabled(device);
     m_note->setText(!device || hasSupplyData(*device)
                         ? QString()

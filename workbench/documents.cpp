@@ -3,10 +3,10 @@
 #include "workbench/textview.h"
 
 #include "host/core/ifileopener.h"
-#include "host/core/projectmanager_p.h"
-#include "host/core/viewmanager_p.h"
-#include "host/extsys/pluginmanager_p.h"
-#include "host/te/proinfomanager_p.h"
+#include "host/core/projectsession.h"
+#include "host/core/viewarea.h"
+#include "host/extsys/pluginmanager.h"
+#include "host/te/deviceselection.h"
 
 #include "core/idecore.h"
 #include "core/viewmanager.h"
@@ -35,7 +35,7 @@ bool isProject(const QString &path)
 
 DEV::DeviceArg currentDevice()
 {
-    const QString id = TE::ProInfoManagerPrivate::get()->deviceID();
+    const QString id = TE::DeviceSelection::get()->deviceID();
     const DEV::DeviceArg *device = Core::IdeCore::deviceDataBase()->findByID(id);
     return device ? *device : DEV::DeviceArg();
 }
@@ -90,7 +90,7 @@ bool Documents::openProject(const QString &path)
     if (!closeAll())
         return false;
     QString error;
-    if (!Core::ProjectManagerPrivate::get()->open(path, &error)) {
+    if (!Core::ProjectSession::get()->open(path, &error)) {
         emit failed(error);
         tell(m_window, QMessageBox::Critical, tr("Error"), error);
         return false;
@@ -101,7 +101,7 @@ bool Documents::openProject(const QString &path)
 
 void Documents::openDocument(const QString &path)
 {
-    if (!Core::ProjectManagerPrivate::get()->current() && !openProjectBeside(path)) {
+    if (!Core::ProjectSession::get()->current() && !openProjectBeside(path)) {
         emit message(tr("No project is open: %1 is opened without a device and a netlist.")
                          .arg(QDir::toNativeSeparators(path)));
     }
@@ -124,7 +124,7 @@ bool Documents::openProjectBeside(const QString &path)
 void Documents::openText(const QString &path)
 {
     const QString absolute = QFileInfo(path).absoluteFilePath();
-    const QList<Core::IView *> views = Core::ViewManagerPrivate::get()->views();
+    const QList<Core::IView *> views = Core::ViewArea::get()->views();
     for (Core::IView *view : views) {
         const auto *text = qobject_cast<TextView *>(view);
         if (text && text->path() == absolute) {
@@ -144,13 +144,13 @@ void Documents::openText(const QString &path)
 
 bool Documents::closeAll()
 {
-    return Core::ViewManagerPrivate::get()->closeAllViews();
+    return Core::ViewArea::get()->closeAllViews();
 }
 
 // Takes up the views that have been opened since.
 void Documents::follow()
 {
-    const QList<Core::IView *> views = Core::ViewManagerPrivate::get()->views();
+    const QList<Core::IView *> views = Core::ViewArea::get()->views();
     const auto openers = ExtSys::PluginManager::instance()->objects<Core::IFileOpener>();
     for (Core::IFileOpener *opener : openers) {
         const QStringList files = opener->openFiles();

@@ -2,7 +2,7 @@
 #include "workbench/session.h"
 #include "workbench/tour/tour.h"
 
-#include "host/nlsdata/netlistinfo_p.h"
+#include "host/nlsdata/netlistinfo.h"
 
 #include <QApplication>
 #include <QJsonDocument>

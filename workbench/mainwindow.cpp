@@ -6,13 +6,13 @@
 #include "workbench/projecttree.h"
 #include "workbench/synthesis.h"
 
-#include "host/core/project_p.h"
-#include "host/core/projectmanager_p.h"
-#include "host/core/viewmanager_p.h"
-#include "host/dev/devicedb_p.h"
-#include "host/extsys/pluginmanager_p.h"
-#include "host/te/flowmanager_p.h"
-#include "host/te/proinfomanager_p.h"
+#include "host/core/projectfile.h"
+#include "host/core/projectsession.h"
+#include "host/core/viewarea.h"
+#include "host/dev/devicecatalogue.h"
+#include "host/extsys/pluginmanager.h"
+#include "host/te/deviceselection.h"
+#include "host/te/flowcontrol.h"
 
 #include "core/iview.h"
 #include "core/iwizardfactory.h"
@@ -39,15 +39,15 @@ namespace {
 const QString GeometryKey = QStringLiteral("window/geometry");
 const QString StateKey = QStringLiteral("window/state");
 
-Core::ProjectPrivate *currentProject()
+Core::ProjectFile *currentProject()
 {
-    return Core::ProjectPrivate::of(Core::ProjectManagerPrivate::get()->current());
+    return Core::ProjectFile::of(Core::ProjectSession::get()->current());
 }
 
 // The folder of the project, where files are looked for and put first.
 QString workingFolder()
 {
-    const Core::ProjectPrivate *project = currentProject();
+    const Core::ProjectFile *project = currentProject();
     return project ? project->folder() : QString();
 }
 
@@ -79,8 +79,8 @@ MainWindow::MainWindow(QWidget *parent)
     m_views->setTabsClosable(true);
     m_views->setMovable(true);
     setCentralWidget(m_views);
-    Core::ViewManagerPrivate::get()->setArea(m_views);
-    Core::ViewManagerPrivate::get()->setDialogParent(this);
+    Core::ViewArea::get()->setArea(m_views);
+    Core::ViewArea::get()->setDialogParent(this);
 
     createDocks();
     createFileMenu();
@@ -106,17 +106,15 @@ void MainWindow::connectParts()
     connect(m_synthesis, &Synthesis::failed, m_messages, &MessagesPane::fail);
     connect(&m_recent, &RecentFiles::chosen, this, &MainWindow::open);
 
-    connect(Core::ProjectManagerPrivate::get(), &Core::ProjectManagerPrivate::currentProjectChanged,
-            this, [this] {
-                if (Core::ProjectPrivate *project = currentProject()) {
-                    connect(project, &Core::ProjectPrivate::changed, this,
-                            &MainWindow::updateActions);
-                    connect(project, &Core::ProjectPrivate::saveFailed, m_messages,
-                            &MessagesPane::fail);
-                }
-                updateTitle();
-                updateActions();
-            });
+    connect(
+        Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this, [this] {
+            if (Core::ProjectFile *project = currentProject()) {
+                connect(project, &Core::ProjectFile::changed, this, &MainWindow::updateActions);
+                connect(project, &Core::ProjectFile::saveFailed, m_messages, &MessagesPane::fail);
+            }
+            updateTitle();
+            updateActions();
+        });
     connect(Core::ViewManager::instance(), &Core::ViewManager::viewActiveted, this,
             &MainWindow::updateActions);
 }
@@ -138,7 +136,7 @@ void MainWindow::takeUpPlugins()
         m_messages->fail(tr("Plug-in %1: %2").arg(failure.fileName, failure.reason));
     if (plugins->pluginNames().isEmpty())
         m_messages->fail(tr("No plug-in is loaded: configurations cannot be opened."));
-    const QString catalogueError = DEV::DeviceDbPrivate::get()->userFileError();
+    const QString catalogueError = DEV::DeviceCatalogue::get()->userFileError();
     if (!catalogueError.isEmpty())
         m_messages->fail(catalogueError);
 }
@@ -168,16 +166,16 @@ void MainWindow::chooseFile()
 
 void MainWindow::closeActiveView()
 {
-    if (Core::IView *view = Core::ViewManagerPrivate::get()->activeView())
+    if (Core::IView *view = Core::ViewArea::get()->activeView())
         Core::ViewManager::instance()->closeView(view);
 }
 
 void MainWindow::chooseDevice()
 {
-    DeviceDialog dialog(TE::ProInfoManagerPrivate::get()->deviceID(), this);
+    DeviceDialog dialog(TE::DeviceSelection::get()->deviceID(), this);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    TE::ProInfoManagerPrivate::get()->setDevice(dialog.deviceId());
+    TE::DeviceSelection::get()->setDevice(dialog.deviceId());
     m_messages->note(tr("Device: %1").arg(dialog.deviceId()));
     updateActions();
 }
@@ -196,20 +194,20 @@ void MainWindow::about()
 
 void MainWindow::updateTitle()
 {
-    const Core::ProjectPrivate *project = currentProject();
+    const Core::ProjectFile *project = currentProject();
     setWindowTitle(project ? tr("%1 \u2013 Workbench").arg(project->name()) : tr("Workbench"));
 }
 
 void MainWindow::updateActions()
 {
-    m_close->setEnabled(Core::ViewManagerPrivate::get()->activeView());
-    const QString device = TE::ProInfoManagerPrivate::get()->deviceID();
+    m_close->setEnabled(Core::ViewArea::get()->activeView());
+    const QString device = TE::DeviceSelection::get()->deviceID();
     m_device->setText(device.isEmpty() ? tr("No device") : device);
 }
 
 bool MainWindow::stopRunningSynthesis()
 {
-    auto *flow = TE::FlowManagerPrivate::get();
+    auto *flow = TE::FlowControl::get();
     if (!flow->isRunning())
         return true;
     const auto answer =

@@ -7,7 +7,7 @@
 #include "workbench/projecttree.h"
 #include "workbench/synthesis.h"
 
-#include "host/core/actionmanager_p.h"
+#include "host/core/commandregistry.h"
 
 #include "core/constants.h"
 
@@ -69,10 +69,8 @@ void MainWindow::createFileMenu()
     m_recent.fill(menu->addMenu(tr("Open &recent")));
     menu->addSeparator();
 
-    Core::ActionManagerPrivate::setDefaultText(QLatin1String(Core::Constants::A_FILE_SAVE),
-                                               tr("&Save"));
-    QAction *save =
-        Core::ActionManagerPrivate::command(QLatin1String(Core::Constants::A_FILE_SAVE));
+    Core::CommandRegistry::setDefaultText(QLatin1String(Core::Constants::A_FILE_SAVE), tr("&Save"));
+    QAction *save = Core::CommandRegistry::command(QLatin1String(Core::Constants::A_FILE_SAVE));
     save->setShortcut(QKeySequence::Save);
     menu->addAction(save);
 

@@ -1,9 +1,9 @@
 #include "workbench/projecttree.h"
 
-#include "host/core/project_p.h"
-#include "host/core/projectmanager_p.h"
-#include "host/dev/devicedb_p.h"
-#include "host/te/proinfomanager_p.h"
+#include "host/core/projectfile.h"
+#include "host/core/projectsession.h"
+#include "host/dev/devicecatalogue.h"
+#include "host/te/deviceselection.h"
 
 #include "core/project.h"
 #include "te/constants.h"
@@ -24,10 +24,10 @@ enum Role {
     IsProjectFileRole, // listed under the project's files, so that it can be taken out
 };
 
-Core::ProjectPrivate *currentProject()
+Core::ProjectFile *currentProject()
 {
-    const Core::Project *project = Core::ProjectManagerPrivate::get()->current();
-    return project ? Core::ProjectPrivate::of(project) : nullptr;
+    const Core::Project *project = Core::ProjectSession::get()->current();
+    return project ? Core::ProjectFile::of(project) : nullptr;
 }
 
 // Tool tips take what looks like markup for markup.
@@ -48,15 +48,15 @@ ProjectTree::ProjectTree(QWidget *parent)
     setUniformRowHeights(true);
     setExpandsOnDoubleClick(false);
     connect(this, &QTreeWidget::itemActivated, this, &ProjectTree::onItemActivated);
-    connect(Core::ProjectManagerPrivate::get(), &Core::ProjectManagerPrivate::currentProjectChanged,
-            this, &ProjectTree::onProjectChanged);
+    connect(Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this,
+            &ProjectTree::onProjectChanged);
     onProjectChanged();
 }
 
 void ProjectTree::onProjectChanged()
 {
-    if (Core::ProjectPrivate *project = currentProject())
-        connect(project, &Core::ProjectPrivate::changed, this, &ProjectTree::rebuild);
+    if (Core::ProjectFile *project = currentProject())
+        connect(project, &Core::ProjectFile::changed, this, &ProjectTree::rebuild);
     rebuild();
 }
 
@@ -65,7 +65,7 @@ void ProjectTree::rebuild()
     const QString selected =
         currentItem() ? currentItem()->data(0, PathRole).toString() : QString();
     clear();
-    const Core::ProjectPrivate *project = currentProject();
+    const Core::ProjectFile *project = currentProject();
     if (!project) {
         auto *hint = new QTreeWidgetItem(this, {tr("No project is open")});
         hint->setFlags(Qt::NoItemFlags);
@@ -79,7 +79,7 @@ void ProjectTree::rebuild()
     bold.setBold(true);
     root->setFont(0, bold);
 
-    const QString id = TE::ProInfoManagerPrivate::get()->deviceID();
+    const QString id = TE::DeviceSelection::get()->deviceID();
     auto *device = new QTreeWidgetItem(
         root, {id.isEmpty() ? tr("No device chosen") : tr("Device: %1").arg(id)});
     device->setIcon(0, icon(QStyle::SP_ComputerIcon));
@@ -157,7 +157,7 @@ void ProjectTree::contextMenuEvent(QContextMenuEvent *event)
         return;
     if (chosen == open)
         emit fileActivated(path);
-    else if (Core::ProjectPrivate *project = currentProject())
+    else if (Core::ProjectFile *project = currentProject())
         project->removeFile(path);
 }
 

@@ -1,8 +1,8 @@
 #include "workbench/session.h"
 
-#include "host/core/projectmanager_p.h"
-#include "host/core/viewmanager_p.h"
-#include "host/extsys/pluginmanager_p.h"
+#include "host/core/projectsession.h"
+#include "host/core/viewarea.h"
+#include "host/extsys/pluginmanager.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -25,10 +25,10 @@ Session::Session(const QString &pluginFolder)
 Session::~Session()
 {
     // Closed views wait for the event loop, which has ended; a view must not outlive its plug-in.
-    Core::ViewManagerPrivate::get()->discardAllViews();
+    Core::ViewArea::get()->discardAllViews();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     ExtSys::PluginManager::instance()->shutDown();
-    Core::ProjectManagerPrivate::get()->close();
+    Core::ProjectSession::get()->close();
     m_window.reset();
 }
 

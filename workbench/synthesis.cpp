@@ -1,7 +1,7 @@
 #include "workbench/synthesis.h"
 
-#include "host/core/projectmanager_p.h"
-#include "host/te/flowmanager_p.h"
+#include "host/core/projectsession.h"
+#include "host/te/flowcontrol.h"
 
 #include <QAction>
 #include <QProgressBar>
@@ -24,35 +24,35 @@ Synthesis::Synthesis(QObject *parent)
     m_progress->setMaximumWidth(120);
     m_progress->setMaximumHeight(m_progress->fontMetrics().height());
 
-    auto *flow = TE::FlowManagerPrivate::get();
+    auto *flow = TE::FlowControl::get();
     connect(m_run, &QAction::triggered, this, &Synthesis::start);
     connect(m_stop, &QAction::triggered, flow, [flow] { flow->stop(); });
-    connect(flow, &TE::FlowManagerPrivate::output, this, &Synthesis::output);
-    connect(flow, &TE::FlowManagerPrivate::message, this, &Synthesis::onMessage);
-    connect(flow, &TE::FlowManagerPrivate::statusChanged, this, &Synthesis::update);
-    connect(Core::ProjectManagerPrivate::get(), &Core::ProjectManagerPrivate::currentProjectChanged,
-            this, &Synthesis::update);
+    connect(flow, &TE::FlowControl::output, this, &Synthesis::output);
+    connect(flow, &TE::FlowControl::message, this, &Synthesis::onMessage);
+    connect(flow, &TE::FlowControl::statusChanged, this, &Synthesis::update);
+    connect(Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this,
+            &Synthesis::update);
     update();
 }
 
 void Synthesis::start()
 {
     QString error;
-    if (!TE::FlowManagerPrivate::get()->start(&error))
+    if (!TE::FlowControl::get()->start(&error))
         emit failed(error);
 }
 
 void Synthesis::update()
 {
-    const bool running = TE::FlowManagerPrivate::get()->isRunning();
-    m_run->setEnabled(!running && Core::ProjectManagerPrivate::get()->current());
+    const bool running = TE::FlowControl::get()->isRunning();
+    m_run->setEnabled(!running && Core::ProjectSession::get()->current());
     m_stop->setEnabled(running);
     m_progress->setVisible(running && m_progress->parentWidget());
 }
 
 void Synthesis::onMessage(const QString &text)
 {
-    if (TE::FlowManagerPrivate::get()->status() == TE::FlowManagerPrivate::Failed)
+    if (TE::FlowControl::get()->status() == TE::FlowControl::Failed)
         emit failed(text);
     else
         emit message(text);

@@ -1,7 +1,7 @@
 #include "core/actionmanager.h"
 
-#include "host/core/actionmanager_p.h"
-#include "host/core/viewmanager_p.h"
+#include "host/core/commandregistry.h"
+#include "host/core/viewarea.h"
 
 #include <QAction>
 
@@ -11,34 +11,33 @@ namespace Core {
 
 void ActionManager::registerAction(QAction *action, const QString &id, const QString &context)
 {
-    ActionManagerPrivate::get()->registerAction(action, id, context);
+    CommandRegistry::get()->registerAction(action, id, context);
 }
 
-ActionManagerPrivate *ActionManagerPrivate::get()
+CommandRegistry *CommandRegistry::get()
 {
     // Never destroyed: actions of static life may end after the application.
-    static ActionManagerPrivate *const self = new ActionManagerPrivate;
+    static CommandRegistry *const self = new CommandRegistry;
     return self;
 }
 
-ActionManagerPrivate::ActionManagerPrivate()
+CommandRegistry::CommandRegistry()
 {
-    connect(ViewManagerPrivate::get(), &ViewManagerPrivate::activeContextsChanged, this,
-            &ActionManagerPrivate::updateAll);
+    connect(ViewArea::get(), &ViewArea::activeContextsChanged, this, &CommandRegistry::updateAll);
 }
 
-QAction *ActionManagerPrivate::command(const QString &id)
+QAction *CommandRegistry::command(const QString &id)
 {
     return get()->find(id).proxy;
 }
 
-void ActionManagerPrivate::setDefaultText(const QString &id, const QString &text)
+void CommandRegistry::setDefaultText(const QString &id, const QString &text)
 {
     get()->find(id).defaultText = text;
     get()->update(id);
 }
 
-ActionManagerPrivate::Command &ActionManagerPrivate::find(const QString &id)
+CommandRegistry::Command &CommandRegistry::find(const QString &id)
 {
     auto it = m_commands.find(id);
     if (it == m_commands.end()) {
@@ -54,8 +53,7 @@ ActionManagerPrivate::Command &ActionManagerPrivate::find(const QString &id)
     return *it;
 }
 
-void ActionManagerPrivate::registerAction(QAction *action, const QString &id,
-                                          const QString &context)
+void CommandRegistry::registerAction(QAction *action, const QString &id, const QString &context)
 {
     if (!action)
         return;
@@ -70,9 +68,9 @@ void ActionManagerPrivate::registerAction(QAction *action, const QString &id,
     update(id);
 }
 
-QAction *ActionManagerPrivate::activeAction(const QString &id) const
+QAction *CommandRegistry::activeAction(const QString &id) const
 {
-    const QStringList contexts = ViewManagerPrivate::get()->activeContexts();
+    const QStringList contexts = ViewArea::get()->activeContexts();
     const QList<Registration> registrations = m_commands.value(id).registrations;
     for (auto it = registrations.crbegin(); it != registrations.crend(); ++it) {
         if (it->action && contexts.contains(it->context))
@@ -81,7 +79,7 @@ QAction *ActionManagerPrivate::activeAction(const QString &id) const
     return nullptr;
 }
 
-void ActionManagerPrivate::update(const QString &id)
+void CommandRegistry::update(const QString &id)
 {
     Command &command = find(id);
     const auto gone = [](const Registration &r) { return !r.action; };
@@ -94,7 +92,7 @@ void ActionManagerPrivate::update(const QString &id)
     command.proxy->setEnabled(action && action->isEnabled());
 }
 
-void ActionManagerPrivate::updateAll()
+void CommandRegistry::updateAll()
 {
     const QStringList ids = m_commands.keys();
     for (const QString &id : ids)

@@ -1,12 +1,12 @@
 #include "core/idecore.h"
 
-#include "host/dev/devicedb_p.h"
+#include "host/dev/devicecatalogue.h"
 
 namespace Core {
 
 DEV::DeviceDb *IdeCore::deviceDataBase()
 {
-    return DEV::DeviceDbPrivate::get()->dataBase();
+    return DEV::DeviceCatalogue::get()->dataBase();
 }
 
 } // namespace Core

@@ -1,6 +1,6 @@
 #include "host/core/ifileopener.h"
 
-#include "host/extsys/pluginmanager_p.h"
+#include "host/extsys/pluginmanager.h"
 
 #include <QFileInfo>
 

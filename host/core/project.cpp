@@ -1,6 +1,6 @@
 #include "core/project.h"
 
-#include "host/core/project_p.h"
+#include "host/core/projectfile.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -66,7 +66,7 @@ QString wrongMember(const QJsonObject &data)
 
 } // namespace
 
-Project::Project(ProjectPrivate *d)
+Project::Project(ProjectFile *d)
     : d(d)
 {
 }
@@ -81,13 +81,13 @@ void Project::addFile(const QString &path)
     d->addFile(path);
 }
 
-ProjectPrivate::ProjectPrivate(const QString &path, const QJsonObject &data)
+ProjectFile::ProjectFile(const QString &path, const QJsonObject &data)
     : m_path(path)
     , m_data(data)
 {
 }
 
-std::unique_ptr<Project> ProjectPrivate::load(const QString &path, QString *error)
+std::unique_ptr<Project> ProjectFile::load(const QString &path, QString *error)
 {
     const auto fail = [&](const QString &cause) {
         if (error)
@@ -109,31 +109,31 @@ std::unique_ptr<Project> ProjectPrivate::load(const QString &path, QString *erro
     if (!wrong.isEmpty())
         return fail(tr("its member \"%1\" is not as it should be.").arg(wrong));
     const QString absolute = QFileInfo(path).absoluteFilePath();
-    return std::unique_ptr<Project>(new Project(new ProjectPrivate(absolute, document.object())));
+    return std::unique_ptr<Project>(new Project(new ProjectFile(absolute, document.object())));
 }
 
-ProjectPrivate *ProjectPrivate::of(const Project *project)
+ProjectFile *ProjectFile::of(const Project *project)
 {
     return project ? project->d : nullptr;
 }
 
-QString ProjectPrivate::folder() const
+QString ProjectFile::folder() const
 {
     return QFileInfo(m_path).absolutePath();
 }
 
-QString ProjectPrivate::name() const
+QString ProjectFile::name() const
 {
     const QString name = m_data[NAME].toString();
     return name.isEmpty() ? QFileInfo(m_path).completeBaseName() : name;
 }
 
-QString ProjectPrivate::device() const
+QString ProjectFile::device() const
 {
     return m_data[DEVICE].toString();
 }
 
-void ProjectPrivate::setDevice(const QString &id)
+void ProjectFile::setDevice(const QString &id)
 {
     if (id == device())
         return;
@@ -142,17 +142,17 @@ void ProjectPrivate::setDevice(const QString &id)
     update(data);
 }
 
-QStringList ProjectPrivate::sources() const
+QStringList ProjectFile::sources() const
 {
     return absolutePaths(SOURCES);
 }
 
-QStringList ProjectPrivate::files() const
+QStringList ProjectFile::files() const
 {
     return absolutePaths(FILES);
 }
 
-void ProjectPrivate::addFile(const QString &path)
+void ProjectFile::addFile(const QString &path)
 {
     const QString absolute = QFileInfo(path).absoluteFilePath();
     if (path.isEmpty() || files().contains(QDir::cleanPath(absolute)))
@@ -165,7 +165,7 @@ void ProjectPrivate::addFile(const QString &path)
     emit fileAdded(QDir::cleanPath(absolute));
 }
 
-void ProjectPrivate::removeFile(const QString &path)
+void ProjectFile::removeFile(const QString &path)
 {
     const int index = files().indexOf(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
     if (index < 0)
@@ -177,22 +177,22 @@ void ProjectPrivate::removeFile(const QString &path)
     update(data);
 }
 
-QString ProjectPrivate::synthesisProgram() const
+QString ProjectFile::synthesisProgram() const
 {
     return m_data[SYNTHESIS].toObject()[PROGRAM].toString();
 }
 
-QStringList ProjectPrivate::synthesisArguments() const
+QStringList ProjectFile::synthesisArguments() const
 {
     return m_data[SYNTHESIS].toObject()[ARGUMENTS].toVariant().toStringList();
 }
 
-QString ProjectPrivate::resultFile(const QString &key) const
+QString ProjectFile::resultFile(const QString &key) const
 {
     return absolutePath(m_data[RESULTS].toObject()[key].toString());
 }
 
-QStringList ProjectPrivate::resultFiles() const
+QStringList ProjectFile::resultFiles() const
 {
     QStringList paths;
     const QJsonObject results = m_data[RESULTS].toObject();
@@ -201,7 +201,7 @@ QStringList ProjectPrivate::resultFiles() const
     return paths;
 }
 
-bool ProjectPrivate::save(QString *error) const
+bool ProjectFile::save(QString *error) const
 {
     QSaveFile file(m_path);
     const QByteArray bytes = QJsonDocument(m_data).toJson();
@@ -213,7 +213,7 @@ bool ProjectPrivate::save(QString *error) const
     return false;
 }
 
-QStringList ProjectPrivate::absolutePaths(const QString &member) const
+QStringList ProjectFile::absolutePaths(const QString &member) const
 {
     QStringList paths;
     const QJsonArray list = m_data[member].toArray();
@@ -222,12 +222,12 @@ QStringList ProjectPrivate::absolutePaths(const QString &member) const
     return paths;
 }
 
-QString ProjectPrivate::absolutePath(const QString &path) const
+QString ProjectFile::absolutePath(const QString &path) const
 {
     return path.isEmpty() ? QString() : QDir::cleanPath(QDir(folder()).absoluteFilePath(path));
 }
 
-void ProjectPrivate::update(const QJsonObject &data)
+void ProjectFile::update(const QJsonObject &data)
 {
     m_data = data;
     QString error;

@@ -1,39 +1,39 @@
 #include "core/projectmanager.h"
 
 #include "core/project.h"
-#include "host/core/project_p.h"
-#include "host/core/projectmanager_p.h"
+#include "host/core/projectfile.h"
+#include "host/core/projectsession.h"
 
 namespace Core {
 
 Project *ProjectManager::currentProject()
 {
-    return ProjectManagerPrivate::get()->current();
+    return ProjectSession::get()->current();
 }
 
-ProjectManagerPrivate *ProjectManagerPrivate::get()
+ProjectSession *ProjectSession::get()
 {
     // Never destroyed, as every service that others refer to.
-    static ProjectManagerPrivate *const self = new ProjectManagerPrivate;
+    static ProjectSession *const self = new ProjectSession;
     return self;
 }
 
-Project *ProjectManagerPrivate::open(const QString &path, QString *error)
+Project *ProjectSession::open(const QString &path, QString *error)
 {
-    std::unique_ptr<Project> project = ProjectPrivate::load(path, error);
+    std::unique_ptr<Project> project = ProjectFile::load(path, error);
     if (!project)
         return nullptr;
     setCurrent(std::move(project));
     return current();
 }
 
-void ProjectManagerPrivate::close()
+void ProjectSession::close()
 {
     if (m_current)
         setCurrent(nullptr);
 }
 
-void ProjectManagerPrivate::setCurrent(std::unique_ptr<Project> project)
+void ProjectSession::setCurrent(std::unique_ptr<Project> project)
 {
     m_current.swap(project);
     emit currentProjectChanged();

@@ -1,7 +1,7 @@
 #include "core/viewmanager.h"
 
 #include "core/iview.h"
-#include "host/core/viewmanager_p.h"
+#include "host/core/viewarea.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -52,14 +52,14 @@ QList<QWidget *> waitingWindows()
 
 } // namespace
 
-ViewManager::ViewManager(ViewManagerPrivate *d)
+ViewManager::ViewManager(ViewArea *d)
     : d(d)
 {
 }
 
 ViewManager *ViewManager::instance()
 {
-    return ViewManagerPrivate::get()->manager();
+    return ViewArea::get()->manager();
 }
 
 void ViewManager::showView(IView *view)
@@ -82,42 +82,42 @@ QWidget *ViewManager::dialogParent() const
     return d->dialogParent();
 }
 
-ViewManagerPrivate *ViewManagerPrivate::get()
+ViewArea *ViewArea::get()
 {
     // Never destroyed: views that outlive the application's objects may still refer to it.
-    static ViewManagerPrivate *const self = new ViewManagerPrivate;
+    static ViewArea *const self = new ViewArea;
     return self;
 }
 
-ViewManagerPrivate::ViewManagerPrivate()
+ViewArea::ViewArea()
     : m_manager(new ViewManager(this))
 {
 }
 
-void ViewManagerPrivate::setArea(QTabWidget *area)
+void ViewArea::setArea(QTabWidget *area)
 {
     if (m_area)
         m_area->disconnect(this);
     m_area = area;
     if (!area)
         return;
-    connect(area, &QTabWidget::currentChanged, this, &ViewManagerPrivate::updateActiveView);
-    connect(area, &QTabWidget::tabCloseRequested, this, &ViewManagerPrivate::onTabCloseRequested);
+    connect(area, &QTabWidget::currentChanged, this, &ViewArea::updateActiveView);
+    connect(area, &QTabWidget::tabCloseRequested, this, &ViewArea::onTabCloseRequested);
 }
 
-QTabWidget *ViewManagerPrivate::area()
+QTabWidget *ViewArea::area()
 {
     if (!m_area)
         setArea(new QTabWidget); // lives until the process ends, as this object does
     return m_area;
 }
 
-IView *ViewManagerPrivate::activeView() const
+IView *ViewArea::activeView() const
 {
     return qobject_cast<IView *>(m_active.data());
 }
 
-void ViewManagerPrivate::showView(IView *view)
+void ViewArea::showView(IView *view)
 {
     if (!view || m_closed.contains(view))
         return;
@@ -125,7 +125,7 @@ void ViewManagerPrivate::showView(IView *view)
         m_views.append(view);
         view->installEventFilter(this);
         connect(view, &IView::shortTitleChanged, this, [this, view] { updateTitle(view); });
-        connect(view, &QObject::destroyed, this, &ViewManagerPrivate::onViewDestroyed);
+        connect(view, &QObject::destroyed, this, &ViewArea::onViewDestroyed);
         area()->addTab(view, QString());
         updateTitle(view);
     }
@@ -133,7 +133,7 @@ void ViewManagerPrivate::showView(IView *view)
     updateActiveView();
 }
 
-bool ViewManagerPrivate::closeView(IView *view)
+bool ViewArea::closeView(IView *view)
 {
     if (!m_views.contains(view))
         return false;
@@ -148,7 +148,7 @@ bool ViewManagerPrivate::closeView(IView *view)
     return !m_views.contains(view);
 }
 
-bool ViewManagerPrivate::closeAllViews()
+bool ViewArea::closeAllViews()
 {
     while (!m_views.isEmpty()) {
         IView *view = activeView() ? activeView() : m_views.last();
@@ -158,7 +158,7 @@ bool ViewManagerPrivate::closeAllViews()
     return true;
 }
 
-void ViewManagerPrivate::discardAllViews()
+void ViewArea::discardAllViews()
 {
     while (!m_views.isEmpty())
         finishClose(m_views.last());
@@ -166,7 +166,7 @@ void ViewManagerPrivate::discardAllViews()
         view->deleteLater(); // also those that wait for a dialog of theirs
 }
 
-void ViewManagerPrivate::registerContext(QWidget *widget, const QString &context, bool enabled)
+void ViewArea::registerContext(QWidget *widget, const QString &context, bool enabled)
 {
     const auto same = [widget, &context](const Context &c) {
         return !c.widget || (c.widget == widget && c.name == context);
@@ -177,7 +177,7 @@ void ViewManagerPrivate::registerContext(QWidget *widget, const QString &context
     updateContexts();
 }
 
-bool ViewManagerPrivate::eventFilter(QObject *watched, QEvent *event)
+bool ViewArea::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::Close)
         return QObject::eventFilter(watched, event);
@@ -190,7 +190,7 @@ bool ViewManagerPrivate::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-void ViewManagerPrivate::handleCloseEvent(IView *view, QEvent *event)
+void ViewArea::handleCloseEvent(IView *view, QEvent *event)
 {
     if (m_closing.contains(view)) {
         m_reasked.insert(view);
@@ -212,7 +212,7 @@ void ViewManagerPrivate::handleCloseEvent(IView *view, QEvent *event)
         QTimer::singleShot(0, view, [this, view] { closeView(view); });
 }
 
-void ViewManagerPrivate::finishClose(IView *view)
+void ViewArea::finishClose(IView *view)
 {
     m_views.removeAll(view);
     m_closed.insert(view);
@@ -245,7 +245,7 @@ void ViewManagerPrivate::finishClose(IView *view)
 /// Code of a view that runs a dialog is on the stack below it: a deletion from the dialog's event
 /// loop, or from one nested deeper, would pull the ground from under that code. So it waits until
 /// the dialogs' loops have ended, which leaves `level` loops.
-void ViewManagerPrivate::deleteAtLevel(IView *view, int level)
+void ViewArea::deleteAtLevel(IView *view, int level)
 {
     if (QThread::currentThread()->loopLevel() <= level)
         view->deleteLater();
@@ -253,13 +253,13 @@ void ViewManagerPrivate::deleteAtLevel(IView *view, int level)
         QTimer::singleShot(LEVEL_POLL, view, [this, view, level] { deleteAtLevel(view, level); });
 }
 
-void ViewManagerPrivate::onTabCloseRequested(int index)
+void ViewArea::onTabCloseRequested(int index)
 {
     if (auto *view = qobject_cast<IView *>(m_area->widget(index)))
         closeView(view);
 }
 
-void ViewManagerPrivate::onViewDestroyed(QObject *view)
+void ViewArea::onViewDestroyed(QObject *view)
 {
     // Only the address counts here: the object is no view any more.
     m_views.erase(std::remove_if(m_views.begin(), m_views.end(),
@@ -271,7 +271,7 @@ void ViewManagerPrivate::onViewDestroyed(QObject *view)
     updateActiveView();
 }
 
-void ViewManagerPrivate::updateTitle(IView *view)
+void ViewArea::updateTitle(IView *view)
 {
     const int index = m_area ? m_area->indexOf(view) : -1;
     if (index < 0)
@@ -282,7 +282,7 @@ void ViewManagerPrivate::updateTitle(IView *view)
     m_area->setTabToolTip(index, QStringLiteral("<span>%1</span>").arg(toolTip));
 }
 
-void ViewManagerPrivate::updateActiveView()
+void ViewArea::updateActiveView()
 {
     auto *view = m_area ? qobject_cast<IView *>(m_area->currentWidget()) : nullptr;
     if (!m_views.contains(view))
@@ -300,7 +300,7 @@ void ViewManagerPrivate::updateActiveView()
     emit m_manager->viewActiveted(activeView());
 }
 
-void ViewManagerPrivate::updateContexts()
+void ViewArea::updateContexts()
 {
     QStringList active;
     for (const Context &context : qAsConst(m_contexts)) {

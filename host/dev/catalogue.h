@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/dev/devicedb_p.h"
+#include "host/dev/devicecatalogue.h"
 
 #include <vector>
 

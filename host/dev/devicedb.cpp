@@ -1,7 +1,7 @@
 #include "dev/devicedb.h"
 
 #include "host/dev/catalogue.h"
-#include "host/dev/devicedb_p.h"
+#include "host/dev/devicecatalogue.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -12,7 +12,7 @@
 
 namespace DEV {
 
-DeviceDb::DeviceDb(DeviceDbPrivate *d)
+DeviceDb::DeviceDb(DeviceCatalogue *d)
     : d(d)
 {
 }
@@ -23,14 +23,14 @@ const DeviceArg *DeviceDb::findByID(const QString &id) const
     return device ? &device->arg : nullptr;
 }
 
-DeviceDbPrivate *DeviceDbPrivate::get()
+DeviceCatalogue *DeviceCatalogue::get()
 {
     // Never destroyed, as every service that others refer to.
-    static DeviceDbPrivate *const self = new DeviceDbPrivate;
+    static DeviceCatalogue *const self = new DeviceCatalogue;
     return self;
 }
 
-DeviceDbPrivate::DeviceDbPrivate()
+DeviceCatalogue::DeviceCatalogue()
     : m_dataBase(new DeviceDb(this))
 {
     addFile(QStringLiteral(":/host/devices.json"), nullptr);
@@ -38,21 +38,21 @@ DeviceDbPrivate::DeviceDbPrivate()
         addFile(userFile(), &m_userFileError);
 }
 
-const Device *DeviceDbPrivate::find(const QString &id) const
+const Device *DeviceCatalogue::find(const QString &id) const
 {
     const auto it = std::find_if(m_devices.cbegin(), m_devices.cend(),
                                  [&id](const Device &device) { return device.arg.id == id; });
     return it == m_devices.cend() ? nullptr : &*it;
 }
 
-ChipInfo DeviceDbPrivate::chipInfo(const QString &id) const
+ChipInfo DeviceCatalogue::chipInfo(const QString &id) const
 {
     const Device *device = find(id);
     return device ? ChipInfo{device->arg.partName, device->arg.packageName, device->series}
                   : ChipInfo();
 }
 
-SupplyData DeviceDbPrivate::supplies(const QString &device, const QString &package) const
+SupplyData DeviceCatalogue::supplies(const QString &device, const QString &package) const
 {
     // The latest addition counts.
     const auto it = std::find_if(m_devices.crbegin(), m_devices.crend(), [&](const Device &known) {
@@ -61,7 +61,7 @@ SupplyData DeviceDbPrivate::supplies(const QString &device, const QString &packa
     return it == m_devices.crend() ? SupplyData() : it->supplies;
 }
 
-bool DeviceDbPrivate::addFile(const QString &path, QString *error)
+bool DeviceCatalogue::addFile(const QString &path, QString *error)
 {
     QString cause;
     std::vector<Device> added;
@@ -89,7 +89,7 @@ bool DeviceDbPrivate::addFile(const QString &path, QString *error)
     return true;
 }
 
-QString DeviceDbPrivate::userFile()
+QString DeviceCatalogue::userFile()
 {
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
            QLatin1String("/devices.json");

@@ -1,6 +1,6 @@
 #include "extsys/iplugin.h"
 
-#include "host/extsys/pluginmanager_p.h"
+#include "host/extsys/pluginmanager.h"
 
 namespace ExtSys {
 

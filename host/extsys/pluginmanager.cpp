@@ -1,4 +1,4 @@
-#include "host/extsys/pluginmanager_p.h"
+#include "host/extsys/pluginmanager.h"
 
 #include "extsys/iplugin.h"
 

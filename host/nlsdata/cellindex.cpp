@@ -1,6 +1,6 @@
 #include "cellindex_p.h"
 
-#include "readcontrol_p.h"
+#include "readcontrol.h"
 
 namespace NlsData {
 

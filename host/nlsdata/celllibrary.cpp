@@ -1,4 +1,4 @@
-#include "celllibrary_p.h"
+#include "celllibrary.h"
 
 #include <QDebug>
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "designplan_p.h"
 
 #include "jsonwalk_p.h"
-#include "readcontrol_p.h"
+#include "readcontrol.h"
 
 #include <QStringList>
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "rawnetlist_p.h"
+#include "readnetlist.h"
 
 #include <QString>
 
@@ -8,14 +9,6 @@
 #include <vector>
 
 namespace NlsData {
-
-/// What a design may grow to: hierarchy multiplies, and a small file can stand for more objects
-/// than any memory holds.
-struct ElaborationLimits
-{
-    quint64 objects = 50000000; ///< instances and nets together
-    int depth = 256;            ///< levels of hierarchy
-};
 
 /// A module made ready for laying out any number of copies.
 struct ModulePlan

@@ -2,7 +2,7 @@
 
 #include "designplan_p.h"
 #include "netlistdata_p.h"
-#include "readcontrol_p.h"
+#include "readcontrol.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,6 +1,6 @@
 #include "jsonwalk_p.h"
 
-#include "readcontrol_p.h"
+#include "readcontrol.h"
 
 #include <algorithm>
 #include <cstring>

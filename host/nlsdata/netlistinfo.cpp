@@ -1,7 +1,7 @@
-#include "netlistinfo_p.h"
+#include "netlistinfo.h"
 
 #include "netlistdata_p.h"
-#include "netlistreader_p.h"
+#include "readnetlist.h"
 
 #include <QElapsedTimer>
 

@@ -2,7 +2,7 @@
 
 #include "cellindex_p.h"
 #include "jsonwalk_p.h"
-#include "readcontrol_p.h"
+#include "readcontrol.h"
 
 namespace NlsData {
 

@@ -1,7 +1,7 @@
-#include "netlistreaddialog_p.h"
+#include "netlistreaddialog.h"
 
 #include "nlsdata/netlist.h"
-#include "readcontrol_p.h"
+#include "readcontrol.h"
 
 #include <QDialogButtonBox>
 #include <QEventLoop>

@@ -1,9 +1,9 @@
-#include "netlistreader_p.h"
+#include "readnetlist.h"
 
 #include "elaborator_p.h"
 #include "netlistdata_p.h"
 #include "netlistparser_p.h"
-#include "readcontrol_p.h"
+#include "readcontrol.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "celllibrary_p.h"
+#include "celllibrary.h"
 
 #include <QtGlobal>
 

@@ -1,6 +1,6 @@
 #include "qutil/eventmanager.h"
 
-#include "host/qutil/eventmanager_p.h"
+#include "host/qutil/eventbus.h"
 #include "qutil/ievent.h"
 #include "qutil/ieventhandler.h"
 
@@ -9,7 +9,7 @@
 namespace QUtil {
 
 EventManager::EventManager()
-    : d(std::make_unique<EventManagerPrivate>())
+    : d(std::make_unique<EventBus>())
 {
 }
 
@@ -32,12 +32,12 @@ void EventManager::unsubscribe(IEventHandler *handler, const QString &type)
     d->unsubscribe(handler, type);
 }
 
-EventManagerPrivate *EventManagerPrivate::get()
+EventBus *EventBus::get()
 {
     return EventManager::instance()->d.get();
 }
 
-void EventManagerPrivate::subscribe(IEventHandler *handler, const QString &type)
+void EventBus::subscribe(IEventHandler *handler, const QString &type)
 {
     const auto same = [handler, &type](const Subscription &s) {
         return s.handler == handler && s.type == type;
@@ -46,7 +46,7 @@ void EventManagerPrivate::subscribe(IEventHandler *handler, const QString &type)
         m_subscriptions.push_back({handler, type});
 }
 
-void EventManagerPrivate::unsubscribe(IEventHandler *handler, const QString &type)
+void EventBus::unsubscribe(IEventHandler *handler, const QString &type)
 {
     for (auto it = m_subscriptions.begin(); it != m_subscriptions.end(); ++it) {
         if (it->handler != handler || it->type != type)
@@ -59,7 +59,7 @@ void EventManagerPrivate::unsubscribe(IEventHandler *handler, const QString &typ
     }
 }
 
-void EventManagerPrivate::deliver(const IEvent &event)
+void EventBus::deliver(const IEvent &event)
 {
     const IEvent copy(event); // the caller's event may go with a handler
     const std::size_t end = m_subscriptions.size();
@@ -76,7 +76,7 @@ void EventManagerPrivate::deliver(const IEvent &event)
                           m_subscriptions.end());
 }
 
-int EventManagerPrivate::subscriberCount(const QString &type) const
+int EventBus::subscriberCount(const QString &type) const
 {
     return static_cast<int>(
         std::count_if(m_subscriptions.cbegin(), m_subscriptions.cend(),

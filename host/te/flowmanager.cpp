@@ -1,9 +1,9 @@
 #include "te/flowmanager.h"
 
-#include "host/core/project_p.h"
-#include "host/core/projectmanager_p.h"
-#include "host/qutil/eventmanager_p.h"
-#include "host/te/flowmanager_p.h"
+#include "host/core/projectfile.h"
+#include "host/core/projectsession.h"
+#include "host/qutil/eventbus.h"
+#include "host/te/flowcontrol.h"
 #include "host/te/flowprocess.h"
 #include "host/te/resultkeeper.h"
 #include "host/te/resultwatcher.h"
@@ -18,9 +18,9 @@ namespace TE {
 
 namespace {
 
-const Core::ProjectPrivate *currentProject()
+const Core::ProjectFile *currentProject()
 {
-    return Core::ProjectPrivate::of(Core::ProjectManagerPrivate::get()->current());
+    return Core::ProjectFile::of(Core::ProjectSession::get()->current());
 }
 
 QString netlistFile()
@@ -31,7 +31,7 @@ QString netlistFile()
 
 } // namespace
 
-FlowManager::FlowManager(FlowManagerPrivate *d)
+FlowManager::FlowManager(FlowControl *d)
     : d(d)
 {
 }
@@ -49,38 +49,38 @@ TaskEngine *TaskEngine::instance()
 
 FlowManager *TaskEngine::flowManager() const
 {
-    return FlowManagerPrivate::get()->manager();
+    return FlowControl::get()->manager();
 }
 
-FlowManagerPrivate *FlowManagerPrivate::get()
+FlowControl *FlowControl::get()
 {
     // Never destroyed, as every service that others refer to.
-    static FlowManagerPrivate *const self = new FlowManagerPrivate;
+    static FlowControl *const self = new FlowControl;
     return self;
 }
 
-FlowManagerPrivate::FlowManagerPrivate()
+FlowControl::FlowControl()
     : m_manager(new FlowManager(this))
     , m_watcher(std::make_unique<ResultWatcher>())
 {
-    connect(m_watcher.get(), &ResultWatcher::replaced, this, &FlowManagerPrivate::onResultReplaced);
-    connect(Core::ProjectManagerPrivate::get(), &Core::ProjectManagerPrivate::currentProjectChanged,
-            this, &FlowManagerPrivate::onProjectChanged);
+    connect(m_watcher.get(), &ResultWatcher::replaced, this, &FlowControl::onResultReplaced);
+    connect(Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this,
+            &FlowControl::onProjectChanged);
     m_watcher->setFile(netlistFile());
 }
 
-FlowManagerPrivate::~FlowManagerPrivate()
+FlowControl::~FlowControl()
 {
     delete m_manager;
 }
 
-QString FlowManagerPrivate::resultFile(const QString &key) const
+QString FlowControl::resultFile(const QString &key) const
 {
     const auto *project = currentProject();
     return project ? project->resultFile(key) : QString();
 }
 
-bool FlowManagerPrivate::start(QString *error)
+bool FlowControl::start(QString *error)
 {
     const auto *project = currentProject();
     QString cause;
@@ -104,8 +104,8 @@ bool FlowManagerPrivate::start(QString *error)
     if (m_process)
         m_process.release()->deleteLater(); // it may be the one that tells of its end
     m_process = std::make_unique<FlowProcess>();
-    connect(m_process.get(), &FlowProcess::line, this, &FlowManagerPrivate::output);
-    connect(m_process.get(), &FlowProcess::ended, this, &FlowManagerPrivate::onProcessEnded);
+    connect(m_process.get(), &FlowProcess::line, this, &FlowControl::output);
+    connect(m_process.get(), &FlowProcess::ended, this, &FlowControl::onProcessEnded);
     const QStringList command =
         QStringList(project->synthesisProgram()) + project->synthesisArguments();
     m_process->start(command.first(), command.mid(1), project->folder());
@@ -113,7 +113,7 @@ bool FlowManagerPrivate::start(QString *error)
     return true;
 }
 
-void FlowManagerPrivate::stop(int killAfter)
+void FlowControl::stop(int killAfter)
 {
     if (!isRunning())
         return;
@@ -121,13 +121,13 @@ void FlowManagerPrivate::stop(int killAfter)
     m_process->stop(killAfter);
 }
 
-void FlowManagerPrivate::setWatching(bool watching)
+void FlowControl::setWatching(bool watching)
 {
     m_watching = watching;
     m_watcher->setPaused(!watching || isRunning());
 }
 
-void FlowManagerPrivate::onProcessEnded(bool ok, const QString &cause)
+void FlowControl::onProcessEnded(bool ok, const QString &cause)
 {
     const QString netlist = netlistFile();
     Status status = Failed;
@@ -148,7 +148,7 @@ void FlowManagerPrivate::onProcessEnded(bool ok, const QString &cause)
     setStatus(status, text);
 }
 
-void FlowManagerPrivate::endRun(bool keepResults)
+void FlowControl::endRun(bool keepResults)
 {
     if (m_kept && !keepResults)
         m_kept->restore();
@@ -156,7 +156,7 @@ void FlowManagerPrivate::endRun(bool keepResults)
     m_watcher->setPaused(!m_watching);
 }
 
-void FlowManagerPrivate::onProjectChanged()
+void FlowControl::onProjectChanged()
 {
     // A run of the former project ends with it.
     if (m_process) {
@@ -170,20 +170,20 @@ void FlowManagerPrivate::onProjectChanged()
         setStatus(Idle, QString());
 }
 
-void FlowManagerPrivate::onResultReplaced()
+void FlowControl::onResultReplaced()
 {
     if (!isRunning())
         setStatus(Finished,
                   tr("The netlist %1 was replaced.").arg(QDir::toNativeSeparators(netlistFile())));
 }
 
-void FlowManagerPrivate::setStatus(Status status, const QString &text)
+void FlowControl::setStatus(Status status, const QString &text)
 {
     m_status = status;
     if (!text.isEmpty())
         emit message(text);
     emit statusChanged(status);
-    QUtil::EventManagerPrivate::get()->deliver(
+    QUtil::EventBus::get()->deliver(
         QUtil::IEvent(QStringLiteral("TE.Process.Status.Change"),
                       {{QStringLiteral("process"), QStringLiteral("Process.Syn")},
                        {QStringLiteral("status"), int(status)}}));

@@ -1,11 +1,11 @@
 #include "te/proinfomanager.h"
 
 #include "dev/chipinfo.h"
-#include "host/core/project_p.h"
-#include "host/core/projectmanager_p.h"
-#include "host/dev/devicedb_p.h"
-#include "host/qutil/eventmanager_p.h"
-#include "host/te/proinfomanager_p.h"
+#include "host/core/projectfile.h"
+#include "host/core/projectsession.h"
+#include "host/dev/devicecatalogue.h"
+#include "host/qutil/eventbus.h"
+#include "host/te/deviceselection.h"
 #include "qutil/ievent.h"
 
 namespace TE {
@@ -18,33 +18,33 @@ ProInfoManager *ProInfoManager::instance()
 
 QString ProInfoManager::deviceID() const
 {
-    return ProInfoManagerPrivate::get()->deviceID();
+    return DeviceSelection::get()->deviceID();
 }
 
 DEV::ChipInfo ProInfoManager::chipInfo() const
 {
-    return DEV::DeviceDbPrivate::get()->chipInfo(deviceID());
+    return DEV::DeviceCatalogue::get()->chipInfo(deviceID());
 }
 
-ProInfoManagerPrivate *ProInfoManagerPrivate::get()
+DeviceSelection *DeviceSelection::get()
 {
-    static ProInfoManagerPrivate self;
+    static DeviceSelection self;
     return &self;
 }
 
-QString ProInfoManagerPrivate::deviceID() const
+QString DeviceSelection::deviceID() const
 {
-    const auto *project = Core::ProjectPrivate::of(Core::ProjectManagerPrivate::get()->current());
+    const auto *project = Core::ProjectFile::of(Core::ProjectSession::get()->current());
     return project ? project->device() : m_device;
 }
 
-void ProInfoManagerPrivate::setDevice(const QString &id)
+void DeviceSelection::setDevice(const QString &id)
 {
-    if (auto *project = Core::ProjectPrivate::of(Core::ProjectManagerPrivate::get()->current()))
+    if (auto *project = Core::ProjectFile::of(Core::ProjectSession::get()->current()))
         project->setDevice(id);
     else
         m_device = id;
-    QUtil::EventManagerPrivate::get()->deliver(
+    QUtil::EventBus::get()->deliver(
         QUtil::IEvent(QStringLiteral("TE.Device.Change"), {{QStringLiteral("device"), id}}));
 }
 

@@ -1,7 +1,7 @@
 #include "utils/fileutils.h"
 
 #include "core/projectmanager.h"
-#include "host/core/project_p.h"
+#include "host/core/projectfile.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -25,7 +25,7 @@ QString lastFolder(const QString &caption)
     const QString folder = QSettings().value(folderKey(caption)).toString();
     if (!folder.isEmpty() && QFileInfo(folder).isDir())
         return folder;
-    const auto *project = Core::ProjectPrivate::of(Core::ProjectManager::currentProject());
+    const auto *project = Core::ProjectFile::of(Core::ProjectManager::currentProject());
     return project ? project->folder() : QString();
 }
 

@@ -1,6 +1,6 @@
 #include "zum/voltage.h"
 
-#include "host/dev/devicedb_p.h"
+#include "host/dev/devicecatalogue.h"
 
 namespace ZUM {
 
@@ -10,7 +10,7 @@ struct VoltageData
 };
 
 Voltage::Voltage(const QString &device, const QString &package)
-    : d(new VoltageData{DEV::DeviceDbPrivate::get()->supplies(device, package)})
+    : d(new VoltageData{DEV::DeviceCatalogue::get()->supplies(device, package)})
 {
 }
 

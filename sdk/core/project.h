@@ -20,10 +20,10 @@ public:
     void addFile(const QString &path);
 
 private:
-    friend class ProjectPrivate;
-    explicit Project(class ProjectPrivate *d);
+    friend class ProjectFile;
+    explicit Project(class ProjectFile *d);
 
-    class ProjectPrivate *const d;
+    class ProjectFile *const d;
 };
 
 } // namespace Core

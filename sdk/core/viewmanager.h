@@ -41,10 +41,10 @@ signals:
     void viewClosed(Core::IView *view);
 
 private:
-    friend class ViewManagerPrivate;
-    explicit ViewManager(class ViewManagerPrivate *d);
+    friend class ViewArea;
+    explicit ViewManager(class ViewArea *d);
 
-    class ViewManagerPrivate *const d;
+    class ViewArea *const d;
 };
 
 } // namespace Core

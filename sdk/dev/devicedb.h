@@ -13,10 +13,10 @@ public:
     const DeviceArg *findByID(const QString &id) const;
 
 private:
-    friend class DeviceDbPrivate;
-    explicit DeviceDb(class DeviceDbPrivate *d);
+    friend class DeviceCatalogue;
+    explicit DeviceDb(class DeviceCatalogue *d);
 
-    class DeviceDbPrivate *const d;
+    class DeviceCatalogue *const d;
 };
 
 } // namespace DEV

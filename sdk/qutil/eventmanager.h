@@ -24,11 +24,11 @@ public:
     void unsubscribe(QUtil::IEventHandler *handler, const QString &type);
 
 private:
-    friend class EventManagerPrivate;
+    friend class EventBus;
     EventManager();
     ~EventManager();
 
-    const std::unique_ptr<class EventManagerPrivate> d;
+    const std::unique_ptr<class EventBus> d;
 };
 
 } // namespace QUtil

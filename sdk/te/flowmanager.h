@@ -15,10 +15,10 @@ public:
     QString resultFile(const QString &key) const;
 
 private:
-    friend class FlowManagerPrivate;
-    explicit FlowManager(class FlowManagerPrivate *d);
+    friend class FlowControl;
+    explicit FlowManager(class FlowControl *d);
 
-    class FlowManagerPrivate *const d;
+    class FlowControl *const d;
 };
 
 } // namespace TE

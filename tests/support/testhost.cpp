@@ -4,11 +4,11 @@
 
 #include "core/idecore.h"
 #include "dev/devicedb.h"
-#include "host/core/projectmanager_p.h"
-#include "host/core/viewmanager_p.h"
-#include "host/qutil/eventmanager_p.h"
-#include "host/te/flowmanager_p.h"
-#include "host/te/proinfomanager_p.h"
+#include "host/core/projectsession.h"
+#include "host/core/viewarea.h"
+#include "host/qutil/eventbus.h"
+#include "host/te/deviceselection.h"
+#include "host/te/flowcontrol.h"
 #include "qutil/ievent.h"
 
 #include <QCoreApplication>
@@ -44,15 +44,15 @@ TestHost::TestHost(const QString &deviceId)
     const QString project =
         write(QStringLiteral("test.fpgaproj"), QString::fromLatin1(PROJECT).arg(deviceId).toUtf8());
     QString error;
-    if (!Core::ProjectManagerPrivate::get()->open(project, &error))
+    if (!Core::ProjectSession::get()->open(project, &error))
         qFatal("%s", qPrintable(error));
-    TE::FlowManagerPrivate::get()->setWatching(false);
+    TE::FlowControl::get()->setWatching(false);
 }
 
 TestHost::~TestHost()
 {
     closeAll();
-    Core::ProjectManagerPrivate::get()->close();
+    Core::ProjectSession::get()->close();
 }
 
 QString TestHost::path(const QString &name) const
@@ -114,31 +114,31 @@ QString TestHost::netlistPath() const
 
 DEV::DeviceArg TestHost::device() const
 {
-    const QString id = TE::ProInfoManagerPrivate::get()->deviceID();
+    const QString id = TE::DeviceSelection::get()->deviceID();
     const DEV::DeviceArg *device = Core::IdeCore::deviceDataBase()->findByID(id);
     return device ? *device : DEV::DeviceArg();
 }
 
 void TestHost::setDevice(const QString &id) const
 {
-    TE::ProInfoManagerPrivate::get()->setDevice(id);
+    TE::DeviceSelection::get()->setDevice(id);
 }
 
 void TestHost::raise(const QString &type, const QVariantMap &values) const
 {
-    QUtil::EventManagerPrivate::get()->deliver(QUtil::IEvent(type, values));
+    QUtil::EventBus::get()->deliver(QUtil::IEvent(type, values));
 }
 
 void TestHost::finishSynthesis() const
 {
     raise(QStringLiteral("TE.Process.Status.Change"),
           {{QStringLiteral("process"), QStringLiteral("Process.Syn")},
-           {QStringLiteral("status"), int(TE::FlowManagerPrivate::Finished)}});
+           {QStringLiteral("status"), int(TE::FlowControl::Finished)}});
 }
 
-Core::ViewManagerPrivate *TestHost::viewManager() const
+Core::ViewArea *TestHost::viewManager() const
 {
-    return Core::ViewManagerPrivate::get();
+    return Core::ViewArea::get();
 }
 
 void TestHost::closeAll() const

@@ -8,7 +8,7 @@
 #include <QVariantMap>
 
 namespace Core {
-class ViewManagerPrivate;
+class ViewArea;
 }
 
 /// The real embedded host around a project in a temporary folder, for the life of the object:
@@ -56,7 +56,7 @@ public:
     /// Delivers what the flow raises when a synthesis run has ended successfully.
     void finishSynthesis() const;
 
-    Core::ViewManagerPrivate *viewManager() const;
+    Core::ViewArea *viewManager() const;
 
     /// Destroys all open views, modified or not, and lets deferred deletions happen.
     void closeAll() const;

@@ -5,10 +5,10 @@
 #include "core/iview.h"
 #include "core/viewmanager.h"
 #include "host/core/ifileopener.h"
-#include "host/core/project_p.h"
-#include "host/core/projectmanager_p.h"
-#include "host/core/viewmanager_p.h"
-#include "host/te/proinfomanager_p.h"
+#include "host/core/projectfile.h"
+#include "host/core/projectsession.h"
+#include "host/core/viewarea.h"
+#include "host/te/deviceselection.h"
 
 #include <QAbstractButton>
 #include <QDoubleSpinBox>
@@ -111,7 +111,7 @@ void TestMainWindow::routesSaveToTheActiveView()
     window().open(m_host->write(QStringLiteral("top.v"), "module top; endmodule"));
     QVERIFY(!save()->isEnabled());
 
-    Core::ViewManagerPrivate::get()->showView(first);
+    Core::ViewArea::get()->showView(first);
     QVERIFY(save()->isEnabled());
     QTest::keyClick(&window(), Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(first->windowTitle(), QStringLiteral("a.vlr"));
@@ -130,7 +130,7 @@ void TestMainWindow::asksViewByViewOnQuit()
         QVERIFY2(cancel.text().contains(QLatin1String("b.vlr")), qPrintable(cancel.text()));
     }
     QVERIFY(window().isVisible());
-    QCOMPARE(Core::ViewManagerPrivate::get()->views().size(), 3);
+    QCOMPARE(Core::ViewArea::get()->views().size(), 3);
 
     // The second question is asked when the first view has gone, so it needs the second driver.
     QStringList asked;
@@ -148,7 +148,7 @@ void TestMainWindow::asksViewByViewOnQuit()
     QVERIFY(asked.first().contains(QLatin1String("b.vlr")));
     QVERIFY(discard && discard->text().contains(QLatin1String("a.vlr")));
     QVERIFY(!window().isVisible());
-    QVERIFY(Core::ViewManagerPrivate::get()->views().isEmpty());
+    QVERIFY(Core::ViewArea::get()->views().isEmpty());
     QVERIFY(m_host->read(QStringLiteral("b.vlr")).contains("Version"));
     QCOMPARE(m_host->read(QStringLiteral("a.vlr")), EmptyFile);
 }
@@ -199,7 +199,7 @@ void TestMainWindow::keepsQuietAboutOwnSaves()
 {
     Core::IView *own = openView(QStringLiteral("own.vlr"));
     openView(QStringLiteral("other.vlr"));
-    Core::ViewManagerPrivate::get()->showView(own);
+    Core::ViewArea::get()->showView(own);
     edit(own);
     save()->trigger();
     // The question about the other file shows that the program has looked.
@@ -212,12 +212,12 @@ void TestMainWindow::keepsQuietAboutOwnSaves()
 void TestMainWindow::dropsQuestionWhenTheViewGoes()
 {
     const QPointer<Core::IView> view = openView(QStringLiteral("a.vlr"));
-    ModalDriver question([&view](QWidget *) { Core::ViewManagerPrivate::get()->closeView(view); });
+    ModalDriver question([&view](QWidget *) { Core::ViewArea::get()->closeView(view); });
     m_host->write(QStringLiteral("a.vlr"), fileWithAmbientTemperature(61));
     QTRY_VERIFY(question.ran());
     QTRY_VERIFY(!view);
     QTRY_VERIFY(!QApplication::activeModalWidget());
-    QVERIFY(Core::ViewManagerPrivate::get()->views().isEmpty());
+    QVERIFY(Core::ViewArea::get()->views().isEmpty());
 }
 
 void TestMainWindow::opensDroppedFiles()
@@ -271,23 +271,22 @@ void TestMainWindow::changesTheDevice()
         });
         action("chooseDevice")->trigger();
     };
-    const QString before = TE::ProInfoManagerPrivate::get()->deviceID();
+    const QString before = TE::DeviceSelection::get()->deviceID();
     choose(QStringLiteral("QF1-05-LQ144"), QMessageBox::Cancel);
-    QCOMPARE(TE::ProInfoManagerPrivate::get()->deviceID(), before);
+    QCOMPARE(TE::DeviceSelection::get()->deviceID(), before);
     choose(QStringLiteral("QF1-05-LQ144"), QMessageBox::Ok);
-    QCOMPARE(TE::ProInfoManagerPrivate::get()->deviceID(), QStringLiteral("QF1-05-LQ144"));
+    QCOMPARE(TE::DeviceSelection::get()->deviceID(), QStringLiteral("QF1-05-LQ144"));
     QVERIFY(m_host->read(QStringLiteral("test.fpgaproj")).contains("QF1-05-LQ144"));
     QVERIFY(view);
 }
 
 void TestMainWindow::opensTheProjectBesideAFile()
 {
-    Core::ProjectManagerPrivate::get()->close();
+    Core::ProjectSession::get()->close();
     openView(QStringLiteral("a.vlr"));
-    const auto *project = Core::ProjectManagerPrivate::get()->current();
+    const auto *project = Core::ProjectSession::get()->current();
     QVERIFY(project);
-    QCOMPARE(Core::ProjectPrivate::of(project)->path(),
-             m_host->path(QStringLiteral("test.fpgaproj")));
+    QCOMPARE(Core::ProjectFile::of(project)->path(), m_host->path(QStringLiteral("test.fpgaproj")));
 }
 
 QTEST_MAIN(TestMainWindow)

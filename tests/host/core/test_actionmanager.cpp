@@ -2,8 +2,8 @@
 
 #include "core/iview.h"
 #include "core/viewmanager.h"
-#include "host/core/actionmanager_p.h"
-#include "host/core/viewmanager_p.h"
+#include "host/core/commandregistry.h"
+#include "host/core/viewarea.h"
 
 #include <QAction>
 #include <QSignalSpy>
@@ -23,8 +23,8 @@ private slots:
 void TestActionManager::followsTheActionOfTheActiveContext()
 {
     const QString id = QStringLiteral("test.save");
-    QAction *command = ActionManagerPrivate::command(id);
-    ActionManagerPrivate::setDefaultText(id, QStringLiteral("&Save"));
+    QAction *command = CommandRegistry::command(id);
+    CommandRegistry::setDefaultText(id, QStringLiteral("&Save"));
     auto first = std::make_unique<QAction>(QStringLiteral("first"));
     auto second = std::make_unique<QAction>(QStringLiteral("second"));
     ActionManager::registerAction(first.get(), id, QStringLiteral("one"));
@@ -59,7 +59,7 @@ void TestActionManager::followsTheActionOfTheActiveContext()
     QCOMPARE(command->text(), QStringLiteral("&Save"));
     QVERIFY(!command->isEnabled());
 
-    QTabWidget *area = ViewManagerPrivate::get()->area(); // a widget around the view
+    QTabWidget *area = ViewArea::get()->area(); // a widget around the view
     views->registerContext(area, QStringLiteral("two"), true);
     QVERIFY(command->isEnabled());
     views->registerContext(area, QStringLiteral("two"), false);
@@ -70,7 +70,7 @@ void TestActionManager::followsTheActionOfTheActiveContext()
     command->trigger(); // the action goes while it runs
     QVERIFY(!command->isEnabled());
     QCOMPARE(command->text(), QStringLiteral("&Save"));
-    ViewManagerPrivate::get()->discardAllViews();
+    ViewArea::get()->discardAllViews();
 }
 
 QTEST_MAIN(TestActionManager)

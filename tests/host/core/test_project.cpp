@@ -1,8 +1,8 @@
 #include "core/project.h"
 
 #include "core/projectmanager.h"
-#include "host/core/project_p.h"
-#include "host/core/projectmanager_p.h"
+#include "host/core/projectfile.h"
+#include "host/core/projectsession.h"
 #include "support/testhost.h"
 
 #include <QDir>
@@ -30,11 +30,11 @@ void TestProject::addsFilesAndSaves()
     const QString path = host.write(QStringLiteral("p/x.fpgaproj"),
                                     "{\"name\": \"x\", \"own\": {\"kept\": 1}, \"files\": "
                                     "[\"a.vlr\"], \"results\": {\"RES.netlist\": \"../n.json\"}}");
-    Project *project = ProjectManagerPrivate::get()->open(path, nullptr);
+    Project *project = ProjectSession::get()->open(path, nullptr);
     QVERIFY(project);
-    ProjectPrivate *d = ProjectPrivate::of(project);
+    ProjectFile *d = ProjectFile::of(project);
     QCOMPARE(d->resultFile(QStringLiteral("RES.netlist")), host.path(QStringLiteral("n.json")));
-    QSignalSpy added(d, &ProjectPrivate::fileAdded);
+    QSignalSpy added(d, &ProjectFile::fileAdded);
     project->addFile(host.path(QStringLiteral("p/sub/../a.vlr"))); // is there already
     project->addFile(host.path(QStringLiteral("p/sub/b.vlr")));
     project->addFile(host.path(QStringLiteral("c.vlr")));
@@ -47,12 +47,12 @@ void TestProject::addsFilesAndSaves()
              QStringList({QStringLiteral("a.vlr"), QStringLiteral("sub/b.vlr"),
                           QStringLiteral("../c.vlr")}));
     QCOMPARE(saved[QLatin1String("own")].toObject()[QLatin1String("kept")].toInt(), 1);
-    QVERIFY(ProjectManagerPrivate::get()->open(path, nullptr));
-    d = ProjectPrivate::of(ProjectManager::currentProject());
+    QVERIFY(ProjectSession::get()->open(path, nullptr));
+    d = ProjectFile::of(ProjectManager::currentProject());
     QCOMPARE(d->device(), QStringLiteral("dev"));
     QCOMPARE(d->files().last(), host.path(QStringLiteral("c.vlr")));
 
-    QSignalSpy failed(d, &ProjectPrivate::saveFailed);
+    QSignalSpy failed(d, &ProjectFile::saveFailed);
     QVERIFY(QFile::remove(path));
     QVERIFY(QDir().mkdir(path)); // a folder is in the way, for root too
     d->setDevice(QStringLiteral("other"));
@@ -80,10 +80,10 @@ void TestProject::tellsWhatIsWrong()
     const Project *before = ProjectManager::currentProject();
     const QString path = host.write(QStringLiteral("bad.fpgaproj"), text);
     QString error;
-    QVERIFY(!ProjectManagerPrivate::get()->open(path, &error));
+    QVERIFY(!ProjectSession::get()->open(path, &error));
     QVERIFY2(error.contains(QLatin1String("bad.fpgaproj")) && error.contains(cause),
              qPrintable(error));
-    QVERIFY(!ProjectManagerPrivate::get()->open(host.path(QStringLiteral("none")), &error));
+    QVERIFY(!ProjectSession::get()->open(host.path(QStringLiteral("none")), &error));
     QVERIFY(error.contains(QLatin1String("none")));
     QCOMPARE(ProjectManager::currentProject(), before);
 }

@@ -1,7 +1,7 @@
 #include "core/viewmanager.h"
 
 #include "core/iview.h"
-#include "host/core/viewmanager_p.h"
+#include "host/core/viewarea.h"
 #include "support/modaldriver.h"
 
 #include <QCloseEvent>
@@ -56,7 +56,7 @@ private:
     void deleteDeferred() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     ViewManager *const m_manager = ViewManager::instance();
-    ViewManagerPrivate *const m_host = ViewManagerPrivate::get();
+    ViewArea *const m_host = ViewArea::get();
     QStringList m_log;
 
 private slots:

@@ -1,8 +1,8 @@
 #include "dev/devicedb.h"
 
 #include "core/idecore.h"
-#include "host/dev/devicedb_p.h"
-#include "host/te/proinfomanager_p.h"
+#include "host/dev/devicecatalogue.h"
+#include "host/te/deviceselection.h"
 #include "support/testhost.h"
 #include "te/proinfomanager.h"
 #include "zum/voltage.h"
@@ -33,12 +33,12 @@ void TestDeviceDb::initTestCase()
 {
     // Before anything asks for the data base, which reads the user's file once.
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_home.path()));
-    QVERIFY(QDir().mkpath(QFileInfo(DeviceDbPrivate::userFile()).absolutePath()));
-    QFile file(DeviceDbPrivate::userFile());
+    QVERIFY(QDir().mkpath(QFileInfo(DeviceCatalogue::userFile()).absolutePath()));
+    QFile file(DeviceCatalogue::userFile());
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("{\"devices\": [");
     file.close();
-    const QString error = DeviceDbPrivate::get()->userFileError();
+    const QString error = DeviceCatalogue::get()->userFileError();
     QVERIFY2(error.contains(QLatin1String("devices.json")), qPrintable(error));
 }
 
@@ -47,7 +47,7 @@ void TestDeviceDb::coversEveryCaseOfSupplies()
 {
     QSet<QString> cases;
     int listed = 0;
-    for (const Device &device : DeviceDbPrivate::get()->devices()) {
+    for (const Device &device : DeviceCatalogue::get()->devices()) {
         const ZUM::Voltage v(device.arg.partName, device.arg.packageName);
         QString text;
         text += v.getVCCDefaultValue().isEmpty() ? QString() : QStringLiteral("V ");
@@ -85,7 +85,7 @@ void TestDeviceDb::answersForTheProjectsDevice()
 void TestDeviceDb::addsDevices()
 {
     TestHost host;
-    DeviceDbPrivate *db = DeviceDbPrivate::get();
+    DeviceCatalogue *db = DeviceCatalogue::get();
     const DeviceArg *kept =
         Core::IdeCore::deviceDataBase()->findByID(QStringLiteral("QF1-05-LQ144"));
     QString error;
@@ -106,7 +106,7 @@ void TestDeviceDb::addsDevices()
 void TestDeviceDb::tellsWhatIsWrong()
 {
     TestHost host;
-    const std::size_t count = DeviceDbPrivate::get()->devices().size();
+    const std::size_t count = DeviceCatalogue::get()->devices().size();
     const QPair<QByteArray, const char *> cases[] = {
         {"5", "\"voltage\""},
         {R"({"vcc": {"min": "a", "max": 2, "default": 1}})", "\"vcc\""},
@@ -121,12 +121,12 @@ void TestDeviceDb::tellsWhatIsWrong()
                                         R"({"id": "i", "partName": "p", "voltage": )" +
                                             voltage + "}]}");
         QString error;
-        QVERIFY2(!DeviceDbPrivate::get()->addFile(path, &error), cause);
+        QVERIFY2(!DeviceCatalogue::get()->addFile(path, &error), cause);
         QVERIFY2(error.contains(QLatin1String("bad.json")) &&
                      error.contains(QLatin1String("device 2")) &&
                      error.contains(QLatin1String(cause)),
                  qPrintable(error));
-        QCOMPARE(DeviceDbPrivate::get()->devices().size(), count);
+        QCOMPARE(DeviceCatalogue::get()->devices().size(), count);
     }
 }
 

@@ -1,4 +1,4 @@
-#include "host/nlsdata/celllibrary_p.h"
+#include "host/nlsdata/celllibrary.h"
 
 #include <QFile>
 #include <QTemporaryDir>

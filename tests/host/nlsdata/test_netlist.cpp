@@ -2,7 +2,7 @@
 
 #include "support/netlistjson.h"
 
-#include "host/nlsdata/netlistreader_p.h"
+#include "host/nlsdata/readnetlist.h"
 
 #include <QtTest>
 

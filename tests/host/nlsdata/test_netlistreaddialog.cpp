@@ -1,9 +1,9 @@
-#include "host/nlsdata/netlistreaddialog_p.h"
+#include "host/nlsdata/netlistreaddialog.h"
 
 #include "support/modaldriver.h"
 #include "support/netlistjson.h"
 
-#include "host/nlsdata/readcontrol_p.h"
+#include "host/nlsdata/readcontrol.h"
 #include "nlsdata/netlist.h"
 
 #include <QDialog>

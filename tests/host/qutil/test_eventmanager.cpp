@@ -1,6 +1,6 @@
 #include "qutil/eventmanager.h"
 
-#include "host/qutil/eventmanager_p.h"
+#include "host/qutil/eventbus.h"
 #include "qutil/ievent.h"
 #include "qutil/ieventhandler.h"
 
@@ -44,7 +44,7 @@ private:
 
 void deliver(const QString &n = QString())
 {
-    EventManagerPrivate::get()->deliver(IEvent(TYPE, {{QStringLiteral("n"), n}}));
+    EventBus::get()->deliver(IEvent(TYPE, {{QStringLiteral("n"), n}}));
 }
 
 } // namespace
@@ -54,7 +54,7 @@ class TestEventManager : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup() { QCOMPARE(EventManagerPrivate::get()->subscriberCount(TYPE), 0); }
+    void cleanup() { QCOMPARE(EventBus::get()->subscriberCount(TYPE), 0); }
     void deliversByTypeOncePerHandler();
     void survivesHandlersThatGo();
     void leavesNewHandlersOutAndNobodyElse();
@@ -69,7 +69,7 @@ void TestEventManager::deliversByTypeOncePerHandler()
     EventManager::instance()->subscribe(&a, TYPE);
     EventManager::instance()->subscribe(nullptr, TYPE);
     EventManager::instance()->unsubscribe(&b, QStringLiteral("TEST.EVENT"));
-    EventManagerPrivate::get()->deliver(IEvent(QStringLiteral("Test.Event")));
+    EventBus::get()->deliver(IEvent(QStringLiteral("Test.Event")));
     deliver();
     QCOMPARE(log.join(QLatin1Char(' ')), QStringLiteral("a b"));
 }
@@ -108,7 +108,7 @@ void TestEventManager::leavesNewHandlersOutAndNobodyElse()
     auto event = std::make_unique<IEvent>(TYPE, QVariantMap{{QStringLiteral("n"), 7}});
     Handler c("c", &log, [&] { event.reset(); });
     Handler d("d", &log);
-    EventManagerPrivate::get()->deliver(*event);
+    EventBus::get()->deliver(*event);
     QCOMPARE(log.join(QLatin1Char(' ')), QStringLiteral("a7 b7 c7 d7"));
 }
 

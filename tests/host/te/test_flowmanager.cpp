@@ -1,6 +1,6 @@
-#include "host/te/flowmanager_p.h"
+#include "host/te/flowcontrol.h"
 
-#include "host/core/projectmanager_p.h"
+#include "host/core/projectsession.h"
 #include "qutil/eventmanager.h"
 #include "qutil/ievent.h"
 #include "qutil/ieventhandler.h"
@@ -13,7 +13,7 @@
 
 #include <cstdio>
 
-using TE::FlowManagerPrivate;
+using TE::FlowControl;
 
 namespace {
 
@@ -71,7 +71,7 @@ private slots:
     void startsAgainFromItsOwnEvent();
 
 private:
-    FlowManagerPrivate *const m_flow = FlowManagerPrivate::get();
+    FlowControl *const m_flow = FlowControl::get();
 };
 
 void TestFlowManager::runsInTheProjectFolder()
@@ -81,9 +81,9 @@ void TestFlowManager::runsInTheProjectFolder()
     host.write(QStringLiteral("synth.sh"),
                "echo \"out $1\"\necho err >&2\npwd\nprintf 'cr\\r\\n\\nno end'\n"
                "echo new > impl/netlist.json\n");
-    Core::ProjectManagerPrivate::get()->open(
+    Core::ProjectSession::get()->open(
         host.write(QStringLiteral("p.fpgaproj"), projectText(QStringLiteral("sh"))), nullptr);
-    QSignalSpy output(m_flow, &FlowManagerPrivate::output);
+    QSignalSpy output(m_flow, &FlowControl::output);
     States states;
     QString error;
     QVERIFY2(m_flow->start(&error), qPrintable(error));
@@ -124,9 +124,9 @@ void TestFlowManager::failsPlainly()
     QFETCH(QString, cause);
     TestHost host;
     host.write(QStringLiteral("synth.sh"), script);
-    Core::ProjectManagerPrivate::get()->open(
+    Core::ProjectSession::get()->open(
         host.write(QStringLiteral("p.fpgaproj"), projectText(program)), nullptr);
-    QSignalSpy messages(m_flow, &FlowManagerPrivate::message);
+    QSignalSpy messages(m_flow, &FlowControl::message);
     States states;
     QString error;
     if (m_flow->start(&error)) {
@@ -157,14 +157,14 @@ void TestFlowManager::stopsTheWholeTree()
     TestHost host;
     host.write(QStringLiteral("synth.sh"), "echo cut > impl/netlist.json\n" + script);
     States states;
-    QSignalSpy output(m_flow, &FlowManagerPrivate::output);
-    QSignalSpy messages(m_flow, &FlowManagerPrivate::message);
+    QSignalSpy output(m_flow, &FlowControl::output);
+    QSignalSpy messages(m_flow, &FlowControl::message);
     QVERIFY(m_flow->start(nullptr));
     QTRY_COMPARE(output.count(), 1);
     const QByteArray child = output.first().first().toString().toLatin1();
     QVERIFY(isAlive(child));
     if (qstrcmp(QTest::currentDataTag(), "project closed") == 0) {
-        Core::ProjectManagerPrivate::get()->close();
+        Core::ProjectSession::get()->close();
         QTRY_VERIFY(!isAlive(child));
         QVERIFY(!m_flow->isRunning());
         QVERIFY(!m_flow->start(nullptr));

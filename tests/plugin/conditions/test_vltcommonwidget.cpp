@@ -1,7 +1,7 @@
 #include "conditionspage.h"
 #include "frame/vltsettingplugin.h"
 
-#include "host/core/viewmanager_p.h"
+#include "host/core/viewarea.h"
 
 #include <QTabWidget>
 #include <QtTest>

@@ -4,7 +4,7 @@
 #include "support/testhost.h"
 
 #include "core/projectmanager.h"
-#include "host/core/project_p.h"
+#include "host/core/projectfile.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -78,7 +78,7 @@ void TestNewFileDialog::createsTheFileInANewFolder()
     QCOMPARE(host.read(QStringLiteral("new/folder/a.vlr.vlr")),
              QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
                         "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>\n<Config/>"));
-    const auto files = Core::ProjectPrivate::of(Core::ProjectManager::currentProject())->files();
+    const auto files = Core::ProjectFile::of(Core::ProjectManager::currentProject())->files();
     QVERIFY(files.contains(host.path(QStringLiteral("new/folder/a.vlr.vlr"))));
 }
 

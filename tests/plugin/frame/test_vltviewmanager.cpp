@@ -7,8 +7,8 @@
 
 #include "core/constants.h"
 #include "core/viewmanager.h"
-#include "host/core/actionmanager_p.h"
-#include "host/core/viewmanager_p.h"
+#include "host/core/commandregistry.h"
+#include "host/core/viewarea.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -44,8 +44,7 @@ private slots:
 private:
     QAction *saveCommand() const
     {
-        return Core::ActionManagerPrivate::command(
-            QString::fromLatin1(Core::Constants::A_FILE_SAVE));
+        return Core::CommandRegistry::command(QString::fromLatin1(Core::Constants::A_FILE_SAVE));
     }
     VLT::VLTView *open(const char *name)
     {

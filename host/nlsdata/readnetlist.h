@@ -1,15 +1,26 @@
 #pragma once
 
-#include "designplan_p.h"
 #include "hostexport.h"
 #include "nlsdata/netlistreader.h"
 
+#include <QString>
+
 #include <memory>
+#include <string_view>
 
 namespace NlsData {
 
+class CellLibrary;
 class Netlist;
 class ReadControl;
+
+/// What a design may grow to: hierarchy multiplies, and a small file can stand for more objects
+/// than any memory holds.
+struct ElaborationLimits
+{
+    quint64 objects = 50000000; ///< instances and nets together
+    int depth = 256;            ///< levels of hierarchy
+};
 
 struct ReadOptions
 {

@@ -13,12 +13,12 @@ class QAction;
 namespace Core {
 
 /// The host's side of the action manager: the commands that menus show.
-class HOST_EXPORT ActionManagerPrivate : public QObject
+class HOST_EXPORT CommandRegistry : public QObject
 {
     Q_OBJECT
 
 public:
-    static ActionManagerPrivate *get();
+    static CommandRegistry *get();
 
     /// The command `id`, created at the first call and owned by the manager. It shows text, tool
     /// tip and enabled state of the registered action whose context is active and triggers it;
@@ -43,7 +43,7 @@ private:
         QList<Registration> registrations;
     };
 
-    ActionManagerPrivate();
+    CommandRegistry();
     Command &find(const QString &id);
     QAction *activeAction(const QString &id) const;
     void update(const QString &id);

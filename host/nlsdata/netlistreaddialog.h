@@ -1,6 +1,6 @@
 #pragma once
 
-#include "netlistreader_p.h"
+#include "readnetlist.h"
 
 #include <QDialog>
 #include <QTimer>

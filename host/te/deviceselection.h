@@ -8,10 +8,10 @@ namespace TE {
 
 /// The host's side of the project information. The device is the open project's; without a project
 /// it is kept here until the process ends.
-class HOST_EXPORT ProInfoManagerPrivate
+class HOST_EXPORT DeviceSelection
 {
 public:
-    static ProInfoManagerPrivate *get();
+    static DeviceSelection *get();
 
     QString deviceID() const;
 

@@ -12,12 +12,12 @@ namespace Core {
 class Project;
 
 /// The host's side of the project manager. One project is open at a time.
-class HOST_EXPORT ProjectManagerPrivate : public QObject
+class HOST_EXPORT ProjectSession : public QObject
 {
     Q_OBJECT
 
 public:
-    static ProjectManagerPrivate *get();
+    static ProjectSession *get();
 
     /// Opens a project in place of the current one. On failure gives null and one sentence in
     /// `error`, and the current project stays.
@@ -31,7 +31,7 @@ signals:
     void currentProjectChanged();
 
 private:
-    ProjectManagerPrivate() = default;
+    ProjectSession() = default;
     void setCurrent(std::unique_ptr<Project> project);
 
     std::unique_ptr<Project> m_current;

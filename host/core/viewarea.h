@@ -18,12 +18,12 @@ class ViewManager;
 
 /// The host's side of the view manager. Without an area of the program's it shows the views in a
 /// tab widget of its own, which has no window around it.
-class HOST_EXPORT ViewManagerPrivate : public QObject
+class HOST_EXPORT ViewArea : public QObject
 {
     Q_OBJECT
 
 public:
-    static ViewManagerPrivate *get();
+    static ViewArea *get();
     ViewManager *manager() const { return m_manager; }
 
     /// Where views are shown from now on; not owned. To be set before the first view is shown.
@@ -66,7 +66,7 @@ private:
         QString name;
     };
 
-    ViewManagerPrivate();
+    ViewArea();
     void handleCloseEvent(IView *view, QEvent *event);
     void finishClose(IView *view);
     void deleteAtLevel(IView *view, int level);

@@ -19,7 +19,7 @@ class ResultWatcher;
 /// Every change of state is raised as the event "TE.Process.Status.Change" with the values
 /// "process" = "Process.Syn" and "status", the number of the state. A run that fails or is stopped
 /// leaves the result files as they were before it.
-class HOST_EXPORT FlowManagerPrivate : public QObject
+class HOST_EXPORT FlowControl : public QObject
 {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ public:
     };
     Q_ENUM(Status)
 
-    static FlowManagerPrivate *get();
+    static FlowControl *get();
     FlowManager *manager() const { return m_manager; }
 
     QString resultFile(const QString &key) const;
@@ -58,11 +58,11 @@ signals:
 
     /// One sentence for the user about the state that was reached.
     void message(const QString &text);
-    void statusChanged(TE::FlowManagerPrivate::Status status);
+    void statusChanged(TE::FlowControl::Status status);
 
 private:
-    FlowManagerPrivate();
-    ~FlowManagerPrivate() override;
+    FlowControl();
+    ~FlowControl() override;
     void setStatus(Status status, const QString &text);
     void endRun(bool keepResults);
     void onProjectChanged();

@@ -12,10 +12,10 @@ class IEvent;
 class IEventHandler;
 
 /// The host's side of the event bus.
-class HOST_EXPORT EventManagerPrivate
+class HOST_EXPORT EventBus
 {
 public:
-    static EventManagerPrivate *get();
+    static EventBus *get();
 
     /// Calls, in order of subscription and before it returns, every handler that was subscribed to
     /// the event's type when the delivery began and still is when its turn comes. Deliveries may

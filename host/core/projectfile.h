@@ -20,7 +20,7 @@ class Project;
 ///
 /// Paths are relative to the project file's folder. Members that are not listed are kept. Every
 /// change is saved at once.
-class HOST_EXPORT ProjectPrivate : public QObject
+class HOST_EXPORT ProjectFile : public QObject
 {
     Q_OBJECT
 
@@ -28,7 +28,7 @@ public:
     /// Reads a project file. Null on failure, with one sentence in `error` that names the file.
     static std::unique_ptr<Project> load(const QString &path, QString *error);
 
-    static ProjectPrivate *of(const Project *project);
+    static ProjectFile *of(const Project *project);
 
     /// Absolute path of the project file, and of its folder, the working folder of the flow.
     QString path() const { return m_path; }
@@ -65,7 +65,7 @@ signals:
     void saveFailed(const QString &message);
 
 private:
-    ProjectPrivate(const QString &path, const QJsonObject &data);
+    ProjectFile(const QString &path, const QJsonObject &data);
     QStringList absolutePaths(const QString &member) const;
     QString absolutePath(const QString &path) const;
     void update(const QJsonObject &data);

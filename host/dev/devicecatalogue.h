@@ -41,10 +41,10 @@ struct Device
 };
 
 /// The host's side of the device database: the catalogue that ships, and the user's additions.
-class HOST_EXPORT DeviceDbPrivate
+class HOST_EXPORT DeviceCatalogue
 {
 public:
-    static DeviceDbPrivate *get();
+    static DeviceCatalogue *get();
     DeviceDb *dataBase() const { return m_dataBase; }
 
     /// In the order of the catalogue. Devices stay where they are once they are known.
@@ -66,7 +66,7 @@ public:
     QString userFileError() const { return m_userFileError; }
 
 private:
-    DeviceDbPrivate();
+    DeviceCatalogue();
 
     DeviceDb *const m_dataBase;
     std::deque<Device> m_devices;
