@@ -3,11 +3,11 @@
 #include "suite.h"
 #include "works.h"
 
-#include "activity/nlsdatafinderdialog.h"
 #include "nlsdata/findnetdialog.h"
 #include "nlsdata/netlist.h"
 #include "nlsdata/netlistreader.h"
 #include "rates/moduleinstselectdialog.h"
+#include "tables/nlsdatafinderdialog.h"
 
 #include <QApplication>
 #include <QDialog>

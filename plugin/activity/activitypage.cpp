@@ -1,6 +1,6 @@
 #include "activity/activitypage.h"
 
-#include "document/vltview.h"
+#include "tables/document.h"
 #include "widgets/guardeddialog.h"
 #include "widgets/waitcursor.h"
 
@@ -8,14 +8,14 @@ namespace VLT {
 
 void ActivityPage::modified()
 {
-    view()->setModified(true);
+    document()->setModified(true);
 }
 
 void ActivityPage::find(NlsDataFinderDialog::FindType type,
                         const std::function<void(const NlsDataFinderDialog &)> &add)
 {
     // A synthesis run may give the view another netlist while the finder is open.
-    const auto netlist = view()->holdNetlist();
+    const auto netlist = document()->holdNetlist();
     GuardedDialog finder(new NlsDataFinderDialog(this, netlist.get(), type));
     if (!finder.exec())
         return;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "activity/nlsdatafinderdialog.h"
-#include "activity/section.h"
+#include "config/section.h"
+#include "tables/nlsdatafinderdialog.h"
 #include "tables/recordlist.h"
 #include "tables/tablepage.h"
 

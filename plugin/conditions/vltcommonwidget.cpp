@@ -1,7 +1,6 @@
 #include "conditions/vltcommonwidget.h"
 
-#include "document/vltview.h"
-#include "frame/vltviewmanager.h"
+#include "tables/document.h"
 #include "ui_vltcommonwidget.h"
 #include "widgets/wheelguard.h"
 
@@ -57,7 +56,7 @@ void alignColumns(const QVector<Grid> &grids)
 
 VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
     : QWidget(parent)
-    , m_view(view)
+    , m_document(documentOf(view))
     , m_ui(std::make_unique<Ui::VLTSettingWidget>())
 {
     QUtil::EventManager::instance()->subscribe(this, deviceChangeEvent());
@@ -110,7 +109,7 @@ void VLTSettingWidget::connectFields()
 
 void VLTSettingWidget::modified()
 {
-    m_view->setModified(true);
+    m_document->setModified(true);
 }
 
 // A given junction temperature overrides everything; otherwise theta JA overrides heat sink and
@@ -191,10 +190,7 @@ void VLTSettingWidget::handleIEvent(const QUtil::IEvent *event)
             devices->findByID(TE::ProInfoManager::instance()->deviceID());
         return;
     }
-    m_view->abandonEdits();
-    m_view->setModified(false);
-    // Closing may destroy the view and this page: nothing may follow.
-    VLTViewManager::closeView(m_view->file());
+    m_document->closeWithoutQuestion();
 }
 
 } // namespace VLT

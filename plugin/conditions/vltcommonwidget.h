@@ -17,6 +17,7 @@ class Voltage;
 
 namespace VLT {
 
+class Document;
 class VLTView;
 
 namespace Ui {
@@ -77,7 +78,7 @@ private:
     void writeHeatSink(QXmlStreamWriter *writer) const;
     void writeBoard(QXmlStreamWriter *writer) const;
 
-    VLTView *const m_view;
+    Document *const m_document;
     const std::unique_ptr<Ui::VLTSettingWidget> m_ui;
     std::unique_ptr<ZUM::Voltage> m_voltage; ///< null until a chip with supply data was seen
     DEV::ChipInfo m_chipInfo;

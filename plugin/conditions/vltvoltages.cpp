@@ -3,7 +3,6 @@
 #include "conditions/vltcommonwidget.h"
 
 #include "config/plainnumber.h"
-#include "document/vltview.h"
 #include "ui_vltcommonwidget.h"
 
 #include "te/proinfomanager.h"

@@ -37,6 +37,11 @@ constexpr int PROCESS_FINISHED = 2;
 
 } // namespace
 
+Document *documentOf(VLTView *view)
+{
+    return view;
+}
+
 VLTView::VLTView(DEV::DeviceArg device, NlsData::Netlist *netlist)
     : m_netlist(netlist)
 {
@@ -155,6 +160,13 @@ void VLTView::showChangedBanner()
 void VLTView::onOkBtn()
 {
     m_banner->hide();
+}
+
+void VLTView::closeWithoutQuestion()
+{
+    abandonEdits();
+    setModified(false);
+    emit closeRequested(m_file);
 }
 
 void VLTView::abandonEdits()

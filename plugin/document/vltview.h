@@ -1,6 +1,7 @@
 #pragma once
 
-#include "frame/vltexport.h"
+#include "config/vltexport.h"
+#include "tables/document.h"
 
 #include "core/iview.h"
 #include "dev/devicearg.h"
@@ -29,7 +30,7 @@ class ChangedBanner;
 
 /// The open document: a configuration file with its pages and the netlist that they pick objects
 /// from. Created by the view manager, owned by the environment once it is shown.
-class VLTView : public Core::IView, public QUtil::IEventHandler
+class VLTView : public Core::IView, public QUtil::IEventHandler, public Document
 {
     Q_OBJECT
 
@@ -41,17 +42,14 @@ public:
     void setDevice(DEV::DeviceArg device);
     QString file() const { return m_file; }
     bool isModified() const { return m_modified; }
-    VLT_EXPORT void setModified(bool modified);
+    VLT_EXPORT void setModified(bool modified) override;
 
     /// Shows the file's name, with "*" when modified, as window title and tab text.
     void setTitle();
 
-    /// The current netlist; ask for it each time, since a synthesis run replaces it.
-    NlsData::Netlist *getNetlist() const { return m_netlist.get(); }
-
-    /// The current netlist for as long as the caller keeps the pointer. Whoever runs an event loop
-    /// while it works on the netlist's objects holds one: the view may get a new netlist meanwhile.
-    std::shared_ptr<NlsData::Netlist> holdNetlist() const { return m_netlist; }
+    NlsData::Netlist *getNetlist() const override { return m_netlist.get(); }
+    std::shared_ptr<NlsData::Netlist> holdNetlist() const override { return m_netlist; }
+    void closeWithoutQuestion() override;
 
     /// Asks for the supply data of the current chip and shows its supplies; false without data.
     bool getVoltageInfo();
@@ -73,6 +71,9 @@ public:
 
 signals:
     void modificationStatusChanged(bool b);
+
+    /// For the view manager: the file's view is to be closed. It may be gone afterwards.
+    void closeRequested(const QString &file);
 
 protected:
     void closeEvent(QCloseEvent *event) override;

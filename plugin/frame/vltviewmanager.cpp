@@ -92,6 +92,7 @@ void VLTViewManagerPrivate::placeVLTView(VLTView *view)
     // The slot looks at its sender, so it is connected itself.
     QObject::connect(view, SIGNAL(modificationStatusChanged(bool)), manager,
                      SLOT(onVLTViewModified(bool)));
+    QObject::connect(view, &VLTView::closeRequested, manager, &VLTViewManager::closeView);
     Core::ViewManager::instance()->registerContext(view, QString::fromLatin1(VLTINS_CONTEXT), true);
     Core::ViewManager::instance()->showView(view);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "config/vltexport.h"
 #include "dev/devicearg.h"
-#include "frame/vltexport.h"
 
 #include <QList>
 #include <QObject>

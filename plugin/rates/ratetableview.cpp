@@ -1,8 +1,8 @@
 #include "rates/ratetableview.h"
 
-#include "activity/nlsdatafinderdialog.h"
-#include "document/vltview.h"
+#include "tables/document.h"
 #include "tables/doubledelegate.h"
+#include "tables/nlsdatafinderdialog.h"
 #include "widgets/guardeddialog.h"
 #include "widgets/waitcursor.h"
 
@@ -57,7 +57,7 @@ void RateTableView::resetValue()
     for (VLT_Rate *rate : m_records.list())
         rate->value.clear();
     m_table->viewport()->update();
-    view()->setModified(true);
+    document()->setModified(true);
 }
 
 QSize RateTableView::sizeHint() const
@@ -77,7 +77,7 @@ void RateTableView::addNets()
 {
     const QPointer<RateTableView> self(this);
     // Kept while the chosen nets are used: a synthesis run may replace the view's netlist.
-    const auto netlist = view()->holdNetlist();
+    const auto netlist = document()->holdNetlist();
     if (!netlist)
         return;
     const QList<NlsData::Net *> all = [&netlist] {
@@ -95,7 +95,7 @@ void RateTableView::addNets()
 
 void RateTableView::addPorts()
 {
-    const auto netlist = view()->holdNetlist();
+    const auto netlist = document()->holdNetlist();
     GuardedDialog<NlsDataFinderDialog> finder(
         new NlsDataFinderDialog(this, netlist.get(), NlsDataFinderDialog::FindPort));
     if (!finder.exec())
@@ -112,7 +112,7 @@ void RateTableView::addRate(const QString &name)
     if (isExist(name))
         return;
     m_records.append(std::make_unique<VLT_Rate>(VLT_Rate{name, QString()}));
-    view()->setModified(true);
+    document()->setModified(true);
 }
 
 void RateTableView::onShowContextMenu(QPoint point)

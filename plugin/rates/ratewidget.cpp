@@ -1,9 +1,9 @@
 #include "rates/ratewidget.h"
 
-#include "activity/section.h"
 #include "config/filenames.h"
-#include "document/vltview.h"
+#include "config/section.h"
 #include "rates/ratetableview.h"
+#include "tables/document.h"
 #include "ui_ratewidget.h"
 #include "widgets/plainmessage.h"
 
@@ -22,7 +22,7 @@ const QString TYPE_SIGNAL = QStringLiteral("signal");
 
 RateWidget::RateWidget(VLTView *view, QWidget *parent)
     : QWidget(parent)
-    , m_view(view)
+    , m_document(documentOf(view))
     , m_ui(std::make_unique<Ui::NetRateEditor>())
 {
     m_ui->setupUi(this);
@@ -95,7 +95,7 @@ bool RateWidget::checkValues(const RateTableView *table, const QString &text)
 
 void RateWidget::modified()
 {
-    m_view->setModified(true);
+    m_document->setModified(true);
 }
 
 void RateWidget::onVectorlessChanged(bool vectorless)

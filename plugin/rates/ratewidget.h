@@ -14,6 +14,7 @@ namespace Ui {
 class NetRateEditor;
 }
 
+class Document;
 class RateTableView;
 class VLTView;
 
@@ -43,7 +44,7 @@ private:
     bool checkValues(const RateTableView *table, const QString &text);
     void changeUnit(RateTableView *table, QRadioButton *toggle, QRadioButton *signal);
 
-    VLTView *const m_view;
+    Document *const m_document;
     const std::unique_ptr<Ui::NetRateEditor> m_ui;
 };
 

@@ -1,9 +1,9 @@
 #include "rates/vcdfilesetdialog.h"
 
 #include "config/plainnumber.h"
-#include "document/vltview.h"
 #include "rates/moduleinstselectdialog.h"
 #include "rates/vltvcdfile.h"
+#include "tables/document.h"
 #include "ui_vcdfilesetdialog.h"
 #include "widgets/plainmessage.h"
 
@@ -40,7 +40,7 @@ public:
 VcdFileSetDialog::VcdFileSetDialog(VLTView *view, QWidget *parent, VLT_VcdFile *record)
     : QDialog(parent)
     , m_ui(std::make_unique<Ui::VcdFileSetDialog>())
-    , m_view(view)
+    , m_document(documentOf(view))
     , m_record(record)
 {
     m_ui->setupUi(this);
@@ -88,7 +88,7 @@ void VcdFileSetDialog::onBtnSelectInstance()
 {
     const QPointer<VcdFileSetDialog> self(this);
     const QPointer<ModuleInstSelectDialog> dialog =
-        new ModuleInstSelectDialog(this, m_view->getNetlist(), true);
+        new ModuleInstSelectDialog(this, m_document->getNetlist(), true);
     const bool accepted = dialog->exec() == QDialog::Accepted;
     if (!self || !dialog)
         return;

@@ -10,6 +10,7 @@ namespace Ui {
 class VcdFileSetDialog;
 }
 
+class Document;
 class VLTView;
 struct VLT_VcdFile;
 
@@ -41,7 +42,7 @@ private:
     bool checkTimes(const QString &start, const QString &end);
 
     const std::unique_ptr<Ui::VcdFileSetDialog> m_ui;
-    VLTView *const m_view;
+    Document *const m_document;
     VLT_VcdFile *m_record;
 };
 

@@ -1,10 +1,10 @@
 #include "rates/vcdfilewidget.h"
 
-#include "activity/section.h"
 #include "config/filenames.h"
 #include "config/plainnumber.h"
-#include "document/vltview.h"
+#include "config/section.h"
 #include "rates/vcdfilesetdialog.h"
+#include "tables/document.h"
 #include "ui_vcdfilewidget.h"
 #include "widgets/guardeddialog.h"
 #include "widgets/plainmessage.h"
@@ -36,6 +36,7 @@ const QString FLAG_FALSE = QStringLiteral("FALSE");
 
 VcdFileWidget::VcdFileWidget(VLTView *view, QWidget *parent)
     : TablePage(view, parent)
+    , m_view(view)
     , m_model(m_records.list(), this)
     , m_ui(std::make_unique<Ui::VcdFileTableView>())
 {
@@ -159,7 +160,7 @@ void VcdFileWidget::writeFile(QXmlStreamWriter *writer, const VLT_VcdFile &file)
 
 QString VcdFileWidget::designName() const
 {
-    const NlsData::Netlist *netlist = view()->getNetlist();
+    const NlsData::Netlist *netlist = document()->getNetlist();
     return netlist ? netlist->name() : QString();
 }
 
@@ -181,12 +182,12 @@ bool VcdFileWidget::checkData()
 
 void VcdFileWidget::modified()
 {
-    view()->setModified(true);
+    document()->setModified(true);
 }
 
 void VcdFileWidget::onNew()
 {
-    GuardedDialog<VcdFileSetDialog> dialog(new VcdFileSetDialog(view(), this, nullptr));
+    GuardedDialog<VcdFileSetDialog> dialog(new VcdFileSetDialog(m_view, this, nullptr));
     if (!dialog.exec())
         return;
     const int oldCount = m_records.list().size();
@@ -200,7 +201,7 @@ void VcdFileWidget::onEditData(QModelIndex index)
     VLT_VcdFile *file = m_records.list().value(index.isValid() ? index.row() : -1);
     if (!file)
         return;
-    GuardedDialog<VcdFileSetDialog> dialog(new VcdFileSetDialog(view(), this, file));
+    GuardedDialog<VcdFileSetDialog> dialog(new VcdFileSetDialog(m_view, this, file));
     if (!dialog.exec())
         return;
     m_model.updateRow(m_records.list().indexOf(file));

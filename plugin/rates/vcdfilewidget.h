@@ -66,6 +66,7 @@ private:
     void writeFile(QXmlStreamWriter *writer, const VLT_VcdFile &file) const;
     QString designName() const;
 
+    VLTView *const m_view; // for the dialog
     RecordList<VLT_VcdFile> m_records;
     VcdFileModel m_model;
     const std::unique_ptr<Ui::VcdFileTableView> m_ui;

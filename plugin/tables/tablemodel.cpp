@@ -1,12 +1,12 @@
 #include "tables/tablemodel.h"
 
-#include "document/vltview.h"
+#include "tables/document.h"
 
 namespace VLT {
 
 TableModel::TableModel(VLTView *view, QObject *parent)
     : QAbstractTableModel(parent)
-    , m_view(view)
+    , m_document(documentOf(view))
 {
 }
 
@@ -18,8 +18,8 @@ void TableModel::reload()
 
 void TableModel::markModified()
 {
-    if (m_view)
-        m_view->setModified(true);
+    if (m_document)
+        m_document->setModified(true);
 }
 
 } // namespace VLT

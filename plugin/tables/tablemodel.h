@@ -5,6 +5,7 @@
 
 namespace VLT {
 
+class Document;
 class VLTView;
 
 /// What a page needs of its model without knowing the record; see RecordModel.
@@ -23,7 +24,7 @@ public:
     virtual void removeRecords(const QVector<int> &rows) = 0;
 
     /// The document that edits mark as modified; not owned, null for a table without edits.
-    void setView(VLTView *view) { m_view = view; }
+    void setDocument(Document *document) { m_document = document; }
 
 signals:
     /// Around a sort that does reorder rows, which the model tells only by `dataChanged`: an index
@@ -40,7 +41,7 @@ protected:
     void markModified();
 
 private:
-    VLTView *m_view;
+    Document *m_document;
 };
 
 } // namespace VLT

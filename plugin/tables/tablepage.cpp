@@ -1,6 +1,6 @@
 #include "tables/tablepage.h"
 
-#include "document/vltview.h"
+#include "tables/document.h"
 #include "tables/doubledelegate.h"
 #include "tables/rowselection.h"
 #include "widgets/plainmessage.h"
@@ -15,7 +15,7 @@ namespace VLT {
 
 TablePage::TablePage(VLTView *view, QWidget *parent)
     : QWidget(parent)
-    , m_view(view)
+    , m_document(documentOf(view))
 {
 }
 
@@ -30,8 +30,8 @@ TablePage::~TablePage()
 
 void TablePage::setView(VLTView *view)
 {
-    m_view = view;
-    m_model->setView(view);
+    m_document = documentOf(view);
+    m_model->setDocument(m_document);
 }
 
 void TablePage::setUpTable(QTableView *table, TableModel *model, const QVector<int> &widths,
@@ -99,7 +99,7 @@ void TablePage::onRemove()
     selection->clearSelection();
     const int next = qMin(rows.first(), m_model->rowCount() - 1);
     selection->setCurrentIndex(m_model->index(next, 0), QItemSelectionModel::NoUpdate);
-    m_view->setModified(true);
+    m_document->setModified(true);
 }
 
 void TablePage::showMenu(const QPoint &globalPos)

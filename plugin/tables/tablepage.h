@@ -13,6 +13,7 @@ class QMenu;
 
 namespace VLT {
 
+class Document;
 class DoubleEditorDelegate;
 class VLTView;
 
@@ -52,7 +53,7 @@ protected:
     /// `view` is not owned and outlives the page.
     TablePage(VLTView *view, QWidget *parent);
 
-    VLTView *view() const { return m_view; }
+    Document *document() const { return m_document; }
     void setView(VLTView *view);
 
     /// To be called once, before `connectCommands`. `widths` are those of the first columns, in
@@ -87,7 +88,7 @@ protected:
     void showAdded(int oldCount);
 
 private:
-    VLTView *m_view;
+    Document *m_document;
     QTableView *m_table = nullptr;
     TableModel *m_model = nullptr;
     DoubleEditorDelegate *m_delegate = nullptr;

@@ -1,4 +1,4 @@
-#include "activity/nlsdatafinderdialog.h"
+#include "tables/nlsdatafinderdialog.h"
 
 #include "tables/rowselection.h"
 #include "ui_nlsdatafinderdialog.h"

@@ -1,8 +1,8 @@
-#include "activitynetlist.h"
+#include "plugin/activity/activitynetlist.h"
 
-#include "activity/nlsdatafinderdialog.h"
 #include "nlsdata/netlistreader.h"
 #include "support/netlistjson.h"
+#include "tables/nlsdatafinderdialog.h"
 
 #include <QtTest>
 #include <QtWidgets>
