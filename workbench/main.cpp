@@ -1,12 +1,13 @@
+#include "workbench/application.h"
 #include "workbench/commandline.h"
 #include "workbench/session.h"
-#include "workbench/tour/tour.h"
 
 #include "host/nlsdata/netlistinfo.h"
 
 #include <QApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QProcess>
 
 #include <cstdio>
 
@@ -14,21 +15,12 @@ using namespace Workbench;
 
 namespace {
 
-constexpr int BadUsageStatus = 2;
-
 QStringList argumentList(int argc, char *argv[])
 {
     QStringList result;
     for (int i = 0; i < argc; ++i)
         result.append(QString::fromLocal8Bit(argv[i]));
     return result;
-}
-
-void describeApplication()
-{
-    QCoreApplication::setApplicationName(QStringLiteral("workbench"));
-    QCoreApplication::setOrganizationName(QStringLiteral("workbench"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(WORKBENCH_VERSION));
 }
 
 // Tasks that need no window and no display.
@@ -72,9 +64,18 @@ int showWindow(const CommandLine &commandLine)
     return QApplication::exec();
 }
 
-bool hasDisplay()
+// The tour is a program of its own, which is installed beside this one.
+int runTour(const CommandLine &commandLine)
 {
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    const QString program =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/workbench-tour");
+    QStringList arguments{commandLine.tourFolder};
+    if (!commandLine.plugins.isEmpty())
+        arguments << QStringLiteral("--plugins") << commandLine.plugins;
+    const int status = QProcess::execute(program, arguments);
+    if (status < 0)
+        std::fprintf(stderr, "workbench: %s cannot be run.\n", qPrintable(program));
+    return status < 0 ? 1 : status;
 }
 
 } // namespace
@@ -82,23 +83,16 @@ bool hasDisplay()
 int main(int argc, char *argv[])
 {
     const CommandLine commandLine = CommandLine::parse(argumentList(argc, argv));
-    const bool tour = commandLine.task == CommandLine::RunTour;
-    if (!tour && commandLine.task != CommandLine::ShowWindow) {
+    prepareApplication();
+    if (commandLine.task != CommandLine::ShowWindow) {
         QCoreApplication application(argc, argv);
-        describeApplication();
-        return runOnConsole(commandLine);
+        return commandLine.task == CommandLine::RunTour ? runTour(commandLine)
+                                                        : runOnConsole(commandLine);
     }
-
-    if (!hasDisplay() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-        if (!tour) {
-            std::fputs("workbench: There is no display to show a window on.\n", stderr);
-            return 1;
-        }
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!hasDisplay()) {
+        std::fputs("workbench: There is no display to show a window on.\n", stderr);
+        return 1;
     }
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
-    describeApplication();
-    return tour ? runTour(commandLine.tourFolder, commandLine.plugins) : showWindow(commandLine);
+    return showWindow(commandLine);
 }

@@ -58,7 +58,7 @@ bool copyFolder(const QString &from, const QString &to)
 }
 
 // Takes away what an earlier tour left, so that everything in the folder is of this one.
-bool prepareFolder(const Tour &tour)
+bool prepareFolder(const Tour &tour, const QString &sampleFolder)
 {
     QDir folder(tour.folder);
     if (!folder.mkpath(QStringLiteral(".")))
@@ -68,7 +68,7 @@ bool prepareFolder(const Tour &tour)
     for (const QString &file : old)
         folder.remove(file);
     QDir(tour.project).removeRecursively();
-    return copyFolder(QStringLiteral(WORKBENCH_SAMPLE_DIR), tour.project);
+    return copyFolder(sampleFolder, tour.project);
 }
 
 // Runs in the script's thread. An empty result means that all is well.
@@ -97,7 +97,7 @@ QByteArray Tour::fileText() const
     return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
 }
 
-int runTour(const QString &folder, const QString &pluginFolder)
+int runTour(const QString &folder, const QString &sampleFolder, const QString &pluginFolder)
 {
     // The user's window layout and recent files are left alone, and dialogs of the desktop, which
     // cannot be driven, are not used.
@@ -118,8 +118,9 @@ int runTour(const QString &folder, const QString &pluginFolder)
     TourDriver driver(&window, absolute);
     const Tour tour{driver, absolute, absolute + QLatin1String("/project"),
                     QStringLiteral("power")};
-    if (!prepareFolder(tour)) {
-        std::fprintf(stderr, "The sample project cannot be copied to %s.\n", qPrintable(absolute));
+    if (!prepareFolder(tour, sampleFolder)) {
+        std::fprintf(stderr, "The sample project %s cannot be copied to %s.\n",
+                     qPrintable(sampleFolder), qPrintable(absolute));
         return 1;
     }
     window.resize(PictureSize);

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+namespace Workbench {
+
+/// Exit status of a program that was called with arguments that it does not take.
+constexpr int BadUsageStatus = 2;
+
+/// Whether windows can be shown: there is a display, or a platform without one was chosen.
+bool hasDisplay();
+
+/// Names the program and sets what holds for all of its windows; before any QApplication.
+void prepareApplication();
+
+/// The sample project that is installed with the program: in `share/workbench/sample` beside the
+/// program's `bin`.
+QString sampleFolder();
+
+} // namespace Workbench
