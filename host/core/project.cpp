@@ -81,9 +81,10 @@ void Project::addFile(const QString &path)
     d->addFile(path);
 }
 
-ProjectFile::ProjectFile(const QString &path, const QJsonObject &data)
+ProjectFile::ProjectFile(const QString &path, const QByteArray &text)
     : m_path(path)
-    , m_data(data)
+    , m_text(text)
+    , m_data(QJsonDocument::fromJson(text).object())
 {
 }
 
@@ -99,17 +100,18 @@ std::unique_ptr<Project> ProjectFile::load(const QString &path, QString *error)
     if (!file.open(QIODevice::ReadOnly))
         return fail(file.errorString());
     QJsonParseError parseError;
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &parseError);
+    const QByteArray text = file.readAll();
+    const QJsonDocument document = QJsonDocument::fromJson(text, &parseError);
     if (parseError.error != QJsonParseError::NoError)
         return fail(tr("it is not JSON (at byte %1: %2).")
                         .arg(QString::number(parseError.offset), parseError.errorString()));
     if (!document.isObject())
-        return fail(tr("it does not hold an object."));
+        return fail(tr("the top level must be an object."));
     const QString wrong = wrongMember(document.object());
     if (!wrong.isEmpty())
-        return fail(tr("its member \"%1\" is not as it should be.").arg(wrong));
+        return fail(tr("\"%1\" has the wrong type.").arg(wrong));
     const QString absolute = QFileInfo(path).absoluteFilePath();
-    return std::unique_ptr<Project>(new Project(new ProjectFile(absolute, document.object())));
+    return std::unique_ptr<Project>(new Project(new ProjectFile(absolute, text)));
 }
 
 ProjectFile *ProjectFile::of(const Project *project)
@@ -128,6 +130,26 @@ QString ProjectFile::name() const
     return name.isEmpty() ? QFileInfo(m_path).completeBaseName() : name;
 }
 
+bool ProjectFile::create(const QString &path, const QString &name, QString *error)
+{
+    QFile file(path);
+    const QByteArray text = JsonText::object({{NAME, name}, {RESULTS, QJsonObject()}}).text();
+    if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
+        if (file.write(text) == text.size() && file.flush())
+            return true;
+        file.remove();
+    }
+    if (error)
+        *error = tr("Cannot create the project %1: %2")
+                     .arg(QDir::toNativeSeparators(path), file.errorString());
+    return false;
+}
+
+void ProjectFile::setName(const QString &name)
+{
+    set({NAME}, name);
+}
+
 QString ProjectFile::device() const
 {
     return m_data[DEVICE].toString();
@@ -137,9 +159,7 @@ void ProjectFile::setDevice(const QString &id)
 {
     if (id == device())
         return;
-    QJsonObject data = m_data;
-    data[DEVICE] = id;
-    update(data);
+    set({DEVICE}, id);
 }
 
 QStringList ProjectFile::sources() const
@@ -152,16 +172,21 @@ QStringList ProjectFile::files() const
     return absolutePaths(FILES);
 }
 
+void ProjectFile::setSources(const QStringList &paths)
+{
+    QJsonArray list;
+    for (const QString &path : paths)
+        list.append(relativePath(path));
+    set({SOURCES}, list);
+}
+
 void ProjectFile::addFile(const QString &path)
 {
     const QString absolute = QFileInfo(path).absoluteFilePath();
     if (path.isEmpty() || files().contains(QDir::cleanPath(absolute)))
         return;
-    QJsonObject data = m_data;
-    QJsonArray list = data[FILES].toArray();
-    list.append(QDir(folder()).relativeFilePath(absolute));
-    data[FILES] = list;
-    update(data);
+    m_text.add({FILES}, relativePath(absolute));
+    update();
     emit fileAdded(QDir::cleanPath(absolute));
 }
 
@@ -170,11 +195,8 @@ void ProjectFile::removeFile(const QString &path)
     const int index = files().indexOf(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
     if (index < 0)
         return;
-    QJsonObject data = m_data;
-    QJsonArray list = data[FILES].toArray();
-    list.removeAt(index);
-    data[FILES] = list;
-    update(data);
+    m_text.removeAt({FILES}, index);
+    update();
 }
 
 QString ProjectFile::synthesisProgram() const
@@ -187,9 +209,20 @@ QStringList ProjectFile::synthesisArguments() const
     return m_data[SYNTHESIS].toObject()[ARGUMENTS].toVariant().toStringList();
 }
 
+void ProjectFile::setSynthesis(const QString &program, const QStringList &arguments)
+{
+    set({SYNTHESIS, PROGRAM}, program);
+    set({SYNTHESIS, ARGUMENTS}, QJsonArray::fromStringList(arguments));
+}
+
 QString ProjectFile::resultFile(const QString &key) const
 {
     return absolutePath(m_data[RESULTS].toObject()[key].toString());
+}
+
+void ProjectFile::setResultFile(const QString &key, const QString &path)
+{
+    set({RESULTS, key}, relativePath(path));
 }
 
 QStringList ProjectFile::resultFiles() const
@@ -204,7 +237,7 @@ QStringList ProjectFile::resultFiles() const
 bool ProjectFile::save(QString *error) const
 {
     QSaveFile file(m_path);
-    const QByteArray bytes = QJsonDocument(m_data).toJson();
+    const QByteArray &bytes = m_text.text();
     if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
         return true;
     if (error)
@@ -227,9 +260,22 @@ QString ProjectFile::absolutePath(const QString &path) const
     return path.isEmpty() ? QString() : QDir::cleanPath(QDir(folder()).absoluteFilePath(path));
 }
 
-void ProjectFile::update(const QJsonObject &data)
+QString ProjectFile::relativePath(const QString &path) const
 {
-    m_data = data;
+    return QDir(folder()).relativeFilePath(QFileInfo(path).absoluteFilePath());
+}
+
+void ProjectFile::set(const QStringList &member, const QJsonValue &value)
+{
+    const QByteArray before = m_text.text();
+    m_text.set(member, value);
+    if (m_text.text() != before)
+        update();
+}
+
+void ProjectFile::update()
+{
+    m_data = QJsonDocument::fromJson(m_text.text()).object();
     QString error;
     if (!save(&error))
         emit saveFailed(error);

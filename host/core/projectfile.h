@@ -2,6 +2,8 @@
 
 #include "hostexport.h"
 
+#include "host/core/jsontext.h"
+
 #include <QJsonObject>
 #include <QObject>
 #include <QStringList>
@@ -18,8 +20,8 @@ class Project;
 ///      "synthesis": {"program": "...", "arguments": ["..."]},
 ///      "results": {"RES.netlist": "..."}}
 ///
-/// Paths are relative to the project file's folder. Members that are not listed are kept. Every
-/// change is saved at once.
+/// Paths are relative to the project file's folder. Members that are not listed are kept, and so
+/// are the order and the spelling of what a change does not concern. Every change is saved at once.
 class HOST_EXPORT ProjectFile : public QObject
 {
     Q_OBJECT
@@ -35,21 +37,32 @@ public:
     QString folder() const;
     QString name() const;
 
+    /// Writes a project file that has the name alone, and nothing yet to keep. False on failure,
+    /// with one sentence in `error`; an existing file is not touched.
+    static bool create(const QString &path, const QString &name, QString *error);
+
+    void setName(const QString &name);
+
     QString device() const;
     void setDevice(const QString &id);
 
     /// Absolute paths, in the order of the project file.
     QStringList sources() const;
     QStringList files() const;
+    void setSources(const QStringList &paths);
+
+    /// A new file comes first in a list that has one file per line, else last: one line changes.
     void addFile(const QString &path);
     void removeFile(const QString &path);
 
     /// The synthesis command; an empty program when the project has none.
     QString synthesisProgram() const;
     QStringList synthesisArguments() const;
+    void setSynthesis(const QString &program, const QStringList &arguments);
 
     /// Absolute path of the result; empty when the project does not name it.
     QString resultFile(const QString &key) const;
+    void setResultFile(const QString &key, const QString &path);
 
     /// Absolute paths of all results.
     QStringList resultFiles() const;
@@ -65,13 +78,16 @@ signals:
     void saveFailed(const QString &message);
 
 private:
-    ProjectFile(const QString &path, const QJsonObject &data);
+    ProjectFile(const QString &path, const QByteArray &text);
     QStringList absolutePaths(const QString &member) const;
     QString absolutePath(const QString &path) const;
-    void update(const QJsonObject &data);
+    QString relativePath(const QString &path) const;
+    void set(const QStringList &member, const QJsonValue &value);
+    void update();
 
     const QString m_path;
-    QJsonObject m_data;
+    JsonText m_text;
+    QJsonObject m_data; // what the text says
 };
 
 } // namespace Core

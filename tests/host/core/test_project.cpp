@@ -20,6 +20,9 @@ class TestProject : public QObject
 
 private slots:
     void addsFilesAndSaves();
+    void changesOneLine_data();
+    void changesOneLine();
+    void editsKeepTheRest();
     void tellsWhatIsWrong_data();
     void tellsWhatIsWrong();
 };
@@ -58,6 +61,72 @@ void TestProject::addsFilesAndSaves()
     d->setDevice(QStringLiteral("other"));
     QCOMPARE(failed.count(), 1);
     QCOMPARE(d->device(), QStringLiteral("other"));
+}
+
+void TestProject::changesOneLine_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    QTest::newRow("a file per line")
+        << QByteArray("{\n  \"files\": [\n    \"a.vlr\"\n  ],\n  \"z\": 1\n}\n")
+        << QByteArray("{\n  \"files\": [\n    \"new.vlr\",\n    \"a.vlr\"\n  ],\n  \"z\": 1\n}\n");
+    QTest::newRow("files on a line, own order, unknown members")
+        << QByteArray("{\r\n\t\"tool\" : { \"x\":[1, 2] },\r\n\t\"files\" : [ \"a.vlr\" "
+                      "],\r\n\t\"device\":\"d\"\r\n}")
+        << QByteArray("{\r\n\t\"tool\" : { \"x\":[1, 2] },\r\n\t\"files\" : [ \"a.vlr\", "
+                      "\"new.vlr\" ],\r\n\t\"device\":\"d\"\r\n}");
+    QTest::newRow("no list yet") << QByteArray(
+                                        "{\n    \"name\": \"x\",\n    \"device\": \"d\"\n}\n")
+                                 << QByteArray("{\n    \"name\": \"x\",\n    \"files\": "
+                                               "[\"new.vlr\"],\n    \"device\": \"d\"\n}\n");
+    QTest::newRow("all on a line") << QByteArray("{\"files\":[],\"name\":\"\\\"}{[\"}")
+                                   << QByteArray("{\"files\":[\"new.vlr\"],\"name\":\"\\\"}{[\"}");
+    QTest::newRow("empty") << QByteArray("{ }\n") << QByteArray("{\"files\": [\"new.vlr\"]}\n");
+}
+
+void TestProject::changesOneLine()
+{
+    QFETCH(QByteArray, before);
+    TestHost host;
+    const QString path = host.write(QStringLiteral("x.fpgaproj"), before);
+    QVERIFY(ProjectSession::get()->open(path, nullptr));
+    ProjectFile *project = ProjectFile::of(ProjectManager::currentProject());
+    project->addFile(host.path(QStringLiteral("new.vlr")));
+    QTEST(host.read(QStringLiteral("x.fpgaproj")), "after");
+    project->removeFile(host.path(QStringLiteral("new.vlr")));
+    QCOMPARE(project->files().contains(host.path(QStringLiteral("new.vlr"))), false);
+    const QByteArray removed = host.read(QStringLiteral("x.fpgaproj"));
+    QVERIFY2(removed == before || removed.contains("\"files\": []"), removed);
+}
+
+void TestProject::editsKeepTheRest()
+{
+    TestHost host;
+    const QString path = host.path(QStringLiteral("new.fpgaproj"));
+    QString error;
+    QVERIFY(ProjectFile::create(path, QStringLiteral("n\u00e4me \"x\""), &error));
+    QVERIFY(!ProjectFile::create(path, QStringLiteral("other"), &error));
+    QVERIFY2(error.contains(QLatin1String("new.fpgaproj")), qPrintable(error));
+    QVERIFY(ProjectSession::get()->open(path, nullptr));
+    ProjectFile *project = ProjectFile::of(ProjectManager::currentProject());
+    QCOMPARE(project->name(), QStringLiteral("n\u00e4me \"x\""));
+    project->setDevice(QStringLiteral("d"));
+    project->setSources({host.path(QStringLiteral("rtl/a.v")), host.path(QStringLiteral("b.sv"))});
+    project->setSynthesis(
+        QStringLiteral("yosys"),
+        {QStringLiteral("-p"), QStringLiteral("synth; autoname; write_json n.json")});
+    project->setResultFile(QStringLiteral("RES.netlist"), host.path(QStringLiteral("n.json")));
+    const QByteArray text = host.read(QStringLiteral("new.fpgaproj"));
+    project->setSources(project->sources()); // nothing new
+    QCOMPARE(host.read(QStringLiteral("new.fpgaproj")), text);
+    QVERIFY(ProjectSession::get()->open(path, nullptr));
+    project = ProjectFile::of(ProjectManager::currentProject());
+    QCOMPARE(project->device(), QStringLiteral("d"));
+    QCOMPARE(project->sources().last(), host.path(QStringLiteral("b.sv")));
+    QCOMPARE(project->synthesisArguments().value(0), QStringLiteral("-p"));
+    QCOMPARE(project->resultFile(QStringLiteral("RES.netlist")),
+             host.path(QStringLiteral("n.json")));
+    QVERIFY2(text.startsWith("{\n    \"name\": ") && text.count('\n') == 7, text);
 }
 
 void TestProject::tellsWhatIsWrong_data()
