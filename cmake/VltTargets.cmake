@@ -57,7 +57,7 @@ endfunction()
 function(vlt_add_test name)
     add_executable(${name} ${name}.cpp ${ARGN})
     vlt_common(${name})
-    target_link_libraries(${name} PRIVATE test_support vltsetting_objects)
+    target_link_libraries(${name} PRIVATE test_support vltsetting_objects vlt_config)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES
         TIMEOUT 300

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "activity/activitypage.h"
+#include "config/records.h"
 #include "tables/recordmodel.h"
 
 class QDomElement;
@@ -11,20 +12,6 @@ namespace VLT {
 namespace Ui {
 class BsramSetWidget;
 }
-
-/// A block SRAM with the rates and probabilities of its ports A and B, in percent. A negative value
-/// means that the memory has no such port function.
-struct VLT_BSRam
-{
-    QString name;
-    float aEnable = -1.0F;
-    float bEnable = -1.0F;
-    float aRead = -1.0F;
-    float bRead = -1.0F;
-    float aWrite = -1.0F;
-    float bWrite = -1.0F;
-    qint32 type = 0; ///< memory kind, 0 to 8
-};
 
 class BSRamModel : public RecordModel<VLT_BSRam>
 {

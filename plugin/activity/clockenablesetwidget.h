@@ -1,6 +1,7 @@
 #pragma once
 
 #include "activity/activitypage.h"
+#include "config/records.h"
 #include "tables/recordmodel.h"
 
 class QDomElement;
@@ -11,18 +12,6 @@ namespace VLT {
 namespace Ui {
 class ClockEnableSetWidget;
 }
-
-/// A clock by its name, with the rates at which it is enabled as a whole and in each quadrant of
-/// the chip, in percent; negative when not set.
-struct VLT_ClkEnable
-{
-    QString name;
-    float enable = -1.0F;
-    float quad1 = -1.0F;
-    float quad2 = -1.0F;
-    float quad3 = -1.0F;
-    float quad4 = -1.0F;
-};
 
 class ClkEnableModel : public RecordModel<VLT_ClkEnable>
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "activity/activitypage.h"
+#include "config/records.h"
 #include "tables/recordmodel.h"
 
 class QDomElement;
@@ -11,13 +12,6 @@ namespace VLT {
 namespace Ui {
 class DFFSetWidget;
 }
-
-/// A flip-flop with the rate of its local enable, in percent; negative when not set.
-struct VLT_Dff
-{
-    QString name;
-    float value = -1.0F;
-};
 
 class DffModel : public RecordModel<VLT_Dff>
 {

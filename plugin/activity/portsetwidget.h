@@ -1,6 +1,7 @@
 #pragma once
 
 #include "activity/activitypage.h"
+#include "config/records.h"
 #include "tables/recordmodel.h"
 
 class QDomElement;
@@ -15,22 +16,6 @@ namespace VLT {
 namespace Ui {
 class PortSetWidget;
 }
-
-/// A port that drives an output of the chip.
-struct VLT_Port
-{
-    QString name;
-    float outEnable = -1.0F; ///< share of time, in percent; negative when not set
-    float capacity = -1.0F;  ///< load in picofarads; negative when not set
-    qint32 type = 0;         ///< one of PortType
-};
-
-enum PortType : qint32 {
-    BufferedOutput = 0, ///< driven by a plain output buffer: always enabled
-    OtherOutput = 1,
-    InOut = 2,
-    OtherDirection = 3
-};
 
 class PortModel : public RecordModel<VLT_Port>
 {

@@ -5,7 +5,7 @@
 namespace VLT {
 
 // Names and fixed texts of the configuration file, in the order in which the file has them.
-// NODE_ names elements, ATTR_ attributes.
+// NODE_ names elements, ATTR_ attributes, TYPE_ what an attribute "type" may be.
 
 inline const QString DOCTYPE_NAME = QStringLiteral("TAVRO_POWER_ANALYSIS_CONFIG");
 inline const QString DOCTYPE = QStringLiteral("<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>");
@@ -29,10 +29,13 @@ inline const QString NODE_CUSTOM_THETA_SA = QStringLiteral("CustomThetaSA");
 inline const QString NODE_BOARD_THERMAL_MODEL = QStringLiteral("BoardThermalModel");
 inline const QString NODE_CUSTOM_THETA_JB = QStringLiteral("CustomThetaJB");
 inline const QString NODE_BOARD_TEMP = QStringLiteral("BoardTemp");
+inline const QString THETA_NOT_GIVEN = QStringLiteral("NA");
 
 // Toggle rates
 inline const QString NODE_NET_RATE = QStringLiteral("NetRate");
 inline const QString NODE_NET = QStringLiteral("Net");
+inline const QString TYPE_TOGGLE = QStringLiteral("toggle");
+inline const QString TYPE_SIGNAL = QStringLiteral("signal");
 
 // Default rates and simulation activity files
 inline const QString NODE_DEFAULT_CFG = QStringLiteral("DefaultConfig");
@@ -43,6 +46,10 @@ inline const QString NODE_DEFAULT_RM_SIGNAL = QStringLiteral("DefaultRmSignalRat
 inline const QString NODE_SIMU_FILE = QStringLiteral("SimuFile");
 inline const QString NODE_FILE = QStringLiteral("File");
 inline const QString NODE_FILTER_GLITCH = QStringLiteral("FilterGlitch");
+inline const QString TYPE_VCD = QStringLiteral("vcd");
+inline const QString TYPE_SAIF = QStringLiteral("saif");
+inline const QString FLAG_TRUE = QStringLiteral("TRUE");
+inline const QString FLAG_FALSE = QStringLiteral("FALSE");
 inline const QString ATTR_ENTITY = QStringLiteral("entity");
 inline const QString ATTR_START_TIME = QStringLiteral("start_time");
 inline const QString ATTR_END_TIME = QStringLiteral("end_time");

@@ -1,16 +1,9 @@
 #pragma once
 
+#include "config/records.h"
 #include "tables/recordmodel.h"
 
 namespace VLT {
-
-/// The toggle rate of a net or port: `value` is text in the unit of its table, empty when it is
-/// not yet given.
-struct VLT_Rate
-{
-    QString name;
-    QString value;
-};
 
 class RateModel : public RecordModel<VLT_Rate>
 {

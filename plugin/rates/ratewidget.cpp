@@ -13,13 +13,6 @@
 
 namespace VLT {
 
-namespace {
-
-const QString TYPE_TOGGLE = QStringLiteral("toggle");
-const QString TYPE_SIGNAL = QStringLiteral("signal");
-
-} // namespace
-
 RateWidget::RateWidget(VLTView *view, QWidget *parent)
     : QWidget(parent)
     , m_document(documentOf(view))

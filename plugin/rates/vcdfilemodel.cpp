@@ -2,6 +2,8 @@
 
 #include "config/plainnumber.h"
 
+#include <QFileInfo>
+
 namespace VLT {
 
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rates/vltvcdfile.h"
+#include "config/records.h"
 #include "tables/recordmodel.h"
 
 namespace VLT {

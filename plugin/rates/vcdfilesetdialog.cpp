@@ -1,8 +1,9 @@
 #include "rates/vcdfilesetdialog.h"
 
+#include "config/activityfile.h"
 #include "config/plainnumber.h"
+#include "config/records.h"
 #include "rates/moduleinstselectdialog.h"
-#include "rates/vltvcdfile.h"
 #include "tables/document.h"
 #include "ui_vcdfilesetdialog.h"
 #include "widgets/plainmessage.h"

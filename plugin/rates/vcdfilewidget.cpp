@@ -1,5 +1,6 @@
 #include "rates/vcdfilewidget.h"
 
+#include "config/activityfile.h"
 #include "config/filenames.h"
 #include "config/plainnumber.h"
 #include "config/section.h"
@@ -26,11 +27,6 @@ enum RateUnit { TOGGLE_RATE, SIGNAL_RATE }; // places in the unit boxes
 constexpr double MAX_TOGGLE_RATE = 200.0;
 constexpr double MAX_SIGNAL_RATE = 99999999.0;
 constexpr double DEFAULT_TOGGLE_RATE = 12.5;
-
-const QString TYPE_VCD = QStringLiteral("vcd");
-const QString TYPE_SAIF = QStringLiteral("saif");
-const QString FLAG_TRUE = QStringLiteral("TRUE");
-const QString FLAG_FALSE = QStringLiteral("FALSE");
 
 } // namespace
 

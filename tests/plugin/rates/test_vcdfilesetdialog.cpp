@@ -1,7 +1,7 @@
 #include "rates/vcdfilesetdialog.h"
 
+#include "config/records.h"
 #include "document/vltview.h"
-#include "rates/vltvcdfile.h"
 
 #include "support/modaldriver.h"
 #include "support/testhost.h"
