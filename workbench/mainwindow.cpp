@@ -255,9 +255,9 @@ void MainWindow::restoreLayout()
 {
     const QSettings settings;
     if (!restoreGeometry(settings.value(GeometryKey).toByteArray())) {
-        // In characters, so that it fits at any scale, and never more than the screen.
+        // In characters too, so that it fits at any scale, and never more than the screen.
         const QSize wanted(fontMetrics().averageCharWidth() * 145, fontMetrics().height() * 46);
-        resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
+        resize(wanted.expandedTo({1400, 900}).boundedTo(screen()->availableSize() * 19 / 20));
     }
     restoreState(settings.value(StateKey).toByteArray());
 }

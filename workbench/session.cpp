@@ -3,6 +3,7 @@
 #include "host/core/projectsession.h"
 #include "host/core/viewarea.h"
 #include "host/extsys/pluginmanager.h"
+#include "host/utils/columnsharing.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -12,6 +13,7 @@ namespace Workbench {
 Session::Session(const QString &pluginFolder)
     : m_window(std::make_unique<MainWindow>())
 {
+    Utils::ColumnSharing::setEnabled(true);
     const QString folder =
         pluginFolder.isEmpty()
             ? QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("plugins"))

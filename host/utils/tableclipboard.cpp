@@ -192,4 +192,19 @@ EditCount fillDown(QTableView *table)
     return {typer.changed(), typer.refused(), 0};
 }
 
+EditCount fillSelection(QTableView *table)
+{
+    const QModelIndex current = table->currentIndex();
+    if (!current.isValid())
+        return {};
+    const QString text = shownText(table, current);
+    CellTyper typer(table);
+    const QVector<int> rows = selectedArea(table).rows;
+    for (const int row : rows) {
+        if (row != current.row())
+            typer.type(current.siblingAtRow(row), text);
+    }
+    return {typer.changed(), typer.refused(), 0};
+}
+
 } // namespace Utils

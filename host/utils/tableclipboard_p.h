@@ -31,4 +31,7 @@ EditCount pasteText(QTableView *table, const QString &text);
 /// whole rows are selected, else in every selected column. With one row it takes the row above.
 EditCount fillDown(QTableView *table);
 
+/// Puts the text of the current cell into its column of all other selected rows.
+EditCount fillSelection(QTableView *table);
+
 } // namespace Utils

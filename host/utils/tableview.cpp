@@ -1,6 +1,7 @@
 #include "utils/tableview.h"
 
 #include "host/utils/celltyper_p.h"
+#include "host/utils/columnsharing.h"
 #include "host/utils/tableclipboard_p.h"
 
 #include <QApplication>
@@ -9,7 +10,9 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMetaMethod>
 #include <QStatusTipEvent>
+#include <QStyle>
 #include <QTextDocument>
 #include <QToolTip>
 
@@ -26,6 +29,21 @@ const QKeySequence &fillDownKeys()
 bool isFillDown(const QKeyEvent *event)
 {
     return QKeySequence(int(event->modifiers()) + event->key()) == fillDownKeys();
+}
+
+bool isEnter(const QKeyEvent *event, Qt::KeyboardModifiers modifiers)
+{
+    return (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+           (event->modifiers() & ~Qt::KeypadModifier) == modifiers;
+}
+
+/// Whether the value of a cell, or the text that stands for one, is a number or not given yet.
+bool holdsNumber(const QModelIndex &index)
+{
+    const QVariant value = index.data(Qt::EditRole);
+    bool isNumber = false;
+    value.toDouble(&isNumber);
+    return isNumber || value.toString().isEmpty();
 }
 
 /// Runs an editing command and tells in the status bar what became of the cells.
@@ -53,6 +71,9 @@ TableView::TableView(QWidget *parent)
     : QTableView(parent)
     , d(std::make_unique<TableViewPrivate>())
 {
+    setTabKeyNavigation(false);
+    fitRowHeight();
+    new ColumnSharing(this);
 }
 
 TableView::~TableView() = default;
@@ -63,7 +84,7 @@ bool TableView::event(QEvent *event)
     if (event->type() == QEvent::ShortcutOverride) {
         auto *key = static_cast<QKeyEvent *>(event);
         if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::Paste) ||
-            isFillDown(key)) {
+            isFillDown(key) || isEnter(key, Qt::ControlModifier)) {
             event->accept();
             return true;
         }
@@ -84,9 +105,92 @@ void TableView::keyPressEvent(QKeyEvent *event)
         run(this, [this] { return pasteText(this, QApplication::clipboard()->text()); });
     } else if (isFillDown(event)) {
         run(this, [this] { return fillDown(this); });
-    } else {
+    } else if (isEnter(event, Qt::ControlModifier)) {
+        run(this, [this] { return fillSelection(this); });
+    } else if ((isEnter(event, Qt::NoModifier) || isEnter(event, Qt::ShiftModifier)) &&
+               !isSignalConnected(QMetaMethod::fromSignal(&QTableView::activated))) {
+        move(isEnter(event, Qt::NoModifier) ? 1 : -1);
+    } else if (!typeNumber(event)) {
         QTableView::keyPressEvent(event);
     }
+}
+
+void TableView::move(int rows)
+{
+    const QModelIndex target = currentIndex().siblingAtRow(currentIndex().row() + rows);
+    if (target.isValid())
+        setCurrentIndex(target);
+}
+
+/// Opens the editor of a number by the first key of what is typed.
+bool TableView::typeNumber(QKeyEvent *event)
+{
+    const QString text = event->text();
+    const QModelIndex index = currentIndex();
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
+    if (text.size() != 1 || !QStringLiteral("0123456789+-.,").contains(text) ||
+        modifiers != Qt::NoModifier || !index.flags().testFlag(Qt::ItemIsEditable) ||
+        !holdsNumber(index) || !edit(index, AllEditTriggers, event))
+        return false;
+    if (QWidget *editor = indexWidget(index))
+        QCoreApplication::sendEvent(editor, event); // it selects all of its text when it opens
+    return true;
+}
+
+bool TableView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
+{
+    const bool editing = QTableView::edit(index, trigger, event);
+    if (QWidget *editor = editing ? indexWidget(index) : nullptr) {
+        editor->removeEventFilter(this);
+        editor->installEventFilter(this); // before the delegate, which takes every Enter
+    }
+    return editing;
+}
+
+bool TableView::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *editor = qobject_cast<QWidget *>(watched);
+    if (event->type() == QEvent::KeyPress && editor && editor->parent() == viewport() &&
+        isEnter(static_cast<QKeyEvent *>(event), Qt::ControlModifier)) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+        run(this, [this] { return fillSelection(this); });
+        return true;
+    }
+    return QTableView::eventFilter(watched, event);
+}
+
+/// A selection in a table without the focus looks inactive.
+QStyleOptionViewItem TableView::viewOptions() const
+{
+    QStyleOptionViewItem option = QTableView::viewOptions();
+    const QWidget *focus = QApplication::focusWidget();
+    if (focus != this && !isAncestorOf(focus)) {
+        const QColor highlight = palette().color(QPalette::Highlight);
+        const QColor base = palette().color(QPalette::Base);
+        const auto mixed = [](int a, int b) { return (a + 3 * b) / 4; };
+        option.palette.setColor(QPalette::Highlight, QColor(mixed(highlight.red(), base.red()),
+                                                            mixed(highlight.green(), base.green()),
+                                                            mixed(highlight.blue(), base.blue())));
+        option.palette.setColor(QPalette::HighlightedText, palette().color(QPalette::Text));
+    }
+    return option;
+}
+
+/// Rows are no higher than a line of text needs.
+void TableView::fitRowHeight()
+{
+    const int height =
+        fontMetrics().height() + 2 * style()->pixelMetric(QStyle::PM_FocusFrameVMargin) + 2;
+    verticalHeader()->setMinimumSectionSize(height);
+    verticalHeader()->setDefaultSectionSize(height);
+}
+
+void TableView::changeEvent(QEvent *event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitRowHeight();
 }
 
 bool TableView::viewportEvent(QEvent *event)

@@ -11,9 +11,11 @@ namespace Utils {
 class TableViewPrivate;
 
 /// The environment's table: a QTableView that copies the selection as tab-separated text, pastes
-/// such text, fills down, and finds a row by its first letters. It changes cells only through the
-/// table's delegate and the flags of the items, as if the user had typed; what is refused is told
-/// in the window's status bar. Tool tips show plain text whatever they hold.
+/// such text, fills down, and finds a row by its first letters. A digit, sign or point that is
+/// typed on an editable number opens its editor; Ctrl+Enter puts the current value into all
+/// selected rows. Tab leaves the table, Enter moves down where it opens nothing. Cells are changed
+/// only through the table's delegate and the flags of the items, as if the user had typed; refused
+/// cells are counted in the window's status bar. Tool tips show plain text whatever they hold.
 class HOST_EXPORT TableView : public QTableView
 {
     Q_OBJECT
@@ -21,6 +23,8 @@ class HOST_EXPORT TableView : public QTableView
 public:
     explicit TableView(QWidget *parent = nullptr);
     ~TableView() override;
+
+    using QTableView::edit;
 
     /// Goes to the next row whose first column begins with the text typed lately, else to one that
     /// contains it.
@@ -30,8 +34,16 @@ protected:
     bool event(QEvent *event) override;
     bool viewportEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    QStyleOptionViewItem viewOptions() const override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
 
 private:
+    void fitRowHeight();
+    void move(int rows);
+    bool typeNumber(QKeyEvent *event);
+
     const std::unique_ptr<TableViewPrivate> d;
 };
 

@@ -1,10 +1,18 @@
 #include "utils/tableview.h"
 
+#include "host/utils/columnsharing.h"
+
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
+#include <QLineEdit>
 #include <QMainWindow>
+#include <QSettings>
+#include <QSpinBox>
 #include <QStandardItemModel>
 #include <QStatusBar>
+#include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
@@ -36,6 +44,9 @@ private slots:
     void pastes();
     void fillsDown();
     void findsByFirstLetters();
+    void typesNumbers();
+    void enterAndTab();
+    void sharesWidths();
 
 private:
     void set(const QString &rows);
@@ -172,6 +183,75 @@ void TestTableView::findsByFirstLetters()
     m_table->keyboardSearch({});
     QTest::keyClicks(m_table, QStringLiteral("g_1")); // no row begins so
     QCOMPARE(row(), 1);
+}
+
+void TestTableView::typesNumbers()
+{
+    select({0, 2, 3}, 1);
+    const auto editor = [this] { return m_table->viewport()->findChild<QAbstractSpinBox *>(); };
+    QTest::keyClick(m_table, Qt::Key_7);
+    QVERIFY(editor());
+    QTest::keyClick(editor(), Qt::Key_Return, Qt::ControlModifier); // into every selected row
+    QTRY_VERIFY(!editor());
+    QCOMPARE(all(), QStringLiteral("a 7 x|b 2 y|c 7 z|d 7 w"));
+    select({1}, 0);
+    QTest::keyClick(m_table, Qt::Key_5); // no number, and not editable
+    QVERIFY(!m_table->viewport()->findChild<QLineEdit *>());
+}
+
+void TestTableView::enterAndTab()
+{
+    select({1}, 1);
+    QTest::keyClick(m_table, Qt::Key_Return);
+    QCOMPARE(m_table->currentIndex().row(), 2);
+    QTest::keyClick(m_table, Qt::Key_Return, Qt::ShiftModifier);
+    QCOMPARE(m_table->currentIndex().row(), 1);
+    QSignalSpy opened(m_table, &QTableView::activated); // where it opens something
+    QTest::keyClick(m_table, Qt::Key_Return);
+    QCOMPARE(opened.count(), 1);
+    QCOMPARE(m_table->currentIndex().row(), 1);
+    auto *next = new QLineEdit;
+    m_window->statusBar()->addWidget(next);
+    next->show();
+    QTest::keyClick(m_table, Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), next);
+}
+
+void TestTableView::sharesWidths()
+{
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    QCoreApplication::setOrganizationName(QStringLiteral("test_tableview"));
+    const auto width = [this](int column) { return m_table->columnWidth(column); };
+    Utils::ColumnSharing::setEnabled(true);
+    m_table->setColumnWidth(0, 300);
+    m_table->setColumnWidth(1, 200);
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_window->resize(360, 200);
+    QTRY_COMPARE(width(0) + width(1) + width(2), m_table->viewport()->width());
+    QVERIFY2(width(1) > 20 && width(2) > 20 && width(0) > 20,
+             qPrintable(QString::number(width(0))));
+    m_window->resize(900, 200); // names get what is left
+    QTRY_COMPARE(width(1), 200);
+    QVERIFY(width(0) > 300);
+
+    const QHeaderView *header = m_table->horizontalHeader();
+    const QPoint edge(header->sectionPosition(1) - 1, header->height() / 2);
+    QTest::mousePress(header->viewport(), Qt::LeftButton, Qt::NoModifier, edge);
+    QMouseEvent drag(QEvent::MouseMove, edge - QPoint(60, 0), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(header->viewport(), &drag);
+    QTest::mouseRelease(header->viewport(), Qt::LeftButton, Qt::NoModifier, edge - QPoint(60, 0));
+    const int moved = width(0);
+    QCOMPARE(moved, header->sectionPosition(1));
+    QVERIFY(moved < edge.x() - 40);
+    m_window->resize(500, 200);
+    QCOMPARE(width(0), moved);
+    init(); // another table of the kind
+    QTRY_COMPARE(width(0), moved);
+    m_table->horizontalHeader()->actions().first()->trigger(); // resets
+    QTRY_VERIFY(width(0) != moved);
+    Utils::ColumnSharing::setEnabled(false);
 }
 
 QTEST_MAIN(TestTableView)

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QObject>
+#include <QVector>
+
+class QHeaderView;
+class QHelpEvent;
+class QTableView;
+
+namespace Utils {
+
+/// Shares a table's width out among its columns: values stay in sight, and the first column, which
+/// has the names, gets what is left. The widths that the columns have when the table is first shown
+/// are the start and the proportions. Off unless the program switches it on.
+///
+/// A user who moves a column ends this for the table; its widths are remembered by the kind of
+/// table, until they are reset from the header's context menu.
+class HOST_EXPORT ColumnSharing : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// For all tables of the program; to be called before the first one is shown.
+    static void setEnabled(bool enabled);
+
+    /// `table` owns the object.
+    explicit ColumnSharing(QTableView *table);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void showTitle(const QHelpEvent *event) const;
+    void start();
+    void share();
+    QVector<int> sharedWidths() const;
+    void apply(const QVector<int> &widths);
+    void remember();
+    void reset();
+    QString settingsKey() const;
+
+    QTableView *const m_table;
+    QHeaderView *const m_header;
+    QVector<int> m_start; // widths when the table was first shown; empty before
+    bool m_sharing = false;
+    bool m_pressed = false; // a mouse button, on the header
+    bool m_moved = false;   // by the user, now or in an earlier session
+};
+
+} // namespace Utils
