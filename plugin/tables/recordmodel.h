@@ -5,7 +5,9 @@
 #include "tables/textorder.h"
 
 #include <QBrush>
+#include <QHash>
 #include <QList>
+#include <QVector>
 
 #include <algorithm>
 #include <utility>
@@ -112,10 +114,12 @@ public:
         if (!compare)
             return;
         emit aboutToSort();
+        const PersistentRecords kept = persistentRecords();
         if (key.sortText && m_records.size() >= manyRows)
             sortByText(key.sortText, order);
         else
             std::stable_sort(m_records.begin(), m_records.end(), compare);
+        restore(kept);
         emit sorted();
         emit dataChanged({}, {});
     }
@@ -167,6 +171,36 @@ protected:
 
 private:
     static constexpr int manyRows = 200;
+
+    using PersistentRecords = QVector<std::pair<QModelIndex, const Record *>>;
+
+    PersistentRecords persistentRecords() const
+    {
+        PersistentRecords records;
+        const QModelIndexList indexes = persistentIndexList();
+        for (const QModelIndex &index : indexes) {
+            if (columnAt(index))
+                records.append({index, m_records.at(index.row())});
+        }
+        return records;
+    }
+
+    /// Lets the persistent indexes follow their records: a view keeps more of them than it shows,
+    /// such as the place that Shift selects from.
+    void restore(const PersistentRecords &kept)
+    {
+        QHash<const Record *, int> rows;
+        for (const auto &[index, record] : kept)
+            rows.insert(record, index.row());
+        if (rows.isEmpty())
+            return;
+        for (int row = 0; row < m_records.size(); ++row) {
+            if (const auto found = rows.find(m_records.at(row)); found != rows.end())
+                *found = row;
+        }
+        for (const auto &[index, record] : kept)
+            changePersistentIndex(index, this->index(rows.value(record), index.column()));
+    }
 
     void sortByText(QString Record::*text, Qt::SortOrder order)
     {

@@ -15,8 +15,9 @@ class TableModel;
 /// so that a million rows are cheap.
 QVector<int> selectedRows(const QItemSelectionModel *selection);
 
-/// Lets the selection and the current cell of a table follow their records through a sort, of
-/// which the model tells no more than that data changed.
+/// Lets the selection of a table follow its records through a sort, which the model announces only
+/// as changed data. What the view keeps as single persistent indexes, such as the current cell, the
+/// model moves itself.
 class RowSelection : public QObject
 {
     Q_OBJECT
@@ -32,8 +33,7 @@ private:
     QTableView *const m_table;
     TableModel *const m_model;
     QSet<const void *> m_selected;
-    const void *m_current = nullptr;
-    int m_currentColumn = -1;
+    bool m_allSelected = false; ///< then `m_selected` is empty
 };
 
 } // namespace VLT

@@ -4,6 +4,7 @@
 #include "document/vltview.h"
 #include "tables/doubledelegate.h"
 #include "tables/recordlist.h"
+#include "tables/rowselection.h"
 #include "tables/tablepage.h"
 
 #include <QtTest>
@@ -61,6 +62,7 @@ private slots:
     void removesWhatIsSelected();
     void asksBeforeRemoving();
     void selectionFollowsItsRecords();
+    void shiftSelectsFromTheRecord();
     void sortCommitsTheOpenEditor();
     void mayGoUnderItsQuestion();
 
@@ -157,6 +159,27 @@ void TestTablePage::selectionFollowsItsRecords()
     ModalDriver driver(pressButton(QMessageBox::Yes));
     m_page->onRemove();
     QCOMPARE(m_page->model.names(), QStringLiteral("5 3 2"));
+}
+
+void TestTablePage::shiftSelectsFromTheRecord()
+{
+    for (const bool byKey : {false, true}) {
+        cleanup();
+        init();
+        const auto click = [this](int row, Qt::KeyboardModifiers modifiers) {
+            QTest::mouseClick(m_page->table->viewport(), Qt::LeftButton, modifiers,
+                              m_page->table->visualRect(m_page->model.index(row, 0)).center());
+        };
+        click(1, {});
+        clickHeader(1); // the record is in row 4 then
+        if (byKey)
+            QTest::keyClick(m_page->table, Qt::Key_Up, Qt::ShiftModifier);
+        else
+            click(3, Qt::ShiftModifier);
+        QVector<int> rows = selectedRows(m_page->table->selectionModel());
+        std::sort(rows.begin(), rows.end());
+        QCOMPARE(rows, QVector<int>({3, 4}));
+    }
 }
 
 void TestTablePage::sortCommitsTheOpenEditor()
