@@ -1,10 +1,10 @@
 #include "tables/doubledelegate.h"
 
-#include "widgets/pointspinbox.h"
+#include "tables/celleditor.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QLocale>
-#include <QRegularExpression>
 
 #include <cmath>
 
@@ -12,29 +12,22 @@ namespace VLT {
 
 namespace {
 
-/// Takes what was copied from a cell: a unit behind the number ("12.5%", "5.5pF") is dropped, and
-/// a number with more decimals than the box shows is rounded.
-class CellEditor : public PointSpinBox
+const QLineEdit *lineOf(const QWidget *editor)
 {
-public:
-    using PointSpinBox::PointSpinBox;
+    const auto *line = qobject_cast<const QLineEdit *>(editor);
+    return line ? line : editor->findChild<QLineEdit *>();
+}
 
-    QValidator::State validate(QString &input, int &pos) const override
-    {
-        static const QRegularExpression unit(QStringLiteral("(?<=[0-9.,])\\s*(%|pF)\\s*$"));
-        input.remove(unit);
-        pos = qMin(pos, input.size());
-        return PointSpinBox::validate(input, pos);
-    }
+QString textOf(const QWidget *editor)
+{
+    const QLineEdit *line = lineOf(editor);
+    return line ? line->text() : QString();
+}
 
-    void fixup(QString &input) const override
-    {
-        bool ok = false;
-        const double number = locale().toDouble(input.trimmed(), &ok);
-        if (ok && number >= minimum() && number <= maximum())
-            input = textFromValue(number);
-    }
-};
+bool isEnter(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
 
 } // namespace
 
@@ -55,6 +48,11 @@ void DoubleEditorDelegate::commitOpenEditor()
     m_openEditor = nullptr;
 }
 
+bool DoubleEditorDelegate::hasPendingEdit() const
+{
+    return m_openEditor && textOf(m_openEditor) != m_openedOn;
+}
+
 QWidget *DoubleEditorDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                                             const QModelIndex &index) const
 {
@@ -72,10 +70,15 @@ void DoubleEditorDelegate::setEditorData(QWidget *editor, const QModelIndex &ind
     auto *spinBox = qobject_cast<QDoubleSpinBox *>(editor);
     if (index.column() == 0 || !spinBox) {
         QStyledItemDelegate::setEditorData(editor, index);
-        return;
+    } else {
+        const QVariant data = index.data(Qt::EditRole);
+        const double value = data.toDouble();
+        spinBox->setValue(std::isfinite(value) ? value : 0.0);
+        if (data.type() == QVariant::String && data.toString().isEmpty())
+            spinBox->clear();
     }
-    const double value = index.data(Qt::EditRole).toDouble();
-    spinBox->setValue(std::isfinite(value) ? value : 0.0);
+    if (editor == m_openEditor)
+        noteOpened();
 }
 
 void DoubleEditorDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
@@ -86,13 +89,33 @@ void DoubleEditorDelegate::setModelData(QWidget *editor, QAbstractItemModel *mod
         QStyledItemDelegate::setModelData(editor, model, index);
         return;
     }
-    // Interpreting an empty text would bring the old value back.
-    if (spinBox->text().isEmpty()) {
-        model->setData(index, -1, Qt::EditRole);
+    // An editor that was never shown is filled by a command, which means what it fills in.
+    const bool isOpen = editor == m_openEditor;
+    const bool isSet = !index.data(Qt::DisplayRole).toString().isEmpty();
+    if (isOpen && spinBox->text() == m_openedOn && (isSet || !m_isConfirmed))
         return;
+    switch (CellEditor::contentOf(*spinBox)) {
+    case CellEditor::Content::Unset:
+        model->setData(index, -1, Qt::EditRole);
+        break;
+    case CellEditor::Content::Unfinished:
+        break;
+    case CellEditor::Content::Number:
+        spinBox->interpretText();
+        // The number that the cell has, typed in another way, is no change either.
+        if (!isOpen || !isSet || spinBox->text() != m_openedOn)
+            model->setData(index, spinBox->text(), Qt::EditRole);
+        break;
     }
-    spinBox->interpretText();
-    model->setData(index, spinBox->text(), Qt::EditRole);
+}
+
+void DoubleEditorDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
+{
+    QStyledItemDelegate::destroyEditor(editor, index);
+    if (editor != m_openEditor)
+        return;
+    m_openEditor = nullptr;
+    emit pendingEditChanged();
 }
 
 QString DoubleEditorDelegate::displayText(const QVariant &value, const QLocale &) const
@@ -102,21 +125,36 @@ QString DoubleEditorDelegate::displayText(const QVariant &value, const QLocale &
 
 bool DoubleEditorDelegate::eventFilter(QObject *object, QEvent *event)
 {
-    if (event->type() == QEvent::Show)
-        m_openEditor = qobject_cast<QWidget *>(object);
-    // The spin box answers Enter on an empty text by restoring its value before the delegate
-    // could commit, so that an emptied cell would be cleared by leaving it but not by Enter.
-    const auto *spinBox = qobject_cast<QDoubleSpinBox *>(object);
-    if (spinBox && event->type() == QEvent::KeyPress && spinBox->text().isEmpty()) {
+    auto *editor = qobject_cast<QWidget *>(object);
+    if (editor && event->type() == QEvent::Show && editor != m_openEditor) {
+        m_openEditor = editor;
+        noteOpened();
+        if (const QLineEdit *line = lineOf(editor))
+            connect(line, &QLineEdit::textChanged, this, &DoubleEditorDelegate::pendingEditChanged);
+    }
+    if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            auto *editor = static_cast<QWidget *>(object);
+        if (isEnter(key) || key == Qt::Key_Tab || key == Qt::Key_Backtab)
+            m_isConfirmed = true;
+        const auto *spinBox = qobject_cast<QDoubleSpinBox *>(object);
+        // The spin box answers Enter on a text that is no number by restoring its value before the
+        // delegate could commit, so that an emptied cell would be cleared by leaving it but not by
+        // Enter.
+        if (spinBox && isEnter(key) &&
+            CellEditor::contentOf(*spinBox) != CellEditor::Content::Number) {
             emit commitData(editor);
             emit closeEditor(editor, SubmitModelCache);
             return true;
         }
     }
     return QStyledItemDelegate::eventFilter(object, event);
+}
+
+void DoubleEditorDelegate::noteOpened() const
+{
+    m_openedOn = textOf(m_openEditor);
+    m_isConfirmed = false;
+    emit pendingEditChanged();
 }
 
 void DoubleEditorDelegate::initStyleOption(QStyleOptionViewItem *option,

@@ -6,7 +6,9 @@
 namespace VLT {
 
 /// Delegate of a whole table: edits every column but column 0 as a number with two decimals
-/// between a minimum and a maximum. An emptied editor commits -1, which stands for "not set".
+/// between a minimum and a maximum. An emptied editor, or one with a negative number, commits -1,
+/// which stands for "not set". An editor that the user leaves with the text it opened on commits
+/// nothing, unless Enter or Tab confirms a default that it offers for a cell that is not set.
 /// Numbers are shown with a point as decimal sign in every locale.
 class DoubleEditorDelegate : public QStyledItemDelegate
 {
@@ -22,21 +24,34 @@ public:
     /// Stores what is being typed and closes the editor, if one is open.
     void commitOpenEditor();
 
+    /// Whether the open editor, if any, has another text than the one that it opened on.
+    bool hasPendingEdit() const;
+
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
     void setModelData(QWidget *editor, QAbstractItemModel *model,
                       const QModelIndex &index) const override;
+    void destroyEditor(QWidget *editor, const QModelIndex &index) const override;
     QString displayText(const QVariant &value, const QLocale &locale) const override;
+
+signals:
+    /// `hasPendingEdit()` may have changed.
+    void pendingEditChanged() const;
 
 protected:
     bool eventFilter(QObject *object, QEvent *event) override;
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 
 private:
+    /// Remembers the text of the open editor as the one that it opened on.
+    void noteOpened() const;
+
     double m_minimum;
     double m_maximum;
-    QPointer<QWidget> m_openEditor;
+    mutable QPointer<QWidget> m_openEditor;
+    mutable QString m_openedOn;
+    mutable bool m_isConfirmed = false; ///< whether Enter or Tab was pressed in it
 };
 
 } // namespace VLT

@@ -43,6 +43,7 @@ private slots:
     void addsFromTheFinder_data();
     void addsFromTheFinder();
     void portShowsAndEdits();
+    void defaultsAreConfirmedByKey();
     void bsramCellsByKind();
     void bsramGrayIsNotTheSameAsFixed();
     void clockNamesAreTyped();
@@ -229,6 +230,36 @@ void TestActivityPages::portShowsAndEdits()
     QTest::keyClick(editor, Qt::Key_Return);
     QTRY_COMPARE(cell(ports, 1, 1).data().toDouble(), 50.0);
     QVERIFY(m_view->isModified());
+}
+
+void TestActivityPages::defaultsAreConfirmedByKey()
+{
+    const QString name = QStringLiteral("VLT::DFFSetWidget");
+    const QString section = QStringLiteral(R"(<LocalEnable><Instance name="a"/>)"
+                                           R"(<Instance name="b" value="33.333"/></LocalEnable>)");
+    m_view->findChild<QTabWidget *>()->setCurrentIndex(2);
+    for (QTabWidget *tabs : m_view->findChildren<QTabWidget *>())
+        tabs->setCurrentWidget(page(name));
+    m_view->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+    read(name, section);
+    QTableView *view = table(page(name));
+    for (const int key : {0, int(Qt::Key_Return), int(Qt::Key_Tab)}) {
+        for (const int row : {0, 1}) {
+            view->model()->setData(cell(page(name), 0, 1), -1);
+            m_view->setModified(false);
+            view->setCurrentIndex(cell(page(name), row, 1));
+            QTest::keyClick(view, Qt::Key_F2);
+            auto *editor = view->findChild<QDoubleSpinBox *>();
+            QCOMPARE(editor->text(), QLatin1String(row == 0 ? "100.00" : "33.33"));
+            key ? QTest::keyClick(editor, Qt::Key(key)) : view->setFocus();
+            QCoreApplication::processEvents();
+            view->setFocus(); // Tab opens the next editor
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QCOMPARE(m_view->isModified(), row == 0 && key != 0);
+        }
+    }
+    QVERIFY(written(name).contains(QLatin1String(R"("33.333")")));
 }
 
 void TestActivityPages::bsramCellsByKind()

@@ -4,6 +4,8 @@
 #include "ratesfixture.h"
 #include "support/modaldriver.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QDoubleSpinBox>
 #include <QGroupBox>
 #include <QLineEdit>
@@ -72,6 +74,7 @@ private slots:
     void cleanup() { QLocale::setDefault(QLocale::c()); }
     void readsAndWrites();
     void editsInBothUnits();
+    void untypedRatesStayUnset();
     void sortsValuesAsText();
     void asksBeforeChangingUnit();
     void addsNets();
@@ -138,6 +141,55 @@ void TestRateWidget::editsInBothUnits()
     f.table->model()->setData(f.table->model()->index(0, 1), QStringLiteral("inf"));
     doubleClickCell(f.table, 0, 1);
     QCOMPARE(f.table->findChild<QDoubleSpinBox *>()->text(), QStringLiteral("0.00"));
+}
+
+void TestRateWidget::untypedRatesStayUnset()
+{
+    const char *nets = R"(<NetRate type="toggle"><Net name="a" value=""/>)"
+                       R"(<Net name="b" value="7"/></NetRate>)";
+    struct Case
+    {
+        int row;
+        const char *typed; // null when the editor is only opened
+        const char *value;
+    };
+    for (const Case &row : {Case{0, nullptr, ""}, Case{0, "-5", ""}, Case{0, "-", ""},
+                            Case{0, ".", ""}, Case{0, "0", "0.00"}, Case{1, nullptr, "7"},
+                            Case{1, "", ""}, Case{1, "-5", ""}, Case{1, "-", "7"}}) {
+        for (const int key : {0, int(Qt::Key_Return), int(Qt::Key_Tab)}) {
+            const Fixture f(m_host);
+            f.read(nets);
+            QVERIFY(QTest::qWaitForWindowActive(f.view.get()));
+            doubleClickCell(f.table, row.row, 1);
+            auto *editor = f.table->findChild<QDoubleSpinBox *>();
+            QCOMPARE(editor->text(), QLatin1String(row.row == 0 ? "" : "7.00"));
+            if (row.typed) {
+                editor->selectAll();
+                QTest::keyClick(editor, Qt::Key_Delete);
+                QTest::keyClicks(editor, QLatin1String(row.typed));
+            }
+            // As opening and closing a menu does.
+            QFocusEvent out(QEvent::FocusOut, Qt::PopupFocusReason);
+            QCoreApplication::sendEvent(editor, &out);
+            key ? QTest::keyClick(editor, Qt::Key(key)) : f.table->setFocus();
+            QTRY_VERIFY(!f.table->viewport()->isAncestorOf(QApplication::focusWidget()));
+            const QString before = row.row == 0 ? QString() : QStringLiteral("7");
+            QCOMPARE(f.nets->getData().at(row.row)->value, QLatin1String(row.value));
+            QCOMPARE(f.view->isModified(), before != QLatin1String(row.value));
+        }
+    }
+
+    const Fixture f(m_host);
+    f.read(nets);
+    f.table->setCurrentIndex(f.table->model()->index(0, 1));
+    f.table->clearSelection();
+    QApplication::clipboard()->setText(QStringLiteral("-5\n-5"));
+    QTest::keyClick(f.table, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(f.values(), QStringList({QString(), QStringLiteral("7%")}));
+    QVERIFY(!f.view->isModified());
+    QApplication::clipboard()->setText(QStringLiteral("0"));
+    QTest::keyClick(f.table, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(f.values().first(), QStringLiteral("0.00%"));
 }
 
 void TestRateWidget::sortsValuesAsText()

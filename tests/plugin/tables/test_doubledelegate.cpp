@@ -59,7 +59,10 @@ void TestDoubleDelegate::commitsWhatIsTyped()
     };
     for (const Case &row :
          {Case{"33.3", Qt::Key_Return, "33.30"}, Case{"33,3", Qt::Key_Return, "33.30"},
-          Case{"7%", Qt::Key_Return, "7.00"}, Case{"150", Qt::Key_Return, "15.00"},
+          Case{"7%", Qt::Key_Return, "7.00"}, Case{"-0", Qt::Key_Return, "0.00"},
+          Case{"-5", Qt::Key_Return, "-1"}, Case{"-,5", Qt::Key_Return, "-1"}, Case{"-5", 0, "-1"},
+          Case{"-", Qt::Key_Return, "12.5"}, Case{"--", 0, "12.5"}, Case{"12.50", 0, "12.5"},
+          Case{"12,5", Qt::Key_Return, "12.5"}, Case{"150", Qt::Key_Return, "15.00"},
           Case{"", Qt::Key_Return, "-1"}, Case{"", 0, "-1"}, Case{"4", 0, "4.00"},
           Case{"4", Qt::Key_Escape, "12.5"}}) {
         m_model->setData(m_model->index(0, 1), 12.5f);
