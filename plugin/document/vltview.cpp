@@ -3,6 +3,7 @@
 #include "conditions/vltcommonwidget.h"
 #include "document/vltenablesetwidget.h"
 #include "document/vltratewidget.h"
+#include "tables/doubledelegate.h"
 #include "ui_changedbanner.h"
 #include "widgets/plainmessage.h"
 #include "widgets/waitcursor.h"
@@ -57,6 +58,9 @@ VLTView::VLTView(DEV::DeviceArg device, NlsData::Netlist *netlist)
     tabs->addTab(m_ratePage, tr("Rate Setting"));
     tabs->addTab(m_enablePage, tr("Clock Setting"));
     m_layout->addWidget(tabs);
+    for (const auto *delegate : findChildren<DoubleEditorDelegate *>())
+        connect(delegate, &DoubleEditorDelegate::pendingEditChanged, this,
+                &VLTView::pendingEditsChanged);
     QUtil::EventManager::instance()->subscribe(this, processStatusEvent());
 }
 

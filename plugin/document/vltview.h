@@ -61,6 +61,12 @@ public:
     bool writeToFile();
     bool save() { return writeToFile(); }
 
+    /// Takes over what the user has typed and not yet confirmed, in cells and in spin boxes.
+    void commitEdits();
+
+    /// Whether the open editor of a cell has another text than the one that it opened on.
+    bool hasPendingEdits() const;
+
     void showChangedBanner();
 
     /// The view is about to be closed without saving: what stands in open editors is not taken
@@ -71,6 +77,9 @@ public:
 
 signals:
     void modificationStatusChanged(bool b);
+
+    /// `hasPendingEdits()` may have changed.
+    void pendingEditsChanged();
 
     /// For the view manager: the file's view is to be closed. It may be gone afterwards.
     void closeRequested(const QString &file);
@@ -83,8 +92,6 @@ private slots:
     void onNetlistChanged();
 
 private:
-    /// Takes over what the user has typed and not yet confirmed, in cells and in spin boxes.
-    void commitEdits();
     bool composeText(QByteArray *bytes);
     bool writeText(const QByteArray &bytes);
     /// Whether a modified view may close: asks, and saves when told so. Runs the event loop.

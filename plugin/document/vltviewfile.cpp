@@ -6,6 +6,7 @@
 #include "config/vlrfile.h"
 #include "document/vltenablesetwidget.h"
 #include "document/vltratewidget.h"
+#include "tables/doubledelegate.h"
 #include "widgets/plainmessage.h"
 #include "widgets/waitcursor.h"
 
@@ -15,6 +16,8 @@
 #include <QDir>
 #include <QDomDocument>
 #include <QFile>
+
+#include <algorithm>
 
 namespace VLT {
 
@@ -129,6 +132,13 @@ void VLTView::commitEdits()
     const auto spinBoxes = findChildren<QAbstractSpinBox *>();
     for (QAbstractSpinBox *spinBox : spinBoxes)
         spinBox->interpretText();
+}
+
+bool VLTView::hasPendingEdits() const
+{
+    const auto delegates = findChildren<DoubleEditorDelegate *>();
+    return std::any_of(delegates.begin(), delegates.end(),
+                       [](const auto *delegate) { return delegate->hasPendingEdit(); });
 }
 
 } // namespace VLT

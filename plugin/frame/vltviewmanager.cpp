@@ -54,7 +54,7 @@ void VLTViewManagerPrivate::updateActions()
     const QString title = currentView->windowTitle();
     saveAction->setText(QStringLiteral("&Save \"%1\"").arg(title));
     saveAction->setToolTip(QStringLiteral("Save \"%1\"").arg(title));
-    saveAction->setEnabled(currentView->isModified());
+    saveAction->setEnabled(currentView->isModified() || currentView->hasPendingEdits());
 }
 
 std::unique_ptr<NlsData::Netlist> VLTViewManagerPrivate::readNlsdata()
@@ -92,6 +92,10 @@ void VLTViewManagerPrivate::placeVLTView(VLTView *view)
     // The slot looks at its sender, so it is connected itself.
     QObject::connect(view, SIGNAL(modificationStatusChanged(bool)), manager,
                      SLOT(onVLTViewModified(bool)));
+    QObject::connect(view, &VLTView::pendingEditsChanged, manager, [this, view] {
+        if (view == currentView)
+            updateActions();
+    });
     QObject::connect(view, &VLTView::closeRequested, manager, &VLTViewManager::closeView);
     Core::ViewManager::instance()->registerContext(view, QString::fromLatin1(VLTINS_CONTEXT), true);
     Core::ViewManager::instance()->showView(view);
@@ -212,7 +216,10 @@ void VLTViewManager::onVLTViewModified(bool)
 
 void VLTViewManager::onActSave()
 {
-    if (d->currentView && d->currentView->isModified())
+    if (!d->currentView)
+        return;
+    d->currentView->commitEdits();
+    if (d->currentView->isModified())
         d->currentView->save();
 }
 

@@ -1,3 +1,4 @@
+#include "activity/dffsetwidget.h"
 #include "config/vlrfile.h"
 #include "document/vltview.h"
 #include "frame/vltsettingplugin.h"
@@ -40,16 +41,40 @@ private slots:
     void oneFileIsOpenOnce();
     void fileOpenedAgainWhileTheNetlistIsRead();
     void saveFollowsTheActiveView();
+    void saveFollowsTheOpenEditor();
+    void typedTextSurvivesMenus_data();
+    void typedTextSurvivesMenus();
 
 private:
     QAction *saveCommand() const
     {
         return Core::CommandRegistry::command(QString::fromLatin1(Core::Constants::A_FILE_SAVE));
     }
-    VLT::VLTView *open(const char *name)
+    VLT::VLTView *open(const char *name, const QByteArray &bytes = EMPTY)
     {
-        VLTViewManager::openView(m_host->device(), m_host->write(QString::fromUtf8(name), EMPTY));
+        VLTViewManager::openView(m_host->device(), m_host->write(QString::fromUtf8(name), bytes));
         return VLTViewManager::vltViews().value(VLTViewManager::vltViews().size() - 1);
+    }
+
+    /// Opens the editor of the first flip-flop's value.
+    QDoubleSpinBox *edit(VLT::VLTView *view) const
+    {
+        for (QTabWidget *tabs : view->findChildren<QTabWidget *>())
+            tabs->setCurrentIndex(tabs->count() - 1);
+        auto *page = view->findChild<VLT::DFFSetWidget *>();
+        for (QTabWidget *tabs : view->findChildren<QTabWidget *>())
+            tabs->setCurrentWidget(page);
+        auto *table = page->findChild<QTableView *>();
+        table->setFocus();
+        table->setCurrentIndex(table->model()->index(0, 1));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // earlier editors
+        QTest::keyClick(table, Qt::Key_F2);
+        return table->findChild<QDoubleSpinBox *>();
+    }
+    static QByteArray fileWith(const QByteArray &value)
+    {
+        return "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG><Config><LocalEnable><Instance name=\"a\"" +
+               value + "/></LocalEnable></Config>";
     }
 
     VLT::VLTSettingPlugin m_plugin;
@@ -167,6 +192,101 @@ void TestVLTViewManager::saveFollowsTheActiveView()
     QVERIFY(first->isModified());
     QVERIFY(m_host->read(QStringLiteral("second.vlr")).contains("<Version>1.0</Version>"));
     QCOMPARE(m_host->read(QStringLiteral("first.vlr")), EMPTY);
+}
+
+void TestVLTViewManager::saveFollowsTheOpenEditor()
+{
+    VLT::VLTView *view = open("a.vlr", fileWith(" value=\"12.5\""));
+    m_host->viewManager()->area()->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_host->viewManager()->area()));
+    const auto type = [&](const char *keys) {
+        QDoubleSpinBox *editor = edit(view);
+        QTest::keyClicks(editor, QLatin1String(keys));
+        return editor;
+    };
+    QDoubleSpinBox *editor = type("");
+    QVERIFY(!saveCommand()->isEnabled());
+    QTest::keyClicks(editor, QStringLiteral("9"));
+    QVERIFY(saveCommand()->isEnabled());
+    QVERIFY(!view->isModified());
+    QTest::keyClick(editor, Qt::Key_Escape);
+    QVERIFY(!saveCommand()->isEnabled());
+
+    type("9");
+    auto *table = view->findChild<VLT::DFFSetWidget *>()->findChild<QTableView *>();
+    auto *model = qobject_cast<VLT::TableModel *>(table->model());
+    model->reload(); // drops the editor
+    QVERIFY(!saveCommand()->isEnabled());
+
+    auto *other = open("b.vlr");
+    Core::ViewManager::instance()->showView(view);
+    type("9");
+    Core::ViewManager::instance()->showView(other); // commits, as the editor loses the focus
+    QVERIFY(view->isModified() && !saveCommand()->isEnabled());
+    Core::ViewManager::instance()->showView(view);
+    QVERIFY(view->save());
+
+    type("8");
+    saveCommand()->trigger();
+    const QByteArray saved = m_host->read(QStringLiteral("a.vlr"));
+    QVERIFY2(saved.contains("value=\"8\""), saved.constData());
+    QVERIFY(!view->isModified() && !saveCommand()->isEnabled());
+}
+
+void TestVLTViewManager::typedTextSurvivesMenus_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QByteArray>("after");
+    const QByteArray set = " value=\"12.5\"";
+    QTest::newRow("never set") << QByteArray() << QString() << QByteArray();
+    QTest::newRow("emptied") << set << QString() << QByteArray();
+    QTest::newRow("negative") << set << QStringLiteral("-5") << QByteArray();
+    QTest::newRow("unfinished") << set << QStringLiteral("-") << set;
+    QTest::newRow("the default") << QByteArray() << QStringLiteral("100")
+                                 << QByteArray(" value=\"100\"");
+}
+
+// With the mouse, which leaves the keyboard focus where it is.
+void TestVLTViewManager::typedTextSurvivesMenus()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QString, typed);
+    QFETCH(QByteArray, after);
+    for (const bool byTab : {false, true}) {
+        QMainWindow window;
+        QMenu *menu = window.menuBar()->addMenu(QStringLiteral("File"));
+        menu->addAction(saveCommand());
+        VLT::VLTView *view = open(byTab ? "b.vlr" : "a.vlr", fileWith(before));
+        QWidget *area = m_host->viewManager()->area();
+        window.setCentralWidget(area);
+        const auto release = qScopeGuard([area] { area->setParent(nullptr); });
+        window.resize(1000, 700);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QDoubleSpinBox *editor = edit(view);
+        QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(editor, Qt::Key_Delete);
+        QTest::keyClicks(editor, typed);
+        if (byTab) { // hides the editor before it takes the focus away
+            auto *tabs = view->findChild<QTabWidget *>();
+            QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {},
+                              tabs->tabBar()->tabRect(0).center());
+            QVERIFY(view->save());
+        } else {
+            QTest::mouseClick(window.menuBar(), Qt::LeftButton, {},
+                              window.menuBar()->actionGeometry(menu->menuAction()).center());
+            QTRY_VERIFY(menu->isVisible());
+            QCOMPARE(QApplication::focusWidget(), editor);
+            QCOMPARE(editor->text(), typed);
+            QTest::mouseClick(menu, Qt::LeftButton, {},
+                              menu->actionGeometry(saveCommand()).center());
+        }
+        QVERIFY(!view->isModified());
+        const QByteArray saved =
+            m_host->read(byTab ? QStringLiteral("b.vlr") : QStringLiteral("a.vlr"));
+        QVERIFY2(saved.contains("<Instance name=\"a\"" + after + "/>"), saved.constData());
+    }
 }
 
 int main(int argc, char *argv[])
