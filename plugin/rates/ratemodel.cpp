@@ -30,7 +30,7 @@ RateModel::RateModel(QList<VLT_Rate *> &records, QObject *parent)
                                                   int role) { return valueData(rate, role); })
                        .storedBy(storeValue)
                        .editable()
-                       .sortedBy(lessThanByRate, greaterThanByRate)})
+                       .sortedBy(lessThanByRate, greaterThanByRate, &VLT_Rate::value)})
 {
 }
 
