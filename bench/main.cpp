@@ -48,9 +48,10 @@ bool writeJson(const QString &path, const Suite &suite)
     return file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(result).toJson()) > 0;
 }
 
-int measurePeak(const QStringList &files)
+int measurePeak(const QStringList &files, bool allNames)
 {
-    const double bytes = files.size() == 1 ? netlistPeak(files[0]) : viewPeak(files[0], files[1]);
+    const double bytes =
+        files.size() == 1 ? netlistPeak(files[0], allNames) : viewPeak(files[0], files[1]);
     std::printf("%.0f\n", bytes);
     return bytes > 0 ? 0 : 1;
 }
@@ -76,11 +77,13 @@ int main(int argc, char **argv)
                                   QStringLiteral("group"));
     QCommandLineOption peak(QStringLiteral("peak"));
     peak.setFlags(QCommandLineOption::HiddenFromHelp);
-    parser.addOptions({quick, output, only, peak});
+    QCommandLineOption names(QStringLiteral("names"));
+    names.setFlags(QCommandLineOption::HiddenFromHelp);
+    parser.addOptions({quick, output, only, peak, names});
     parser.addPositionalArgument(QStringLiteral("files"), QString(), QStringLiteral(" "));
     parser.process(application);
     if (parser.isSet(peak))
-        return measurePeak(parser.positionalArguments());
+        return measurePeak(parser.positionalArguments(), parser.isSet(names));
 
     // Floor and product take turns, in an order that no drift of the machine follows.
     char program[] = "vltbench";

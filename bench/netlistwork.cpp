@@ -3,9 +3,11 @@
 #include "suite.h"
 #include "works.h"
 
+#include "host/nlsdata/netnames.h"
+#include "host/nlsdata/readnetlist.h"
 #include "nlsdata/netlist.h"
-#include "nlsdata/netlistreader.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
@@ -15,10 +17,12 @@
 
 namespace {
 
-std::unique_ptr<NlsData::Netlist> read(const QString &path)
+std::unique_ptr<NlsData::Netlist> read(const QString &path, bool allNames = false)
 {
     QString error;
-    std::unique_ptr<NlsData::Netlist> netlist(NlsData::readNetlistFile(path, &error, false));
+    NlsData::ReadOptions options;
+    options.allNames = allNames;
+    std::unique_ptr<NlsData::Netlist> netlist = NlsData::readNetlist(path, &error, options);
     if (!netlist)
         qFatal("%s", qPrintable(error));
     return netlist;
@@ -40,12 +44,22 @@ double readNetlist(const QString &path)
     return seconds([&] { netlist = read(path); });
 }
 
+/// Reads with all names, and makes them ready to be asked for.
+double readNames(const QString &path)
+{
+    std::unique_ptr<NlsData::Netlist> netlist;
+    return seconds([&] {
+        netlist = read(path, true);
+        const NlsData::NetNames names(*netlist);
+    });
+}
+
 } // namespace
 
-double netlistPeak(const QString &netlist)
+double netlistPeak(const QString &netlist, bool allNames)
 {
     std::unique_ptr<NlsData::Netlist> kept;
-    return peakBytes([&] { kept = read(netlist); });
+    return peakBytes([&] { kept = read(netlist, allNames); });
 }
 
 void netlistWork(Suite &suite)
@@ -64,6 +78,17 @@ void netlistWork(Suite &suite)
     suite.memory(QStringLiteral("peak memory of reading it, against the file's size"),
                  double(QFileInfo(files[0]).size()),
                  numberFromChild({QStringLiteral("--peak"), files[0]}), 4);
+    // Goals: half the time of reading more, and its peak memory once more.
+    const int nets = suite.scaled(1000000);
+    const QString large = folder.filePath(QStringLiteral("large.json"));
+    writeNetlist(large, nets);
+    suite.compare(
+        QStringLiteral("read a netlist of %1 nets with all their names").arg(nets),
+        [&] { return readNetlist(large); }, [&] { return readNames(large); }, 1.5, 3);
+    suite.memory(QStringLiteral("peak memory of reading it with all names, against without"),
+                 numberFromChild({QStringLiteral("--peak"), large}),
+                 numberFromChild({QStringLiteral("--peak"), QStringLiteral("--names"), large}), 2);
+    QFile::remove(large);
     suite.growth(QStringLiteral("growth: read a netlist"), cells,
                  [&](int factor) { return readNetlist(files[factor / 2]); });
 }

@@ -13,5 +13,5 @@ void startWork(Suite &suite);
 
 // Peak memory in bytes, measured in a process of its own.
 
-double netlistPeak(const QString &netlist);
+double netlistPeak(const QString &netlist, bool allNames);
 double viewPeak(const QString &netlist, const QString &configuration);

@@ -1,11 +1,13 @@
 #include "elaborator_p.h"
 
 #include "designplan_p.h"
+#include "nametable_p.h"
 #include "netlistdata_p.h"
 #include "readcontrol.h"
 
 #include <algorithm>
 #include <numeric>
+#include <unordered_map>
 
 namespace NlsData {
 
@@ -26,20 +28,25 @@ QByteArray bytes(std::string_view text)
 class Elaborator
 {
 public:
-    Elaborator(DesignPlan *plan, const RawNetlist &raw, ReadControl *control)
+    Elaborator(DesignPlan *plan, const RawNetlist &raw, ReadControl *control, bool allNames)
         : m_plan(*plan)
         , m_raw(raw)
         , m_control(control)
         , m_data(new NetlistData)
         , m_firstName(raw.modules.size(), none)
     {
+        if (allNames)
+            m_data->allNames = std::make_unique<NameTable>(raw.modules.size());
     }
 
     std::unique_ptr<NetlistData> run();
 
 private:
     void addKinds();
+    void addName(std::string_view name, quint8 rank);
     void addNames(quint32 module);
+    void addAllNames(quint32 module);
+    void addPins(const RawModule &raw, size_t cell);
     void layOut(quint32 module, quint32 scope, size_t frame);
     void addNets(quint32 module, quint32 scope, size_t frame);
     void connectLeaf(const RawModule &raw, size_t cell, quint32 instance, size_t frame);
@@ -73,6 +80,8 @@ std::unique_ptr<NetlistData> Elaborator::run()
     m_frames.assign(top.bits.size(), none);
     layOut(m_plan.top(), none, 0);
     addPorts();
+    if (m_data->allNames)
+        m_data->allNames->link(*m_data, [this](quint32 net) { return findRoot(net); });
     if (!m_joined.empty())
         mergeNets();
     settleDrivers();
@@ -86,7 +95,9 @@ void Elaborator::addKinds()
         NetlistData::Kind kind;
         kind.type = bytes(raw.type);
         kind.isModule = m_plan.contents(i) != DesignPlan::leaf;
-        if (!kind.isModule) {
+        if (raw.type == scopeInfo) {
+            kind.isModule = true;
+        } else if (!kind.isModule) {
             kind.isKnown = raw.library != nullptr;
             kind.category = raw.codes.category;
             kind.primitive = raw.codes.primitive;
@@ -95,22 +106,55 @@ void Elaborator::addKinds()
     }
 }
 
+void Elaborator::addName(std::string_view name, quint8 rank)
+{
+    m_data->names.push_back({quint32(m_data->text.size()), quint32(name.size())});
+    m_data->text.insert(m_data->text.end(), name.begin(), name.end());
+    m_nameRank.push_back(rank);
+}
+
 void Elaborator::addNames(quint32 module)
 {
     const RawModule &raw = *m_plan.module(module).raw;
-    std::vector<NetlistData::Name> &names = m_data->names;
-    m_firstName[module] = quint32(names.size());
-    const auto add = [&](std::string_view name, quint8 rank) {
-        names.push_back({quint32(m_data->text.size()), quint32(name.size())});
-        m_data->text.insert(m_data->text.end(), name.begin(), name.end());
-        m_nameRank.push_back(rank);
-    };
+    m_firstName[module] = quint32(m_data->names.size());
     for (const RawVector &port : raw.ports)
-        add(port.name, 0);
+        addName(port.name, 0);
     for (const RawVector &net : raw.nets)
-        add(net.name, net.generatedName ? 2 : 1);
+        addName(net.name, net.generatedName ? 2 : 1);
     for (const RawCell &cell : raw.cells)
-        add(cell.name, 0);
+        addName(cell.name, 0);
+    if (m_data->allNames)
+        addAllNames(module);
+}
+
+void Elaborator::addAllNames(quint32 module)
+{
+    const RawModule &raw = *m_plan.module(module).raw;
+    m_data->allNames->addModule(module, m_plan.module(module), m_firstName[module]);
+    const quint32 firstCell = m_firstName[module] + quint32(raw.ports.size() + raw.nets.size());
+    for (const auto &[cell, name] : raw.scopeModules)
+        m_data->scopeModules.emplace_back(firstCell + cell, bytes(name));
+
+    // What a source line was made into shares its position.
+    std::unordered_map<std::string_view, quint32> known{{std::string_view(), none}};
+    std::vector<quint32> sources;
+    for (const std::string_view source : raw.sources) {
+        const auto [it, added] = known.try_emplace(source, quint32(m_data->names.size()));
+        if (added)
+            addName(source, 0);
+        sources.push_back(it->second);
+    }
+    m_data->allNames->setSources(module, std::move(sources));
+}
+
+/// The pins of a kind are those of its first cell.
+void Elaborator::addPins(const RawModule &raw, size_t cell)
+{
+    std::vector<QByteArray> &pins = m_data->kinds[raw.cells[cell].kind].pins;
+    if (!pins.empty())
+        return;
+    for (quint32 i = raw.cells[cell].firstPin; i < raw.pinEnd(cell); ++i)
+        pins.push_back(bytes(m_raw.portNames[raw.pins[i].portName]));
 }
 
 /// Adds one copy of a module in `scope`. Its bits that are already nets, from outside, have them in
@@ -122,6 +166,8 @@ void Elaborator::layOut(quint32 module, quint32 scope, size_t frame)
     if (m_firstName[module] == none)
         addNames(module);
     addNets(module, scope, frame);
+    if (m_data->allNames)
+        m_data->allNames->addCopy(module, scope, m_frames.data() + frame);
 
     const size_t frameEnd = frame + plan.bits.size();
     const quint32 firstName = m_firstName[module] + quint32(raw.ports.size() + raw.nets.size());
@@ -133,6 +179,8 @@ void Elaborator::layOut(quint32 module, quint32 scope, size_t frame)
         const quint32 kind = raw.cells[i].kind;
         m_data->instances.push_back({scope, firstName + quint32(i), kind});
         const quint32 inside = m_plan.contents(kind);
+        if (m_data->allNames)
+            addPins(raw, i);
         if (inside == DesignPlan::leaf) {
             connectLeaf(raw, i, row, frame);
             continue;
@@ -303,10 +351,10 @@ void Elaborator::settleDrivers()
 } // namespace
 
 std::unique_ptr<NetlistData> elaborate(RawNetlist *raw, const ElaborationLimits &limits,
-                                       ReadControl *control)
+                                       ReadControl *control, bool allNames)
 {
     DesignPlan plan(raw, limits);
-    return Elaborator(&plan, *raw, control).run();
+    return Elaborator(&plan, *raw, control, allNames).run();
 }
 
 } // namespace NlsData

@@ -1,5 +1,7 @@
 #include "netlistdata_p.h"
 
+#include "nametable_p.h"
+
 #include <algorithm>
 #include <charconv>
 #include <functional>
@@ -74,6 +76,10 @@ QMap<QString, Handle *> byPath(std::vector<Handle> &handles, const std::vector<R
 }
 
 } // namespace
+
+NetlistData::NetlistData() = default;
+
+NetlistData::~NetlistData() = default;
 
 template<typename Handle, typename Row>
 void NetlistData::makeHandles(std::vector<Handle> *handles, const std::vector<Row> &rows)

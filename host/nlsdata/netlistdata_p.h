@@ -12,6 +12,8 @@
 
 namespace NlsData {
 
+class NameTable;
+
 /// The contents of a netlist: one row per object and one handle per row, all sized once. Names are
 /// kept apart, so that the bits of a vector and the copies of a module share them.
 class HOST_EXPORT NetlistData
@@ -51,9 +53,13 @@ public:
         QByteArray type;
         int category = 0;
         int primitive = 0;
-        bool isModule = false; ///< a module with contents
+        bool isModule = false; ///< a module with contents, or what stands for a flattened one
         bool isKnown = false;  ///< in a cell library
+        std::vector<QByteArray> pins; ///< only with `allNames`
     };
+
+    NetlistData();
+    ~NetlistData();
 
     /// The netlist over these contents; the handles are made here.
     static std::unique_ptr<Netlist> makeNetlist(std::unique_ptr<NetlistData> data);
@@ -68,6 +74,9 @@ public:
     const Kind &kind(quint32 instance) const { return kinds[instances[instance].kind]; }
     Instance *driver(quint32 net) const;
     Net *netOf(quint32 port) const;
+    Net *net(quint32 row) const { return &m_nets[row]; }
+    static quint32 row(const Net &net) { return net.m_row; }
+    static quint32 row(const Instance &instance) { return instance.m_row; }
 
     /// Built at the first call.
     const QMap<QString, Net *> &netMap() const;
@@ -80,6 +89,8 @@ public:
     std::vector<NetRow> nets;
     std::vector<InstanceRow> instances;
     std::vector<PortRow> ports;
+    std::unique_ptr<NameTable> allNames;                      ///< null unless asked for
+    std::vector<std::pair<quint32, QByteArray>> scopeModules; ///< of flattened ones, by cell's name
 
     QList<Port *> portList;
     QList<Instance *> instanceList;

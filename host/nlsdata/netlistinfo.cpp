@@ -1,11 +1,15 @@
 #include "netlistinfo.h"
 
 #include "netlistdata_p.h"
+#include "netnames.h"
 #include "readnetlist.h"
 
+#include <QCryptographicHash>
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <map>
+#include <vector>
 
 namespace NlsData {
 
@@ -37,7 +41,11 @@ QJsonObject netlistInfo(const QString &path, QString *error)
 {
     QElapsedTimer timer;
     timer.start();
-    const std::unique_ptr<Netlist> netlist = readNetlist(path, error);
+    QByteArray sha256;
+    ReadOptions options;
+    options.allNames = true;
+    options.sha256 = &sha256;
+    const std::unique_ptr<Netlist> netlist = readNetlist(path, error, options);
     if (!netlist)
         return {};
     const qint64 elapsed = timer.elapsed();
@@ -58,6 +66,22 @@ QJsonObject netlistInfo(const QString &path, QString *error)
         else if (!kind.isKnown)
             ++unknown[kind.type];
     }
+    const NetNames names(*netlist);
+    qint64 nameCount = 0;
+    std::vector<QByteArray> lines;
+    names.forEachNet([&](Net *net) {
+        const NetNames::Names all = names.names(net);
+        QByteArrayList line;
+        for (const QString &name : all.given + all.fromCells)
+            line += name.toUtf8();
+        std::sort(line.begin(), line.end());
+        nameCount += line.size() + all.generated.size();
+        lines.push_back(line.join('\t') + '\n');
+    });
+    std::sort(lines.begin(), lines.end());
+    QCryptographicHash digest(QCryptographicHash::Sha256);
+    for (const QByteArray &line : lines)
+        digest.addData(line);
     return {
         {QStringLiteral("design"), netlist->name()},
         {QStringLiteral("ports"), toJson(ports)},
@@ -67,6 +91,9 @@ QJsonObject netlistInfo(const QString &path, QString *error)
         {QStringLiteral("instancesByPrimitive"), toJson(primitives)},
         {QStringLiteral("moduleInstances"), modules},
         {QStringLiteral("unknownCellTypes"), toJson(unknown)},
+        {QStringLiteral("names"), nameCount},
+        {QStringLiteral("namesDigest"), QLatin1String(digest.result().toHex())},
+        {QStringLiteral("sha256"), QLatin1String(sha256)},
         {QStringLiteral("readMilliseconds"), elapsed},
     };
 }

@@ -26,8 +26,9 @@ const size_t NetlistParser::padding = simdjson::SIMDJSON_PADDING;
 class NetlistParser::Private : private JsonWalk
 {
 public:
-    Private(const CellLibrary &library, ReadControl *control)
+    Private(const CellLibrary &library, ReadControl *control, bool withSources)
         : m_control(control)
+        , m_withSources(withSources)
         , m_index(library, &m_netlist)
     {
     }
@@ -59,12 +60,14 @@ private:
     void readDirections(ondemand::value value, Type *type);
     void readConnections(ondemand::value value, Type *type);
     void readParameters(ondemand::value value);
+    void readCellAttributes(ondemand::value value);
     void readBits(ondemand::value value, std::vector<RawBit> *bits);
     Direction direction(ondemand::value value) const;
     quint32 portNumber(ondemand::field &field, Type *type, size_t place);
     quint32 portNumber(std::string_view name);
 
     ReadControl *const m_control;
+    const bool m_withSources;
     ondemand::parser m_parser;
     RawNetlist m_netlist;
     CellIndex m_index;
@@ -76,6 +79,8 @@ private:
     std::vector<CellParameter> m_parameters;
     Type m_unknownType{};
     quint64 m_cell = 0;
+    std::string_view m_scopeModule; ///< attributes of the current cell
+    std::string_view m_scopeSource;
 };
 
 QString NetlistParser::Private::place() const
@@ -292,6 +297,9 @@ void NetlistParser::Private::readCell(std::string_view name, ondemand::value val
     m_parameters.clear();
     Type *type = nullptr;
     const auto firstPin = quint32(m_module->pins.size());
+    if (m_withSources)
+        m_module->sources.emplace_back();
+    m_scopeModule = m_scopeSource = {};
     for (auto result : object(value, "cell")) {
         ondemand::field field = take(result, "cell");
         const ondemand::raw_json_string key = field.key();
@@ -301,6 +309,8 @@ void NetlistParser::Private::readCell(std::string_view name, ondemand::value val
             readDirections(field.value(), type ? type : &m_unknownType);
         else if (key == "connections")
             readConnections(field.value(), type ? type : &m_unknownType);
+        else if (m_withSources && key == "attributes")
+            readCellAttributes(field.value());
         else if (key == "parameters" && (!type || (type->library && type->library->hasVariants())))
             readParameters(field.value());
         else
@@ -313,7 +323,31 @@ void NetlistParser::Private::readCell(std::string_view name, ondemand::value val
         const CellDirection &given = m_directions[pin.portName];
         pin.direction = quint32(given.cell == m_cell ? given.direction : Direction::Unknown);
     }
+    if (m_withSources && type->name == scopeInfo) {
+        m_module->sources.back() = m_scopeSource;
+        m_module->scopeModules.emplace_back(quint32(m_module->cells.size()), m_scopeModule);
+    }
     m_module->cells.push_back({name, m_index.kind(type, m_parameters), firstPin});
+}
+
+void NetlistParser::Private::readCellAttributes(ondemand::value value)
+{
+    for (auto result : object(value, "attributes")) {
+        ondemand::field field = take(result, "attributes");
+        const ondemand::raw_json_string key = field.key();
+        ondemand::value content = field.value();
+        std::string_view *text = nullptr;
+        if (key == "src")
+            text = &m_module->sources.back();
+        else if (key == "cell_src")
+            text = &m_scopeSource;
+        else if (key == "module")
+            text = &m_scopeModule;
+        if (text && take(content.type(), "attributes") == ondemand::json_type::string)
+            *text = string(content, "attributes");
+        else
+            skip(content);
+    }
 }
 
 void NetlistParser::Private::readDirections(ondemand::value value, Type *type)
@@ -383,8 +417,8 @@ quint32 NetlistParser::Private::portNumber(std::string_view name)
     return number;
 }
 
-NetlistParser::NetlistParser(const CellLibrary &library, ReadControl *control)
-    : d(new Private(library, control))
+NetlistParser::NetlistParser(const CellLibrary &library, ReadControl *control, bool withSources)
+    : d(new Private(library, control, withSources))
 {
 }
 

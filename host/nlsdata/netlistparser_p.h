@@ -16,7 +16,8 @@ public:
     /// Bytes that must be allocated behind the text.
     static const size_t padding;
 
-    NetlistParser(const CellLibrary &library, ReadControl *control);
+    /// `withSources`: keep the cells' source positions.
+    NetlistParser(const CellLibrary &library, ReadControl *control, bool withSources = false);
     ~NetlistParser();
 
     /// Throws ReadError when the text is no netlist.

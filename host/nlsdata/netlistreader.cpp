@@ -4,6 +4,7 @@
 #include "netlistdata_p.h"
 #include "netlistparser_p.h"
 #include "readcontrol.h"
+#include "texthasher_p.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -37,7 +38,13 @@ struct PaddedText
     size_t size;
 };
 
-PaddedText loadFile(const QString &path, ReadControl *control)
+struct LoadedFile
+{
+    PaddedText text;
+    std::unique_ptr<TextHasher> hasher; ///< reads the text: goes before it
+};
+
+LoadedFile loadFile(const QString &path, const ReadOptions &options)
 {
     const QFileInfo info(path);
     if (path.isEmpty() || !info.exists())
@@ -53,26 +60,31 @@ PaddedText loadFile(const QString &path, ReadControl *control)
     if (size > maximumSize)
         throw ReadError{QStringLiteral("it is larger than 4 GiB")};
 
-    PaddedText text{size_t(size)};
+    LoadedFile result{PaddedText(size_t(size)), nullptr};
+    char *bytes = result.text.bytes.get();
+    if (options.sha256)
+        result.hasher = std::make_unique<TextHasher>(bytes);
     for (qint64 done = 0; done < size;) {
-        const qint64 count = file.read(text.bytes.get() + done, std::min(chunk, size - done));
+        const qint64 count = file.read(bytes + done, std::min(chunk, size - done));
         if (count < 0)
             throw ReadError{file.errorString()};
         if (count == 0)
             throw ReadError{QStringLiteral("it became shorter while it was read")};
         done += count;
-        if (control)
-            control->report(int(done * readPermille / size));
+        if (result.hasher)
+            result.hasher->add(size_t(done));
+        if (options.control)
+            options.control->report(int(done * readPermille / size));
     }
-    return text;
+    return result;
 }
 
 std::unique_ptr<NetlistData> readText(std::string_view text, const ReadOptions &options)
 {
     const CellLibrary &library = options.library ? *options.library : CellLibrary::embedded();
-    NetlistParser parser(library, options.control);
+    NetlistParser parser(library, options.control, options.allNames);
     RawNetlist raw = parser.parse(text);
-    return elaborate(&raw, options.limits, options.control);
+    return elaborate(&raw, options.limits, options.control, options.allNames);
 }
 
 /// Calls `read`, and turns what it throws into the sentence.
@@ -99,8 +111,11 @@ std::unique_ptr<Netlist> readNetlist(const QString &path, QString *error,
                                      const ReadOptions &options)
 {
     return guarded(path, error, [&] {
-        const PaddedText text = loadFile(path, options.control);
-        return readText(text.view(), options);
+        LoadedFile file = loadFile(path, options);
+        std::unique_ptr<NetlistData> data = readText(file.text.view(), options);
+        if (file.hasher)
+            *options.sha256 = file.hasher->finish();
+        return data;
     });
 }
 
@@ -110,6 +125,8 @@ std::unique_ptr<Netlist> readNetlistText(std::string_view text, const QString &n
     return guarded(name, error, [&] {
         PaddedText padded(text.size());
         std::copy(text.begin(), text.end(), padded.bytes.get());
+        if (options.sha256)
+            *options.sha256 = sha256Of(text);
         return readText(padded.view(), options);
     });
 }

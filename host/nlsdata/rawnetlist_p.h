@@ -6,6 +6,7 @@
 
 #include <limits>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace NlsData {
@@ -71,6 +72,8 @@ struct RawModule
     std::vector<RawCell> cells;
     std::vector<RawPin> pins;
     std::vector<RawBit> pinBits;
+    std::vector<std::string_view> sources;                          ///< by cell, when asked for
+    std::vector<std::pair<quint32, std::string_view>> scopeModules; ///< by cell, when asked for
 
     quint32 pinEnd(size_t cell) const
     {
@@ -89,6 +92,9 @@ struct CellKind
     const CellType *library = nullptr; ///< borrowed from the cell library; null when unknown
     CellCodes codes;
 };
+
+/// The type of the cells that the synthesis tool leaves for a module instance that it flattened.
+constexpr std::string_view scopeInfo = "$scopeinfo";
 
 struct RawNetlist
 {

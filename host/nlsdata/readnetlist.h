@@ -3,6 +3,7 @@
 #include "hostexport.h"
 #include "nlsdata/netlistreader.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <memory>
@@ -27,6 +28,10 @@ struct ReadOptions
     ElaborationLimits limits;
     const CellLibrary *library = nullptr; ///< borrowed; null: the embedded one
     ReadControl *control = nullptr;       ///< borrowed; null: nobody watches
+    bool allNames = false;                ///< keep what NetNames asks for
+    /// Borrowed; receives the SHA-256 of the bytes that were read, in hexadecimal, computed in a
+    /// thread of its own while they are read. Null: not wanted.
+    QByteArray *sha256 = nullptr;
 };
 
 /// Reads a netlist file; null with a sentence in `error` (when given) on failure. Callable from any

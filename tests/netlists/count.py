@@ -5,6 +5,7 @@
     count.py NETLIST.json --against PROGRAM  compares with `PROGRAM --netlist-info NETLIST.json`
 """
 import collections
+import hashlib
 import json
 import re
 import subprocess
@@ -34,26 +35,40 @@ def count(design):
     top = top_of(modules)
     types = collections.Counter()
     parent = {}
+    names = {}
 
     def find(bit):
         while parent.setdefault(bit, bit) != bit:
             bit = parent[bit]
         return bit
 
+    def add_names(instance, path, groups):
+        for name, group in groups:
+            bits = group["bits"]
+            vector = len(bits) > 1 or "offset" in group or group.get("upto")
+            for place, bit in enumerate(bits):
+                if group.get("upto"):
+                    place = len(bits) - 1 - place
+                index = "[%d]" % (group.get("offset", 0) + place) if vector else ""
+                if isinstance(bit, int):
+                    names.setdefault((instance, bit), []).append(
+                        (path + name + index, group.get("hide_name", 0)))
+
     # Every instance of a module has its own bits; those of its ports are joined with the pins.
-    def walk(name, instance):
+    def walk(name, instance, path):
         module = modules[name]
-        groups = list(module.get("netnames", {}).values()) + list(module.get("ports", {}).values())
-        for group in groups:
+        groups = list(module.get("netnames", {}).items()) + list(module.get("ports", {}).items())
+        add_names(instance, path, groups)
+        for _, group in groups:
             for bit in group["bits"]:
                 if isinstance(bit, int):
                     find((instance, bit))
-        for number, cell in enumerate(module.get("cells", {}).values()):
+        for number, (label, cell) in enumerate(module.get("cells", {}).items()):
             types[cell["type"]] += 1
             inner = modules.get(cell["type"])
             if inner and not is_black_box(inner):
                 inside = instance + (number,)
-                walk(cell["type"], inside)
+                walk(cell["type"], inside, path + label + "/")
                 for port, bits in cell["connections"].items():
                     for outer, own in zip(bits, inner["ports"][port]["bits"]):
                         if isinstance(outer, int) and isinstance(own, int):
@@ -64,11 +79,17 @@ def count(design):
                         if isinstance(bit, int):
                             find((instance, bit))
 
-    walk(top, ())
+    walk(top, (), "")
+    by_net = collections.defaultdict(set)
+    for bit in list(parent):
+        by_net[find(bit)].update(names.get(bit, []))
+    lines = sorted("\t".join(sorted(n for n, hidden in named if not hidden)).encode() + b"\n"
+                   for named in by_net.values())
     ports = {"0": 0, "1": 0, "2": 0, "3": 0}
     for port in modules[top]["ports"].values():
         ports[str(DIRECTIONS[port["direction"]])] += len(port["bits"])
-    cells = {t: n for t, n in types.items() if t not in modules or is_black_box(modules[t])}
+    cells = {t: n for t, n in types.items()
+             if t != "$scopeinfo" and (t not in modules or is_black_box(modules[t]))}
     return {
         "design": top,
         "ports": ports,
@@ -78,6 +99,8 @@ def count(design):
         "flipFlops": sum(n for t, n in cells.items() if FLIP_FLOP.search(t)),
         "blockMemories": sum(n for t, n in cells.items() if BLOCK_MEMORY.search(t)),
         "unknownCellTypes": {},
+        "names": sum(map(len, by_net.values())),
+        "namesDigest": hashlib.sha256(b"".join(lines)).hexdigest(),
     }
 
 
@@ -92,8 +115,10 @@ def seen_by(program, path):
 
 def main():
     path = sys.argv[1]
-    with open(path, encoding="utf-8") as file:
-        counted = count(json.load(file))
+    with open(path, "rb") as file:
+        content = file.read()
+    counted = count(json.loads(content))
+    counted["sha256"] = hashlib.sha256(content).hexdigest()
     print(json.dumps(counted))
     if "--against" not in sys.argv:
         return 0

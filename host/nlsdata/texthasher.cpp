@@ -1,0 +1,78 @@
+#include "texthasher_p.h"
+
+#include <QCryptographicHash>
+
+#include <algorithm>
+
+namespace NlsData {
+
+namespace {
+
+constexpr size_t step = 1 << 20; // bytes between two looks at whether to give up
+
+} // namespace
+
+QByteArray sha256Of(std::string_view text)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (size_t done = 0; done < text.size(); done += step)
+        hash.addData(text.data() + done, int(std::min(step, text.size() - done)));
+    return hash.result().toHex();
+}
+
+TextHasher::TextHasher(const char *text)
+    : m_text(text)
+    , m_thread([this] { run(); })
+{
+}
+
+TextHasher::~TextHasher()
+{
+    if (m_thread.joinable())
+        end(true);
+}
+
+void TextHasher::add(size_t size)
+{
+    const std::lock_guard lock(m_mutex);
+    m_size = size;
+    m_changed.notify_one();
+}
+
+QByteArray TextHasher::finish()
+{
+    end(false);
+    return m_result;
+}
+
+void TextHasher::end(bool discard)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_ended = true;
+        m_discarded = discard;
+        m_changed.notify_one();
+    }
+    m_thread.join();
+}
+
+void TextHasher::run()
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    std::unique_lock lock(m_mutex);
+    for (size_t done = 0;;) {
+        m_changed.wait(lock, [&] { return m_size > done || m_ended; });
+        if (m_discarded)
+            return;
+        if (m_size == done)
+            break;
+        const size_t count = std::min(step, m_size - done);
+        lock.unlock();
+        hash.addData(m_text + done, int(count));
+        done += count;
+        lock.lock();
+    }
+    m_result = hash.result().toHex();
+}
+
+} // namespace NlsData

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <condition_variable>
+#include <mutex>
+#include <string_view>
+#include <thread>
+
+namespace NlsData {
+
+/// SHA-256 in hexadecimal.
+QByteArray sha256Of(std::string_view text);
+
+/// Computes the SHA-256 of a buffer in a thread of its own while the buffer is being filled.
+class TextHasher
+{
+public:
+    /// `text` is borrowed and must outlive the hasher.
+    explicit TextHasher(const char *text);
+    /// Gives up, unless finish() was called.
+    ~TextHasher();
+
+    /// Says that the first `size` bytes are there, which then must not change.
+    void add(size_t size);
+
+    /// No bytes follow: waits for the result, in hexadecimal.
+    QByteArray finish();
+
+private:
+    void run();
+    void end(bool discard);
+
+    const char *const m_text;
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    size_t m_size = 0;
+    bool m_ended = false;
+    bool m_discarded = false;
+    QByteArray m_result;
+    std::thread m_thread; ///< last: it uses the others
+};
+
+} // namespace NlsData
