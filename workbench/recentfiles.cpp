@@ -1,5 +1,7 @@
 #include "workbench/recentfiles.h"
 
+#include "host/utils/documentpath.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
@@ -11,11 +13,6 @@ namespace {
 
 const QString SettingsKey = QStringLiteral("recentFiles");
 
-QString normalised(const QString &path)
-{
-    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
-}
-
 } // namespace
 
 RecentFiles::RecentFiles(QObject *parent)
@@ -26,7 +23,7 @@ RecentFiles::RecentFiles(QObject *parent)
 
 void RecentFiles::add(const QString &path)
 {
-    const QString file = normalised(path);
+    const QString file = Utils::documentPath(path);
     m_paths.removeAll(file);
     m_paths.prepend(file);
     m_paths = m_paths.mid(0, Maximum);
@@ -35,7 +32,7 @@ void RecentFiles::add(const QString &path)
 
 void RecentFiles::remove(const QString &path)
 {
-    m_paths.removeAll(normalised(path));
+    m_paths.removeAll(Utils::documentPath(path));
     store();
 }
 

@@ -1,5 +1,6 @@
 #include "workbench/synthesis.h"
 
+#include "host/core/projectfile.h"
 #include "host/core/projectsession.h"
 #include "host/te/flowcontrol.h"
 
@@ -45,7 +46,7 @@ void Synthesis::start()
 void Synthesis::update()
 {
     const bool running = TE::FlowControl::get()->isRunning();
-    m_run->setEnabled(!running && Core::ProjectSession::get()->current());
+    m_run->setEnabled(!running && Core::ProjectFile::current());
     m_stop->setEnabled(running);
     m_progress->setVisible(running && m_progress->parentWidget());
 }

@@ -1,5 +1,7 @@
 #include "workbench/textview.h"
 
+#include "host/utils/documentpath.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -17,7 +19,7 @@ constexpr qint64 MaximumBytes = 4 * 1024 * 1024;
 } // namespace
 
 TextView::TextView(const QString &path)
-    : m_path(QFileInfo(path).absoluteFilePath())
+    : m_path(Utils::documentPath(path))
     , m_text(new QPlainTextEdit(this))
 {
     setShortTitle(QFileInfo(path).fileName());

@@ -1,6 +1,8 @@
 #include "core/project.h"
 
 #include "host/core/projectfile.h"
+#include "host/core/projectsession.h"
+#include "host/utils/documentpath.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -110,13 +112,18 @@ std::unique_ptr<Project> ProjectFile::load(const QString &path, QString *error)
     const QString wrong = wrongMember(document.object());
     if (!wrong.isEmpty())
         return fail(tr("\"%1\" has the wrong type.").arg(wrong));
-    const QString absolute = QFileInfo(path).absoluteFilePath();
+    const QString absolute = Utils::documentPath(path);
     return std::unique_ptr<Project>(new Project(new ProjectFile(absolute, text)));
 }
 
 ProjectFile *ProjectFile::of(const Project *project)
 {
     return project ? project->d : nullptr;
+}
+
+ProjectFile *ProjectFile::current()
+{
+    return of(ProjectSession::get()->current());
 }
 
 QString ProjectFile::folder() const
@@ -182,17 +189,17 @@ void ProjectFile::setSources(const QStringList &paths)
 
 void ProjectFile::addFile(const QString &path)
 {
-    const QString absolute = QFileInfo(path).absoluteFilePath();
-    if (path.isEmpty() || files().contains(QDir::cleanPath(absolute)))
+    const QString absolute = Utils::documentPath(path);
+    if (path.isEmpty() || files().contains(absolute))
         return;
     m_text.add({FILES}, relativePath(absolute));
     update();
-    emit fileAdded(QDir::cleanPath(absolute));
+    emit fileAdded(absolute);
 }
 
 void ProjectFile::removeFile(const QString &path)
 {
-    const int index = files().indexOf(QDir::cleanPath(QFileInfo(path).absoluteFilePath()));
+    const int index = files().indexOf(Utils::documentPath(path));
     if (index < 0)
         return;
     m_text.removeAt({FILES}, index);
@@ -262,7 +269,7 @@ QString ProjectFile::absolutePath(const QString &path) const
 
 QString ProjectFile::relativePath(const QString &path) const
 {
-    return QDir(folder()).relativeFilePath(QFileInfo(path).absoluteFilePath());
+    return QDir(folder()).relativeFilePath(Utils::documentPath(path));
 }
 
 void ProjectFile::set(const QStringList &member, const QJsonValue &value)

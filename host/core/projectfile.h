@@ -32,6 +32,9 @@ public:
 
     static ProjectFile *of(const Project *project);
 
+    /// That of the current project; null when none is open.
+    static ProjectFile *current();
+
     /// Absolute path of the project file, and of its folder, the working folder of the flow.
     QString path() const { return m_path; }
     QString folder() const;

@@ -18,14 +18,9 @@ namespace TE {
 
 namespace {
 
-const Core::ProjectFile *currentProject()
-{
-    return Core::ProjectFile::of(Core::ProjectSession::get()->current());
-}
-
 QString netlistFile()
 {
-    const auto *project = currentProject();
+    const auto *project = Core::ProjectFile::current();
     return project ? project->resultFile(QLatin1String(RES_NETLIST)) : QString();
 }
 
@@ -76,13 +71,13 @@ FlowControl::~FlowControl()
 
 QString FlowControl::resultFile(const QString &key) const
 {
-    const auto *project = currentProject();
+    const auto *project = Core::ProjectFile::current();
     return project ? project->resultFile(key) : QString();
 }
 
 bool FlowControl::start(QString *error)
 {
-    const auto *project = currentProject();
+    const auto *project = Core::ProjectFile::current();
     QString cause;
     if (!project)
         cause = tr("There is no open project to synthesise.");

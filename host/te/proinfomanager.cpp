@@ -2,7 +2,6 @@
 
 #include "dev/chipinfo.h"
 #include "host/core/projectfile.h"
-#include "host/core/projectsession.h"
 #include "host/dev/devicecatalogue.h"
 #include "host/qutil/eventbus.h"
 #include "host/te/deviceselection.h"
@@ -34,13 +33,13 @@ DeviceSelection *DeviceSelection::get()
 
 QString DeviceSelection::deviceID() const
 {
-    const auto *project = Core::ProjectFile::of(Core::ProjectSession::get()->current());
+    const auto *project = Core::ProjectFile::current();
     return project ? project->device() : m_device;
 }
 
 void DeviceSelection::setDevice(const QString &id)
 {
-    if (auto *project = Core::ProjectFile::of(Core::ProjectSession::get()->current()))
+    if (auto *project = Core::ProjectFile::current())
         project->setDevice(id);
     else
         m_device = id;

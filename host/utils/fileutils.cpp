@@ -1,11 +1,10 @@
 #include "utils/fileutils.h"
 
-#include "core/projectmanager.h"
 #include "host/core/projectfile.h"
+#include "host/utils/dialogs.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QPointer>
 #include <QSettings>
 #include <QUrl>
 
@@ -25,7 +24,7 @@ QString lastFolder(const QString &caption)
     const QString folder = QSettings().value(folderKey(caption)).toString();
     if (!folder.isEmpty() && QFileInfo(folder).isDir())
         return folder;
-    const auto *project = Core::ProjectFile::of(Core::ProjectManager::currentProject());
+    const auto *project = Core::ProjectFile::current();
     return project ? project->folder() : QString();
 }
 
@@ -36,8 +35,7 @@ QString FileUtils::getOpenFileName(QWidget *parent, const QString &caption,
                                    QString *selectedFilter, QFileDialog::Options options)
 {
     const QFileInfo start(directory.isEmpty() ? lastFolder(caption) : directory);
-    // On the heap: the parent may go, with its children, while the dialog runs.
-    const QPointer<QFileDialog> dialog = new QFileDialog(parent, caption, QString(), filter);
+    GuardedDialog dialog(new QFileDialog(parent, caption, QString(), filter));
     dialog->setFileMode(QFileDialog::ExistingFile);
     dialog->setOptions(options);
     if (start.isFile()) {
@@ -48,17 +46,12 @@ QString FileUtils::getOpenFileName(QWidget *parent, const QString &caption,
     }
     if (selectedFilter && !selectedFilter->isEmpty())
         dialog->selectNameFilter(*selectedFilter);
-    const bool accepted = dialog->exec() == QDialog::Accepted;
-    if (!dialog)
+    if (dialog.exec() != QDialog::Accepted)
         return QString();
-    QString file;
-    if (accepted) {
-        file = dialog->selectedFiles().value(0);
-        if (selectedFilter)
-            *selectedFilter = dialog->selectedNameFilter();
-        QSettings().setValue(folderKey(caption), QFileInfo(file).absolutePath());
-    }
-    delete dialog;
+    const QString file = dialog->selectedFiles().value(0);
+    if (selectedFilter)
+        *selectedFilter = dialog->selectedNameFilter();
+    QSettings().setValue(folderKey(caption), QFileInfo(file).absolutePath());
     return file;
 }
 
