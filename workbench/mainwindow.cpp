@@ -13,6 +13,7 @@
 #include "host/extsys/pluginmanager.h"
 #include "host/te/deviceselection.h"
 #include "host/te/flowcontrol.h"
+#include "host/utils/dialogs.h"
 
 #include "core/iview.h"
 #include "core/iwizardfactory.h"
@@ -25,8 +26,8 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
-#include <QMessageBox>
 #include <QMimeData>
+#include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QTabWidget>
@@ -39,15 +40,10 @@ namespace {
 const QString GeometryKey = QStringLiteral("window/geometry");
 const QString StateKey = QStringLiteral("window/state");
 
-Core::ProjectFile *currentProject()
-{
-    return Core::ProjectFile::of(Core::ProjectSession::get()->current());
-}
-
 // The folder of the project, where files are looked for and put first.
 QString workingFolder()
 {
-    const Core::ProjectFile *project = currentProject();
+    const Core::ProjectFile *project = Core::ProjectFile::current();
     return project ? project->folder() : QString();
 }
 
@@ -108,7 +104,7 @@ void MainWindow::connectParts()
 
     connect(
         Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this, [this] {
-            if (Core::ProjectFile *project = currentProject()) {
+            if (Core::ProjectFile *project = Core::ProjectFile::current()) {
                 connect(project, &Core::ProjectFile::changed, this, &MainWindow::updateActions);
                 connect(project, &Core::ProjectFile::saveFailed, m_messages, &MessagesPane::fail);
             }
@@ -148,6 +144,16 @@ void MainWindow::open(const QString &path)
     m_documents->open(path);
 }
 
+// Opening asks questions, during which the window may go.
+void MainWindow::openAll(const QStringList &paths)
+{
+    const QPointer<MainWindow> self(this);
+    for (const QString &path : paths) {
+        if (self)
+            open(path);
+    }
+}
+
 void MainWindow::newFile(int wizard)
 {
     const auto wizards = ExtSys::PluginManager::instance()->objects<Core::IWizardFactory>();
@@ -157,11 +163,12 @@ void MainWindow::newFile(int wizard)
 
 void MainWindow::chooseFile()
 {
-    const QStringList paths = QFileDialog::getOpenFileNames(
-        this, tr("Open"), workingFolder(),
-        tr("Projects and configurations (*.fpgaproj *.vlr);;All files (*)"));
-    for (const QString &path : paths)
-        open(path);
+    Utils::GuardedDialog dialog(
+        new QFileDialog(this, tr("Open"), workingFolder(),
+                        tr("Projects and configurations (*.fpgaproj *.vlr);;All files (*)")));
+    dialog->setFileMode(QFileDialog::ExistingFiles);
+    if (dialog.exec() == QDialog::Accepted)
+        openAll(dialog->selectedFiles());
 }
 
 void MainWindow::closeActiveView()
@@ -172,29 +179,33 @@ void MainWindow::closeActiveView()
 
 void MainWindow::chooseDevice()
 {
-    DeviceDialog dialog(TE::DeviceSelection::get()->deviceID(), this);
+    Utils::GuardedDialog dialog(new DeviceDialog(TE::DeviceSelection::get()->deviceID(), this));
     if (dialog.exec() != QDialog::Accepted)
         return;
-    TE::DeviceSelection::get()->setDevice(dialog.deviceId());
-    m_messages->note(tr("Device: %1").arg(dialog.deviceId()));
+    TE::DeviceSelection::get()->setDevice(dialog->deviceId());
+    if (!dialog.get()) // views may have told of the change, and so have run the event loop
+        return;
+    m_messages->note(tr("Device: %1").arg(dialog->deviceId()));
     updateActions();
 }
 
 void MainWindow::about()
 {
-    QMessageBox::about(
-        this, tr("About Workbench"),
+    Utils::GuardedDialog box(new QMessageBox(
+        QMessageBox::NoIcon, tr("About Workbench"),
         tr("<h3>Workbench %1</h3><p>Opens synthesised designs and edits their power "
            "analysis configurations.</p><p>Plug-ins: %2</p>")
             .arg(QCoreApplication::applicationVersion(), ExtSys::PluginManager::instance()
                                                              ->pluginNames()
                                                              .join(QLatin1String(", "))
-                                                             .toHtmlEscaped()));
+                                                             .toHtmlEscaped()),
+        QMessageBox::Ok, this));
+    box.exec();
 }
 
 void MainWindow::updateTitle()
 {
-    const Core::ProjectFile *project = currentProject();
+    const Core::ProjectFile *project = Core::ProjectFile::current();
     setWindowTitle(project ? tr("%1 \u2013 Workbench").arg(project->name()) : tr("Workbench"));
 }
 
@@ -210,9 +221,9 @@ bool MainWindow::stopRunningSynthesis()
     auto *flow = TE::FlowControl::get();
     if (!flow->isRunning())
         return true;
-    const auto answer =
-        QMessageBox::question(this, tr("Quit"), tr("Synthesis is running. Stop it and quit?"),
-                              QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
+    const auto answer = Utils::showMessage(
+        this, QMessageBox::Question, tr("Quit"), tr("Synthesis is running. Stop it and quit?"),
+        QMessageBox::Yes | QMessageBox::Cancel, QMessageBox::Cancel);
     if (answer != QMessageBox::Yes)
         return false;
     flow->stop();
@@ -221,7 +232,9 @@ bool MainWindow::stopRunningSynthesis()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    if (!stopRunningSynthesis() || !m_documents->closeAll()) {
+    // The views first: a view that stays keeps the window, and then the run goes on, too.
+    const QPointer<MainWindow> self(this);
+    if (!m_documents->closeAll() || !self || !stopRunningSynthesis() || !self) {
         event->ignore();
         return;
     }
@@ -243,12 +256,7 @@ void MainWindow::dropEvent(QDropEvent *event)
     const QStringList paths = localFiles(event->mimeData());
     // The source of the drag waits for the drop to end; opening may ask questions.
     QMetaObject::invokeMethod(
-        this,
-        [this, paths] {
-            for (const QString &path : paths)
-                open(path);
-        },
-        Qt::QueuedConnection);
+        this, [this, paths] { openAll(paths); }, Qt::QueuedConnection);
 }
 
 void MainWindow::restoreLayout()

@@ -53,6 +53,7 @@ private:
     void restoreLayout();
     void connectParts();
 
+    void openAll(const QStringList &paths);
     void newFile(int wizard);
     void chooseFile();
     void closeActiveView();

@@ -4,14 +4,15 @@
 #include "host/core/projectsession.h"
 #include "host/dev/devicecatalogue.h"
 #include "host/te/deviceselection.h"
+#include "host/te/flowcontrol.h"
 
-#include "core/project.h"
 #include "te/constants.h"
 
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
+#include <QPointer>
 #include <QTextDocument>
 
 namespace Workbench {
@@ -23,12 +24,6 @@ enum Role {
     IsDeviceRole,
     IsProjectFileRole, // listed under the project's files, so that it can be taken out
 };
-
-Core::ProjectFile *currentProject()
-{
-    const Core::Project *project = Core::ProjectSession::get()->current();
-    return project ? Core::ProjectFile::of(project) : nullptr;
-}
 
 // Tool tips take what looks like markup for markup.
 QString plainToolTip(const QString &path)
@@ -50,12 +45,15 @@ ProjectTree::ProjectTree(QWidget *parent)
     connect(this, &QTreeWidget::itemActivated, this, &ProjectTree::onItemActivated);
     connect(Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this,
             &ProjectTree::onProjectChanged);
+    // A run may have written a result for the first time.
+    connect(TE::FlowControl::get(), &TE::FlowControl::statusChanged, this,
+            &ProjectTree::updateExistence);
     onProjectChanged();
 }
 
 void ProjectTree::onProjectChanged()
 {
-    if (Core::ProjectFile *project = currentProject())
+    if (Core::ProjectFile *project = Core::ProjectFile::current())
         connect(project, &Core::ProjectFile::changed, this, &ProjectTree::rebuild);
     rebuild();
 }
@@ -65,7 +63,7 @@ void ProjectTree::rebuild()
     const QString selected =
         currentItem() ? currentItem()->data(0, PathRole).toString() : QString();
     clear();
-    const Core::ProjectFile *project = currentProject();
+    const Core::ProjectFile *project = Core::ProjectFile::current();
     if (!project) {
         auto *hint = new QTreeWidgetItem(this, {tr("No project is open")});
         hint->setFlags(Qt::NoItemFlags);
@@ -85,7 +83,7 @@ void ProjectTree::rebuild()
     device->setIcon(0, icon(QStyle::SP_ComputerIcon));
     device->setData(0, IsDeviceRole, true);
 
-    addFiles(root, tr("Files"), project->files());
+    addFiles(root, tr("Files"), project->files(), true);
     addFiles(root, tr("Sources"), project->sources());
     const QString netlist = project->resultFile(QLatin1String(TE::RES_NETLIST));
     addFiles(root, tr("Results"), netlist.isEmpty() ? QStringList() : QStringList(netlist));
@@ -105,13 +103,13 @@ QIcon ProjectTree::icon(QStyle::StandardPixmap which)
     return icon;
 }
 
-void ProjectTree::addFiles(QTreeWidgetItem *root, const QString &title, const QStringList &paths)
+void ProjectTree::addFiles(QTreeWidgetItem *root, const QString &title, const QStringList &paths,
+                           bool removable)
 {
     if (paths.isEmpty())
         return;
     auto *group = new QTreeWidgetItem(root, {title});
     group->setIcon(0, icon(QStyle::SP_DirOpenIcon));
-    const bool removable = title == tr("Files");
     for (const QString &path : paths)
         addFile(group, path)->setData(0, IsProjectFileRole, removable);
 }
@@ -121,12 +119,28 @@ QTreeWidgetItem *ProjectTree::addFile(QTreeWidgetItem *parent, const QString &pa
     auto *item = new QTreeWidgetItem(parent, {QFileInfo(path).fileName()});
     item->setIcon(0, icon(QStyle::SP_FileIcon));
     item->setData(0, PathRole, path);
-    item->setToolTip(0, plainToolTip(path));
-    if (!QFileInfo::exists(path)) {
+    showExistence(item);
+    return item;
+}
+
+void ProjectTree::showExistence(QTreeWidgetItem *item)
+{
+    const QString path = item->data(0, PathRole).toString();
+    if (QFileInfo::exists(path)) {
+        item->setData(0, Qt::ForegroundRole, QVariant());
+        item->setToolTip(0, plainToolTip(path));
+    } else {
         item->setForeground(0, palette().brush(QPalette::Disabled, QPalette::Text));
         item->setToolTip(0, tr("%1 does not exist").arg(plainToolTip(path)));
     }
-    return item;
+}
+
+void ProjectTree::updateExistence()
+{
+    for (QTreeWidgetItemIterator it(this); *it; ++it) {
+        if (!(*it)->data(0, PathRole).toString().isEmpty())
+            showExistence(*it);
+    }
 }
 
 void ProjectTree::onItemActivated(QTreeWidgetItem *item)
@@ -152,12 +166,13 @@ void ProjectTree::contextMenuEvent(QContextMenuEvent *event)
     const QAction *open = menu.addAction(tr("&Open"));
     QAction *remove = menu.addAction(tr("&Remove from project"));
     remove->setEnabled(removable);
+    const QPointer<ProjectTree> self(this);
     const QAction *chosen = menu.exec(event->globalPos());
-    if (!chosen)
+    if (!chosen || !self)
         return;
     if (chosen == open)
         emit fileActivated(path);
-    else if (Core::ProjectFile *project = currentProject())
+    else if (Core::ProjectFile *project = Core::ProjectFile::current())
         project->removeFile(path);
 }
 

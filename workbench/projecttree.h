@@ -26,8 +26,11 @@ signals:
 private:
     void onProjectChanged();
     void onItemActivated(QTreeWidgetItem *item);
-    void addFiles(QTreeWidgetItem *root, const QString &title, const QStringList &paths);
+    void addFiles(QTreeWidgetItem *root, const QString &title, const QStringList &paths,
+                  bool removable = false);
     QTreeWidgetItem *addFile(QTreeWidgetItem *parent, const QString &path);
+    void showExistence(QTreeWidgetItem *item);
+    void updateExistence();
     QIcon icon(QStyle::StandardPixmap which);
     void contextMenuEvent(QContextMenuEvent *event) override;
 
