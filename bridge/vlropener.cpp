@@ -3,7 +3,7 @@
 #include "document/vltview.h"
 #include "frame/vltviewmanager.h"
 
-#include <QFileInfo>
+#include "host/utils/documentpath.h"
 
 using VLT::VLTView;
 using VLT::VLTViewManager;
@@ -13,9 +13,15 @@ QStringList VlrOpener::suffixes() const
     return {QStringLiteral("vlr")};
 }
 
-void VlrOpener::open(const DEV::DeviceArg &device, const QString &path)
+Core::IView *VlrOpener::open(const DEV::DeviceArg &device, const QString &path)
 {
     VLTViewManager::openView(device, path);
+    return find(path);
+}
+
+void VlrOpener::reload(const DEV::DeviceArg &device, const QString &path)
+{
+    VLTViewManager::reloadView(device, path);
 }
 
 void VlrOpener::close(const QString &path)
@@ -28,13 +34,14 @@ Core::IView *VlrOpener::view(const QString &path) const
     return find(path);
 }
 
-QStringList VlrOpener::openFiles() const
+QString VlrOpener::filePath(const Core::IView *view) const
 {
-    QStringList result;
     const QList<VLTView *> views = VLTViewManager::vltViews();
-    for (const VLTView *view : views)
-        result.append(QFileInfo(view->file()).absoluteFilePath());
-    return result;
+    for (const VLTView *candidate : views) {
+        if (candidate == view)
+            return Utils::documentPath(candidate->file());
+    }
+    return QString();
 }
 
 bool VlrOpener::isModified(const QString &path) const
@@ -43,22 +50,19 @@ bool VlrOpener::isModified(const QString &path) const
     return view && view->isModified();
 }
 
-void VlrOpener::discardChanges(const QString &path)
+void VlrOpener::setFileMissing(const QString &path, bool missing)
 {
-    VLTView *view = find(path);
-    if (!view)
-        return;
-    view->abandonEdits();
-    view->setModified(false);
+    if (VLTView *view = find(path))
+        view->setFileMissing(missing);
 }
 
 // Paths are compared as the plug-in compares them.
 VLTView *VlrOpener::find(const QString &path)
 {
-    const QString absolute = QFileInfo(path).absoluteFilePath();
+    const QString absolute = Utils::documentPath(path);
     const QList<VLTView *> views = VLTViewManager::vltViews();
     for (VLTView *view : views) {
-        if (QFileInfo(view->file()).absoluteFilePath() == absolute)
+        if (Utils::documentPath(view->file()) == absolute)
             return view;
     }
     return nullptr;

@@ -13,12 +13,13 @@ class VlrOpener : public Core::IFileOpener
 
 public:
     QStringList suffixes() const override;
-    void open(const DEV::DeviceArg &device, const QString &path) override;
+    Core::IView *open(const DEV::DeviceArg &device, const QString &path) override;
+    void reload(const DEV::DeviceArg &device, const QString &path) override;
     void close(const QString &path) override;
     Core::IView *view(const QString &path) const override;
-    QStringList openFiles() const override;
+    QString filePath(const Core::IView *view) const override;
     bool isModified(const QString &path) const override;
-    void discardChanges(const QString &path) override;
+    void setFileMissing(const QString &path, bool missing) override;
 
 private:
     static VLT::VLTView *find(const QString &path);

@@ -3,10 +3,13 @@
 #include "workbench/textview.h"
 
 #include "host/core/ifileopener.h"
+#include "host/core/projectfile.h"
 #include "host/core/projectsession.h"
 #include "host/core/viewarea.h"
 #include "host/extsys/pluginmanager.h"
 #include "host/te/deviceselection.h"
+#include "host/utils/dialogs.h"
+#include "host/utils/documentpath.h"
 
 #include "core/idecore.h"
 #include "core/viewmanager.h"
@@ -15,8 +18,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QMessageBox>
-#include <QPointer>
 #include <QPushButton>
 
 #include <memory>
@@ -40,16 +41,6 @@ DEV::DeviceArg currentDevice()
     return device ? *device : DEV::DeviceArg();
 }
 
-// The texts carry file names: they are shown as they are. On the heap, because the window may go
-// while the box stands.
-void tell(QWidget *window, QMessageBox::Icon icon, const QString &title, const QString &text)
-{
-    QPointer<QMessageBox> box = new QMessageBox(icon, title, text, QMessageBox::Ok, window);
-    box->setTextFormat(Qt::PlainText);
-    box->exec();
-    delete box;
-}
-
 } // namespace
 
 Documents::Documents(QWidget *window)
@@ -59,12 +50,9 @@ Documents::Documents(QWidget *window)
     const Core::ViewManager *views = Core::ViewManager::instance();
     connect(views, &Core::ViewManager::viewActiveted, this, &Documents::follow);
     connect(views, &Core::ViewManager::viewClosed, this, &Documents::onViewClosed);
+    connect(&m_watcher, &DocumentWatcher::changed, this, &Documents::onChanged);
     connect(&m_watcher, &DocumentWatcher::removed, this, &Documents::onRemoved);
-    connect(&m_watcher, &DocumentWatcher::changed, this, [this](const QString &path) {
-        if (!m_changed.contains(path))
-            m_changed.append(path);
-        askAboutNext();
-    });
+    connect(&m_watcher, &DocumentWatcher::restored, this, &Documents::onRestored);
     m_askLater.setSingleShot(true);
     m_askLater.setInterval(AskAgainMilliseconds);
     connect(&m_askLater, &QTimer::timeout, this, &Documents::askAboutNext);
@@ -91,8 +79,7 @@ bool Documents::openProject(const QString &path)
         return false;
     QString error;
     if (!Core::ProjectSession::get()->open(path, &error)) {
-        emit failed(error);
-        tell(m_window, QMessageBox::Critical, tr("Error"), error);
+        fail(QMessageBox::Critical, error);
         return false;
     }
     emit opened(path);
@@ -101,29 +88,37 @@ bool Documents::openProject(const QString &path)
 
 void Documents::openDocument(const QString &path)
 {
-    if (!Core::ProjectSession::get()->current() && !openProjectBeside(path)) {
-        emit message(tr("No project is open: %1 is opened without a device and a netlist.")
-                         .arg(QDir::toNativeSeparators(path)));
-    }
-    Core::IFileOpener *opener = Core::IFileOpener::forFile(path);
-    const QString absolute = QFileInfo(path).absoluteFilePath();
-    opener->open(currentDevice(), absolute);
-    follow();
-    if (opener->view(absolute))
+    const QPointer<Documents> self(this);
+    if (!Core::ProjectFile::current())
+        openProjectBeside(path);
+    if (!self)
+        return;
+    const QString absolute = Utils::documentPath(path);
+    Core::IView *view = Core::IFileOpener::forFile(path)->open(currentDevice(), absolute);
+    if (!self)
+        return;
+    if (view) {
+        follow(view);
         emit opened(absolute);
+    } else if (!Core::ProjectFile::current()) {
+        emit failed(tr("%1 has not been opened: its device and netlist are those of a project, and "
+                       "no project is open.")
+                        .arg(QDir::toNativeSeparators(path)));
+    }
 }
 
 // A configuration means little without its project. The only one in its folder is meant.
-bool Documents::openProjectBeside(const QString &path)
+void Documents::openProjectBeside(const QString &path)
 {
     const QFileInfoList projects = QFileInfo(path).absoluteDir().entryInfoList(
         {QStringLiteral("*.") + ProjectSuffix}, QDir::Files);
-    return projects.size() == 1 && openProject(projects.constFirst().absoluteFilePath());
+    if (projects.size() == 1)
+        openProject(projects.constFirst().filePath());
 }
 
 void Documents::openText(const QString &path)
 {
-    const QString absolute = QFileInfo(path).absoluteFilePath();
+    const QString absolute = Utils::documentPath(path);
     const QList<Core::IView *> views = Core::ViewArea::get()->views();
     for (Core::IView *view : views) {
         const auto *text = qobject_cast<TextView *>(view);
@@ -134,12 +129,18 @@ void Documents::openText(const QString &path)
     }
     auto view = std::make_unique<TextView>(absolute);
     QString error;
-    if (!view->load(&error)) {
-        emit failed(error);
-        tell(m_window, QMessageBox::Warning, tr("Warning"), error);
-        return;
-    }
-    Core::ViewManager::instance()->showView(view.release());
+    if (view->load(&error))
+        Core::ViewManager::instance()->showView(view.release());
+    else
+        fail(QMessageBox::Warning, error);
+}
+
+// The last thing that its callers do with this object: it may go with the window.
+void Documents::fail(QMessageBox::Icon icon, const QString &text)
+{
+    emit failed(text);
+    const bool critical = icon == QMessageBox::Critical;
+    Utils::showMessage(m_window, icon, critical ? tr("Error") : tr("Warning"), text);
 }
 
 bool Documents::closeAll()
@@ -147,27 +148,24 @@ bool Documents::closeAll()
     return Core::ViewArea::get()->closeAllViews();
 }
 
-// Takes up the views that have been opened since.
-void Documents::follow()
+void Documents::follow(Core::IView *view)
 {
-    const QList<Core::IView *> views = Core::ViewArea::get()->views();
+    if (!view || m_followed.contains(view))
+        return;
     const auto openers = ExtSys::PluginManager::instance()->objects<Core::IFileOpener>();
     for (Core::IFileOpener *opener : openers) {
-        const QStringList files = opener->openFiles();
-        for (const QString &path : files) {
-            Core::IView *view = opener->view(path);
-            if (!view || m_followed.contains(view) || !views.contains(view))
-                continue;
-            m_followed.insert(view, path);
-            m_watcher.watch(path);
-            // A document that has just become clean has been written or read: that is no change by
-            // another program.
-            connect(view, &Core::IView::shortTitleChanged, this, [this, path] {
-                const Core::IFileOpener *opener = Core::IFileOpener::forFile(path);
-                if (opener && !opener->isModified(path))
-                    m_watcher.accept(path);
-            });
-        }
+        const QString path = opener->filePath(view);
+        if (path.isEmpty())
+            continue;
+        m_followed.insert(view, path);
+        m_watcher.watch(path);
+        // A document that has just become clean has been written or read: that is no change by
+        // another program. One whose file is back as it was has been neither.
+        connect(view, &Core::IView::shortTitleChanged, this, [this, opener, path] {
+            if (!opener->isModified(path))
+                m_watcher.accept(path);
+        });
+        return;
     }
 }
 
@@ -177,14 +175,41 @@ void Documents::onViewClosed(Core::IView *view)
     if (path.isEmpty())
         return;
     m_watcher.forget(path);
-    m_changed.removeAll(path);
+    dropQuestion(path);
+}
+
+void Documents::onChanged(const QString &path)
+{
+    if (!m_changed.contains(path))
+        m_changed.append(path);
+    // The watcher may go with the window while the question is open: not from within its signal.
+    QTimer::singleShot(0, this, &Documents::askAboutNext);
 }
 
 void Documents::onRemoved(const QString &path)
 {
-    m_changed.removeAll(path);
-    emit failed(tr("%1 has been removed or renamed by another program; it stays open here.")
+    dropQuestion(path);
+    if (Core::IFileOpener *opener = Core::IFileOpener::forFile(path))
+        opener->setFileMissing(path, true);
+    emit failed(tr("%1 has been removed or renamed by another program. It stays open here as the "
+                   "only copy; save it to write the file again.")
                     .arg(QDir::toNativeSeparators(path)));
+}
+
+void Documents::onRestored(const QString &path)
+{
+    dropQuestion(path);
+    if (Core::IFileOpener *opener = Core::IFileOpener::forFile(path))
+        opener->setFileMissing(path, false);
+    emit message(tr("%1 is again as it was.").arg(QDir::toNativeSeparators(path)));
+}
+
+// There is nothing left to ask about the file.
+void Documents::dropQuestion(const QString &path)
+{
+    m_changed.removeAll(path);
+    if (m_question && m_asked == path)
+        m_question->reject();
 }
 
 Core::IView *Documents::viewOf(const QString &path) const
@@ -202,9 +227,10 @@ void Documents::askAboutNext()
         return;
     }
     const QString path = m_changed.takeFirst();
-    if (viewOf(path) && askToReload(path))
-        reload(path);
-    if (!m_changed.isEmpty())
+    const QPointer<Documents> self(this);
+    if (viewOf(path) && askToReload(path) && viewOf(path))
+        Core::IFileOpener::forFile(path)->reload(currentDevice(), path);
+    if (self && !m_changed.isEmpty())
         m_askLater.start();
 }
 
@@ -212,43 +238,25 @@ bool Documents::askToReload(const QString &path)
 {
     const Core::IFileOpener *opener = Core::IFileOpener::forFile(path);
     const bool modified = opener && opener->isModified(path);
-    QString text = tr("%1 has been changed by another program. Read it again?")
+    QString text = tr("%1 has been changed by another program. Reload it?")
                        .arg(QDir::toNativeSeparators(path));
     if (modified) {
-        text +=
-            QLatin1String("\n\n") +
-            tr("It has changes here that are not saved. Reading it again drops them; keeping it "
-               "open leaves the file as the other program wrote it until you save.");
+        text += QLatin1String("\n\n") +
+                tr("It has unsaved changes here. Reloading discards them; otherwise your next save "
+                   "overwrites the other program's version.");
     }
-    QPointer<QMessageBox> box = new QMessageBox(QMessageBox::Question, tr("File Changed"), text,
-                                                QMessageBox::NoButton, m_window);
+    Utils::GuardedDialog box(new QMessageBox(QMessageBox::Question, tr("File Changed"), text,
+                                             QMessageBox::NoButton, m_window));
     box->setTextFormat(Qt::PlainText);
     const QPushButton *again = box->addButton(
-        modified ? tr("&Drop changes and read again") : tr("&Read again"), QMessageBox::AcceptRole);
-    QPushButton *keep = box->addButton(tr("&Keep open"), QMessageBox::RejectRole);
+        modified ? tr("&Discard Changes and Reload") : tr("&Reload"), QMessageBox::AcceptRole);
+    QPushButton *keep = box->addButton(tr("&Keep"), QMessageBox::RejectRole);
     box->setDefaultButton(keep);
     box->setEscapeButton(keep);
-    // A view that is closed meanwhile leaves nothing to ask.
-    connect(Core::ViewManager::instance(), &Core::ViewManager::viewClosed, box.data(),
-            [this, path, box] {
-                if (!viewOf(path))
-                    box->reject();
-            });
-    box->exec();
-    const bool result = box && box->clickedButton() == again;
-    delete box;
-    return result;
-}
-
-void Documents::reload(const QString &path)
-{
-    Core::IFileOpener *opener = Core::IFileOpener::forFile(path);
-    if (!opener || !opener->view(path))
-        return;
-    opener->discardChanges(path);
-    opener->close(path);
-    if (!opener->view(path))
-        openDocument(path);
+    m_asked = path;
+    m_question = box.get();
+    box.exec();
+    return box.get() && box->clickedButton() == again;
 }
 
 } // namespace Workbench

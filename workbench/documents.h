@@ -3,7 +3,9 @@
 #include "workbench/documentwatcher.h"
 
 #include <QHash>
+#include <QMessageBox>
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 
 class QWidget;
@@ -48,13 +50,16 @@ signals:
 private:
     void openDocument(const QString &path);
     void openText(const QString &path);
-    bool openProjectBeside(const QString &path);
-    void follow();
+    void openProjectBeside(const QString &path);
+    void fail(QMessageBox::Icon icon, const QString &text);
+    void follow(Core::IView *view);
     void onViewClosed(Core::IView *view);
+    void onChanged(const QString &path);
     void onRemoved(const QString &path);
+    void onRestored(const QString &path);
+    void dropQuestion(const QString &path);
     void askAboutNext();
     bool askToReload(const QString &path);
-    void reload(const QString &path);
     Core::IView *viewOf(const QString &path) const;
 
     QWidget *const m_window;
@@ -62,6 +67,8 @@ private:
     QHash<Core::IView *, QString> m_followed; // open documents, not owned, and their files
     QStringList m_changed;                    // files that the user is still to be asked about
     QTimer m_askLater;
+    QString m_asked; // the file that the open question is about
+    QPointer<QMessageBox> m_question;
 };
 
 } // namespace Workbench

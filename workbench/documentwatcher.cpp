@@ -34,16 +34,17 @@ DocumentWatcher::DocumentWatcher(QObject *parent)
 
 void DocumentWatcher::watch(const QString &path)
 {
-    m_known.insert(path, digest(path));
+    const QByteArray now = digest(path);
+    m_contents.insert(path, {now, now});
     follow(path);
 }
 
 void DocumentWatcher::forget(const QString &path)
 {
-    m_known.remove(path);
+    m_contents.remove(path);
     m_watcher.removePath(path);
     const QString folder = QFileInfo(path).path();
-    for (auto it = m_known.cbegin(); it != m_known.cend(); ++it) {
+    for (auto it = m_contents.cbegin(); it != m_contents.cend(); ++it) {
         if (QFileInfo(it.key()).path() == folder)
             return;
     }
@@ -52,23 +53,26 @@ void DocumentWatcher::forget(const QString &path)
 
 void DocumentWatcher::accept(const QString &path)
 {
-    if (m_known.contains(path))
+    if (m_contents.contains(path))
         watch(path);
 }
 
 void DocumentWatcher::check()
 {
-    const QStringList paths = m_known.keys();
+    const QStringList paths = m_contents.keys();
     for (const QString &path : paths) {
         // A receiver of the signals may have forgotten the path meanwhile.
-        if (!m_known.contains(path))
+        if (!m_contents.contains(path))
             continue;
         follow(path);
         const QByteArray now = digest(path);
-        if (now == m_known.value(path))
+        Content &content = m_contents[path];
+        if (now == content.seen)
             continue;
-        m_known.insert(path, now);
-        if (now.isNull())
+        content.seen = now;
+        if (now == content.known)
+            emit restored(path);
+        else if (now.isNull())
             emit removed(path);
         else
             emit changed(path);

@@ -28,13 +28,22 @@ signals:
     void changed(const QString &path);
     void removed(const QString &path);
 
+    /// After changed() or removed(): the file holds again what is known.
+    void restored(const QString &path);
+
 private:
     void check();
     void follow(const QString &path);
 
     QFileSystemWatcher m_watcher;
     QTimer m_rest;
-    QHash<QString, QByteArray> m_known; // digest of the content by path; null: no file
+    // Digests of the content; null when there is no file.
+    struct Content
+    {
+        QByteArray known; // what the document was read from or written to
+        QByteArray seen;  // at the last look
+    };
+    QHash<QString, Content> m_contents; // by path
 };
 
 } // namespace Workbench

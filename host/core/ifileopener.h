@@ -26,8 +26,13 @@ public:
     /// Lower-case file name suffixes without a point.
     virtual QStringList suffixes() const = 0;
 
-    /// Opens the file on `device`, or shows its view again. Failures are told to the user.
-    virtual void open(const DEV::DeviceArg &device, const QString &path) = 0;
+    /// Opens the file on `device`, or shows its view again. Null when it does not open, which the
+    /// user has been told.
+    virtual Core::IView *open(const DEV::DeviceArg &device, const QString &path) = 0;
+
+    /// Reads an open file anew, in a new view in place of the present one, whose changes are
+    /// dropped. When the file does not open, the user has been told and the view stays as it is.
+    virtual void reload(const DEV::DeviceArg &device, const QString &path) = 0;
 
     /// Closes the file's view as the user would; a modified one may refuse.
     virtual void close(const QString &path) = 0;
@@ -35,15 +40,15 @@ public:
     /// The view that shows the file; null when none does.
     virtual Core::IView *view(const QString &path) const = 0;
 
-    /// Absolute paths of the open files, in order of opening.
-    virtual QStringList openFiles() const = 0;
+    /// The document path of the file that `view` shows; empty when the view is of another kind.
+    virtual QString filePath(const Core::IView *view) const = 0;
 
     /// Whether the file is open and has changes that are not saved.
     virtual bool isModified(const QString &path) const = 0;
 
-    /// Lets go of the changes, so that close() asks nothing. For replacing a view by what another
-    /// program wrote, after the user agreed.
-    virtual void discardChanges(const QString &path) = 0;
+    /// Another program has removed the file of an open view, which then counts as modified, or
+    /// has put it back as it was, so that only edits count again.
+    virtual void setFileMissing(const QString &path, bool missing) = 0;
 
     /// The opener in the pool for the file name's suffix; null when there is none.
     static IFileOpener *forFile(const QString &path);

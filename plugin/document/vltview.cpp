@@ -77,18 +77,33 @@ void VLTView::setDevice(DEV::DeviceArg device)
 
 void VLTView::setModified(bool modified)
 {
-    if (m_modified == modified)
-        return;
+    const bool before = isModified();
     m_modified = modified;
+    if (!modified)
+        m_fileMissing = false;
+    announceModified(before);
+}
+
+void VLTView::setFileMissing(bool missing)
+{
+    const bool before = isModified();
+    m_fileMissing = missing;
+    announceModified(before);
+}
+
+void VLTView::announceModified(bool before)
+{
+    if (isModified() == before)
+        return;
     // The title first: the Save action takes it when it hears of the change.
     setTitle();
-    emit modificationStatusChanged(modified);
+    emit modificationStatusChanged(!before);
 }
 
 void VLTView::setTitle()
 {
     QString title = QFileInfo(m_file).fileName();
-    if (m_modified)
+    if (isModified())
         title += QLatin1Char('*');
     setWindowTitle(title);
     setShortTitle(title);
@@ -188,7 +203,7 @@ void VLTView::closeEvent(QCloseEvent *event)
     if (!m_editsAbandoned)
         commitEdits();
     QPointer<VLTView> self(this);
-    const bool closing = !m_modified || mayClose();
+    const bool closing = !isModified() || mayClose();
     event->setAccepted(closing);
     if (self && closing)
         m_closed = true;
@@ -211,7 +226,7 @@ bool VLTView::mayClose()
     if (m_closed)
         return false;
     // A device change may have dropped the changes meanwhile.
-    if (!m_modified)
+    if (!isModified())
         return true;
     if (answer == QMessageBox::Ok)
         return writeToFile() && self && !m_closed;

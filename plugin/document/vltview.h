@@ -41,8 +41,12 @@ public:
 
     void setDevice(DEV::DeviceArg device);
     QString file() const { return m_file; }
-    bool isModified() const { return m_modified; }
+    bool isModified() const { return m_modified || m_fileMissing; }
     VLT_EXPORT void setModified(bool modified) override;
+
+    /// Whether another program has removed the file, so that the view holds the only copy and
+    /// counts as modified, until it is clean or the file is back as it was.
+    VLT_EXPORT void setFileMissing(bool missing);
 
     /// Shows the file's name, with "*" when modified, as window title and tab text.
     void setTitle();
@@ -96,8 +100,10 @@ private:
     bool writeText(const QByteArray &bytes);
     /// Whether a modified view may close: asks, and saves when told so. Runs the event loop.
     bool mayClose();
+    void announceModified(bool before);
 
-    bool m_modified = false;
+    bool m_modified = false; // by edits
+    bool m_fileMissing = false;
     QString m_file;
     VLTSettingWidget *m_settingPage = nullptr;
     VLTRateWidget *m_ratePage = nullptr;

@@ -41,6 +41,19 @@ void showError(const QString &text)
                 QStringLiteral("Error"), text);
 }
 
+// Whether there is such a file; tells the user when not.
+bool checkFileExists(const QString &path)
+{
+    if (QFileInfo(path).isFile())
+        return true;
+    showMessage(
+        QMessageBox::Warning, Core::ViewManager::instance()->dialogParent(),
+        QStringLiteral("Warning"),
+        QStringLiteral("Can not open %1, file does not exist.").arg(QDir::toNativeSeparators(path)),
+        QMessageBox::Ok, QMessageBox::Ok);
+    return false;
+}
+
 } // namespace
 
 namespace Impl {
@@ -142,16 +155,8 @@ void VLTViewManager::deinit()
 
 void VLTViewManager::openView(DEV::DeviceArg device, const QString &path)
 {
-    if (path.isEmpty())
+    if (path.isEmpty() || !checkFileExists(path))
         return;
-    if (!QFileInfo(path).isFile()) {
-        showMessage(QMessageBox::Warning, Core::ViewManager::instance()->dialogParent(),
-                    QStringLiteral("Warning"),
-                    QStringLiteral("Can not open %1, file does not exist.")
-                        .arg(QDir::toNativeSeparators(path)),
-                    QMessageBox::Ok, QMessageBox::Ok);
-        return;
-    }
     const QString file = absolutePath(path);
     if (VLTView *view = d->findView(file)) {
         Core::ViewManager::instance()->showView(view);
@@ -170,6 +175,24 @@ void VLTViewManager::openView(DEV::DeviceArg device, const QString &path)
         return;
     qDebug() << "Create VLTView: " << view;
     d->placeVLTView(view);
+}
+
+void VLTViewManager::reloadView(DEV::DeviceArg device, const QString &path)
+{
+    const QPointer<VLTView> former = d->findView(absolutePath(path));
+    if (!former || !checkFileExists(path))
+        return;
+    std::unique_ptr<NlsData::Netlist> netlist = d->readNlsdata();
+    // The event loop has run, here and in messages about the file: the view may have been closed.
+    if (!netlist || !d->views.contains(former))
+        return;
+    std::unique_ptr<VLTView> view(d->createVLTView(device, former->file(), std::move(netlist)));
+    if (!view || !d->views.contains(former))
+        return;
+    former->abandonEdits();
+    former->setModified(false);
+    if (Core::ViewManager::instance()->closeView(former))
+        d->placeVLTView(view.release());
 }
 
 void VLTViewManager::closeView(const QString &path)

@@ -42,6 +42,11 @@ public:
     /// wrong is told in a message box. It runs the event loop while the netlist is read.
     VLT_EXPORT static void openView(DEV::DeviceArg device, const QString &path);
 
+    /// Reads the file at `path` anew and shows it, on `device`, in place of its open view, whose
+    /// changes are dropped. The open view stays as it is when the file cannot be opened, which is
+    /// told as openView() does. It runs the event loop while the netlist is read.
+    VLT_EXPORT static void reloadView(DEV::DeviceArg device, const QString &path);
+
     /// Asks the environment to close the view of the file at `path`; nothing when none is open.
     VLT_EXPORT static void closeView(const QString &path);
 

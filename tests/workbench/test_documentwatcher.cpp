@@ -103,6 +103,12 @@ void TestDocumentWatcher::followsReplacedAndRemovedFiles()
     write("four");
     QTRY_COMPARE(changed.count(), 3);
     QCOMPARE(removed.count(), 1);
+
+    // What the document was read from is no change.
+    QSignalSpy restored(&watcher, &DocumentWatcher::restored);
+    replace("one");
+    QTRY_COMPARE(restored.count(), 1);
+    QCOMPARE(changed.count(), 3);
 }
 
 QTEST_GUILESS_MAIN(TestDocumentWatcher)

@@ -16,6 +16,8 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QTranslator>
+#include <QTreeWidget>
 #include <QtTest>
 
 using namespace Workbench;
@@ -54,12 +56,19 @@ private slots:
     void asksViewByViewOnQuit();
     void offersForeignChanges_data();
     void offersForeignChanges();
+    void keepsViewWhenReloadFails_data();
+    void keepsViewWhenReloadFails();
+    void removedFileLeavesOnlyCopy_data();
+    void removedFileLeavesOnlyCopy();
+    void removalDropsReloadQuestion();
     void keepsQuietAboutOwnSaves();
     void dropsQuestionWhenTheViewGoes();
     void opensDroppedFiles();
     void remembersRecentFiles();
     void changesTheDevice();
     void opensTheProjectBesideAFile();
+    void reportsFileThatNeedsProject();
+    void removesProjectFilesOnly();
 
 private:
     QAction *save();
@@ -158,10 +167,10 @@ void TestMainWindow::offersForeignChanges_data()
     QTest::addColumn<bool>("modified");
     QTest::addColumn<QString>("answer");
     QTest::addColumn<bool>("reads");
-    QTest::newRow("read again") << false << "Read again" << true;
-    QTest::newRow("keep") << false << "Keep open" << false;
-    QTest::newRow("drop changes") << true << "Drop changes and read again" << true;
-    QTest::newRow("keep changes") << true << "Keep open" << false;
+    QTest::newRow("reload") << false << "Reload" << true;
+    QTest::newRow("keep") << false << "Keep" << false;
+    QTest::newRow("discard changes") << true << "Discard Changes and Reload" << true;
+    QTest::newRow("keep changes") << true << "Keep" << false;
 }
 
 void TestMainWindow::offersForeignChanges()
@@ -178,7 +187,7 @@ void TestMainWindow::offersForeignChanges()
     const QByteArray foreign = fileWithAmbientTemperature(61);
     const QString path = m_host->write(QStringLiteral("a.vlr"), foreign);
     QTRY_VERIFY(question.ran());
-    QCOMPARE(question.text().contains(QLatin1String("not saved")), modified);
+    QCOMPARE(question.text().contains(QLatin1String("unsaved")), modified);
 
     if (reads) {
         QTRY_VERIFY(!view);
@@ -195,6 +204,106 @@ void TestMainWindow::offersForeignChanges()
     QCOMPARE(m_host->read(QStringLiteral("a.vlr")), foreign);
 }
 
+void TestMainWindow::keepsViewWhenReloadFails_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QByteArray>("netlist");
+    QTest::addColumn<bool>("modified");
+    const QByteArray good = fileWithAmbientTemperature(61);
+    const QByteArray netlist = TestHost::defaultNetlist();
+    QTest::newRow("broken file, modified") << good.left(90) << netlist << true;
+    QTest::newRow("broken file, clean") << good.left(90) << netlist << false;
+    QTest::newRow("broken netlist, modified") << good << netlist.left(90) << true;
+}
+
+void TestMainWindow::keepsViewWhenReloadFails()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QByteArray, netlist);
+    QFETCH(bool, modified);
+
+    const QPointer<Core::IView> view = openView(QStringLiteral("a.vlr"));
+    if (modified)
+        edit(view);
+    const QString title = view->windowTitle();
+    m_host->useNetlist(netlist);
+    std::unique_ptr<ModalDriver> error;
+    ModalDriver question([&error, modified](QWidget *box) {
+        error = std::make_unique<ModalDriver>(pressButton(QMessageBox::Ok));
+        pressText(modified ? QStringLiteral("Discard Changes and Reload")
+                           : QStringLiteral("Reload"))(box);
+    });
+    m_host->write(QStringLiteral("a.vlr"), bytes);
+    QTRY_VERIFY(error && error->ran());
+    QTRY_VERIFY(!QApplication::activeModalWidget());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(view);
+    QCOMPARE(view->windowTitle(), title);
+    QCOMPARE(Core::ViewArea::get()->views(), QList<Core::IView *>{view});
+}
+
+void TestMainWindow::removedFileLeavesOnlyCopy_data()
+{
+    QTest::addColumn<bool>("editedBefore");
+    QTest::addColumn<bool>("editedMeanwhile");
+    QTest::newRow("clean") << false << false;
+    QTest::newRow("edited before") << true << false;
+    QTest::newRow("edited meanwhile") << false << true;
+}
+
+// Removed, put back with the same bytes, removed and saved again: nothing is asked at any time.
+void TestMainWindow::removedFileLeavesOnlyCopy()
+{
+    QFETCH(bool, editedBefore);
+    QFETCH(bool, editedMeanwhile);
+
+    Core::IView *view = openView(QStringLiteral("a.vlr"));
+    if (editedBefore)
+        edit(view);
+    window().messages()->clear();
+    const QString path = m_host->path(QStringLiteral("a.vlr"));
+    const auto remove = [&] {
+        QVERIFY(QFile::remove(path));
+        QTRY_VERIFY(messages().contains(QLatin1String("only copy")));
+        QCOMPARE(view->windowTitle(), QStringLiteral("a.vlr*"));
+        QVERIFY(save()->isEnabled());
+    };
+    remove();
+    if (editedMeanwhile)
+        edit(view);
+    window().messages()->clear();
+    m_host->write(QStringLiteral("a.vlr"), EmptyFile);
+    QTRY_VERIFY(messages().contains(QLatin1String("as it was")));
+    const bool edited = editedBefore || editedMeanwhile;
+    QCOMPARE(view->windowTitle(), edited ? QStringLiteral("a.vlr*") : QStringLiteral("a.vlr"));
+    QCOMPARE(save()->isEnabled(), edited);
+    remove();
+    {
+        ModalDriver stay(pressButton(QMessageBox::Cancel));
+        QVERIFY(!Core::ViewArea::get()->closeView(view));
+    }
+    save()->trigger();
+    QCOMPARE(view->windowTitle(), QStringLiteral("a.vlr"));
+    QVERIFY(m_host->read(QStringLiteral("a.vlr")).contains("<Version>"));
+}
+
+void TestMainWindow::removalDropsReloadQuestion()
+{
+    const QPointer<Core::IView> view = openView(QStringLiteral("a.vlr"));
+    bool dropped = false;
+    ModalDriver question([&](QWidget *widget) {
+        const QPointer<QWidget> box = widget;
+        QVERIFY(QFile::remove(m_host->path(QStringLiteral("a.vlr"))));
+        QTRY_VERIFY(!box || !box->isVisible());
+        dropped = true;
+    });
+    m_host->write(QStringLiteral("a.vlr"), fileWithAmbientTemperature(61));
+    QTRY_VERIFY(question.ran());
+    QTRY_VERIFY(dropped);
+    QVERIFY(view);
+    QCOMPARE(view->windowTitle(), QStringLiteral("a.vlr*"));
+}
+
 void TestMainWindow::keepsQuietAboutOwnSaves()
 {
     Core::IView *own = openView(QStringLiteral("own.vlr"));
@@ -203,7 +312,7 @@ void TestMainWindow::keepsQuietAboutOwnSaves()
     edit(own);
     save()->trigger();
     // The question about the other file shows that the program has looked.
-    ModalDriver question(pressText(QStringLiteral("Keep open")));
+    ModalDriver question(pressText(QStringLiteral("Keep")));
     m_host->write(QStringLiteral("other.vlr"), fileWithAmbientTemperature(61));
     QTRY_VERIFY(question.ran());
     QVERIFY(question.text().contains(QLatin1String("other.vlr")));
@@ -287,6 +396,54 @@ void TestMainWindow::opensTheProjectBesideAFile()
     const auto *project = Core::ProjectSession::get()->current();
     QVERIFY(project);
     QCOMPARE(Core::ProjectFile::of(project)->path(), m_host->path(QStringLiteral("test.fpgaproj")));
+}
+
+void TestMainWindow::reportsFileThatNeedsProject()
+{
+    Core::ProjectSession::get()->close();
+    window().messages()->clear();
+    const QString path = m_host->write(QStringLiteral("elsewhere/a.vlr"), EmptyFile);
+    ModalDriver error(pressButton(QMessageBox::Ok));
+    window().open(path);
+    QVERIFY(!Core::IFileOpener::forFile(path)->view(path));
+    QVERIFY2(messages().contains(QLatin1String("has not been opened")), qPrintable(messages()));
+    QVERIFY(!messages().contains(QLatin1String("is opened")));
+}
+
+// Whatever the headings are called.
+void TestMainWindow::removesProjectFilesOnly()
+{
+    class SameHeadings : public QTranslator
+    {
+    public:
+        bool isEmpty() const override { return false; }
+        QString translate(const char *, const char *text, const char *, int) const override
+        {
+            return qstrcmp(text, "Files") == 0 || qstrcmp(text, "Sources") == 0
+                       ? QStringLiteral("Dateien")
+                       : QString();
+        }
+    } translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    auto *project = Core::ProjectFile::current();
+    project->addFile(m_host->write(QStringLiteral("a.vlr"), EmptyFile));
+    auto *tree = window().findChild<QTreeWidget *>(QStringLiteral("projectTree"));
+    const auto removable = [tree](const char *file) {
+        const auto items =
+            tree->findItems(QLatin1String(file), Qt::MatchExactly | Qt::MatchRecursive);
+        bool enabled = false;
+        QTimer::singleShot(0, tree, [&enabled] {
+            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            enabled = menu->actions().last()->isEnabled();
+            menu->close();
+        });
+        const QPoint at = tree->visualItemRect(items.value(0)).center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, tree->viewport()->mapToGlobal(at));
+        QApplication::sendEvent(tree->viewport(), &event);
+        return enabled;
+    };
+    QVERIFY(removable("a.vlr"));
+    QVERIFY(!removable("top.v"));
 }
 
 QTEST_MAIN(TestMainWindow)
