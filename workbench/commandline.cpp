@@ -1,5 +1,7 @@
 #include "workbench/commandline.h"
 
+#include "workbench/cli/command.h"
+
 #include <QCommandLineParser>
 
 namespace Workbench {
@@ -101,7 +103,13 @@ CommandLine CommandLine::parse(const QStringList &arguments)
 
 QString CommandLine::helpText()
 {
-    return Declared().parser.helpText();
+    QString text = Declared().parser.helpText();
+    text += QStringLiteral("\nCommands (workbench COMMAND --help):\n");
+    for (const Command &command : allCommands())
+        text += QStringLiteral("  %1  %2\n")
+                    .arg(QLatin1String(command.name), -10)
+                    .arg(QLatin1String(command.summary));
+    return text;
 }
 
 } // namespace Workbench

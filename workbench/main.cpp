@@ -1,4 +1,5 @@
 #include "workbench/application.h"
+#include "workbench/cli/command.h"
 #include "workbench/commandline.h"
 #include "workbench/session.h"
 
@@ -82,8 +83,13 @@ int runTour(const CommandLine &commandLine)
 
 int main(int argc, char *argv[])
 {
-    const CommandLine commandLine = CommandLine::parse(argumentList(argc, argv));
+    const QStringList arguments = argumentList(argc, argv);
     prepareApplication();
+    if (const Command *command = findCommand(arguments.value(1))) {
+        QCoreApplication application(argc, argv);
+        return command->run(arguments.mid(2));
+    }
+    const CommandLine commandLine = CommandLine::parse(arguments);
     if (commandLine.task != CommandLine::ShowWindow) {
         QCoreApplication application(argc, argv);
         return commandLine.task == CommandLine::RunTour ? runTour(commandLine)

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "check/configurationinput.h"
+#include "check/designinput.h"
+#include "check/findings.h"
+
+namespace Check {
+
+/// The findings on one configuration, sorted. An input that cannot be read is one of them.
+QVector<Finding> checkConfiguration(const ConfigurationInput &input, const DesignInput &design,
+                                    const QSet<QString> &disabled = {});
+
+// The rules by what they need.
+
+/// The file alone: what opening it passes over or changes.
+void checkFile(const ConfigurationInput &input, Findings *findings);
+
+/// The operating conditions, with the supplies of the device when one is given.
+void checkConditions(const ConfigurationInput &input, const QString &device, Findings *findings);
+
+/// Rates and the files that they come from. `index` is null without a netlist.
+void checkActivityFiles(const ConfigurationInput &input, const NlsData::Netlist *netlist,
+                        const NameIndex *index, Findings *findings);
+
+/// Listed objects: once each, and in the netlist. `index` is null without a netlist.
+void checkObjects(const ConfigurationInput &input, const NameIndex *index, Findings *findings);
+
+/// Every name that the rules look up.
+QSet<QString> namesOf(const VLT::Configuration &configuration);
+
+} // namespace Check

@@ -1,0 +1,126 @@
+#include "workbench/cli/checkcommand.h"
+
+#include "check/rules/rules.h"
+#include "workbench/cli/command.h"
+#include "workbench/cli/designoptions.h"
+
+#include <QCommandLineParser>
+#include <QSet>
+
+#include <algorithm>
+
+namespace Workbench {
+
+namespace {
+
+constexpr const char *NAME = "check";
+
+/// Everything of the command line that the design does not concern.
+struct CheckOptions
+{
+    explicit CheckOptions(QCommandLineParser *parser)
+    {
+        parser->addOptions({format, output, failOn, disable, maxPerRule});
+    }
+
+    QCommandLineOption format{QStringLiteral("format"),
+                              QStringLiteral("text (default), json or sarif."),
+                              QStringLiteral("FORMAT"), QStringLiteral("text")};
+    QCommandLineOption output{QStringLiteral("output"),
+                              QStringLiteral("Write to the file F instead of standard output."),
+                              QStringLiteral("F")};
+    QCommandLineOption failOn{
+        QStringLiteral("fail-on"),
+        QStringLiteral("Exit with 1 from this level on: error (default), warning, note or never."),
+        QStringLiteral("LEVEL"), QStringLiteral("error")};
+    QCommandLineOption disable{QStringLiteral("disable"),
+                               QStringLiteral("Leave out these rules, separated by commas."),
+                               QStringLiteral("RULES")};
+    QCommandLineOption maxPerRule{
+        QStringLiteral("max-per-rule"),
+        QStringLiteral("List at most N results of a rule in a sarif report (default 100)."),
+        QStringLiteral("N"), QStringLiteral("100")};
+};
+
+/// The lowest level that makes the command fail; a number over all levels for "never", below 0
+/// for an unknown word.
+int failLevel(const QString &word)
+{
+    const QStringList words = {QStringLiteral("note"), QStringLiteral("warning"),
+                               QStringLiteral("error"), QStringLiteral("never")};
+    return words.indexOf(word);
+}
+
+QByteArray rendered(const Check::Report &report, const QString &format, int maxPerRule)
+{
+    if (format == QLatin1String("json"))
+        return jsonReport(report);
+    if (format == QLatin1String("sarif"))
+        return sarifReport(report, maxPerRule, QStringLiteral(WORKBENCH_VERSION));
+    return textReport(report);
+}
+
+} // namespace
+
+int runCheck(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Checks configurations, and what their names mean in the design.\n\nExit "
+                       "status: 0 nothing at or above --fail-on, 1 something is, 2 bad usage, 3 an "
+                       "input cannot be read."));
+    parser.addPositionalArgument(QStringLiteral("FILE.vlr"), QStringLiteral("Configurations."),
+                                 QStringLiteral("FILE.vlr..."));
+    const CheckOptions options(&parser);
+    DesignOptions designs(&parser);
+    int status = Clean;
+    if (!parseArguments(&parser, NAME, arguments, &status))
+        return status;
+
+    const QStringList files = parser.positionalArguments();
+    if (files.isEmpty())
+        return badUsage(NAME, QStringLiteral("No configuration is given."));
+    const QString format = parser.value(options.format);
+    if (!QStringList{QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("sarif")}
+             .contains(format))
+        return badUsage(NAME, QStringLiteral("Unknown format \"%1\".").arg(format));
+    const int failOn = failLevel(parser.value(options.failOn));
+    if (failOn < 0)
+        return badUsage(NAME,
+                        QStringLiteral("Unknown level \"%1\".").arg(parser.value(options.failOn)));
+    bool isNumber = false;
+    const int maxPerRule = parser.value(options.maxPerRule).toInt(&isNumber);
+    if (!isNumber || maxPerRule < 1)
+        return badUsage(NAME, QStringLiteral("--max-per-rule takes a number from 1 on."));
+    QSet<QString> disabled;
+    const QStringList rules =
+        parser.value(options.disable).split(QLatin1Char(','), Qt::SkipEmptyParts);
+    for (const QString &rule : rules) {
+        if (!Check::findRule(rule))
+            return badUsage(NAME, QStringLiteral("Unknown rule \"%1\".").arg(rule));
+        disabled.insert(rule);
+    }
+
+    Check::Report report;
+    bool readable = true;
+    for (const QString &file : files) {
+        const Check::DesignInput &design = designs.designFor(file);
+        const Check::ConfigurationInput input = Check::readConfigurationInput(file);
+        report.inputs.append({file, input.sha256});
+        report.findings += checkConfiguration(input, design, disabled);
+        readable = readable && input.isUsable();
+    }
+    report.inputs += designs.inputs();
+    report.findings += designs.findings();
+    sortFindings(&report.findings);
+    if (!writeOutput(parser.value(options.output), rendered(report, format, maxPerRule)))
+        return Unreadable;
+    if (!readable || !designs.isComplete())
+        return Unreadable;
+    const bool fails = std::any_of(
+        report.findings.begin(), report.findings.end(),
+        [failOn](const Check::Finding &finding) { return int(finding.rule->level) >= failOn; });
+    return fails ? HasFindings : Clean;
+}
+
+} // namespace Workbench

@@ -1,0 +1,79 @@
+#include "workbench/cli/command.h"
+
+#include "workbench/cli/checkcommand.h"
+
+#include <QCommandLineParser>
+#include <QDir>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace Workbench {
+
+const QVector<Command> &allCommands()
+{
+    static const QVector<Command> commands = {
+        {"check", "Check configurations against netlist, device and activity files.", runCheck},
+    };
+    return commands;
+}
+
+const Command *findCommand(const QString &name)
+{
+    const QVector<Command> &commands = allCommands();
+    const auto command =
+        std::find_if(commands.begin(), commands.end(), [&name](const Command &candidate) {
+            return name == QLatin1String(candidate.name);
+        });
+    return command == commands.end() ? nullptr : command;
+}
+
+bool parseArguments(QCommandLineParser *parser, const char *command, const QStringList &arguments,
+                    int *status)
+{
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Print this help."));
+    parser->addOption(help);
+    if (!parser->parse(QStringList(QStringLiteral("workbench ") + QLatin1String(command)) +
+                       arguments)) {
+        *status = badUsage(command, parser->errorText());
+        return false;
+    }
+    if (parser->isSet(help)) {
+        QString text = parser->helpText();
+        // The parser knows the program's name alone.
+        const int at = text.indexOf(QLatin1String("[options]"));
+        text.insert(qMax(0, at), QLatin1String(command) + QLatin1Char(' '));
+        std::fputs(qPrintable(text), stdout);
+        *status = Clean;
+        return false;
+    }
+    return true;
+}
+
+int badUsage(const char *command, const QString &message)
+{
+    std::fprintf(stderr, "workbench %s: %s\nTry: workbench %s --help\n", command,
+                 qPrintable(message), command);
+    return BadUsage;
+}
+
+bool writeOutput(const QString &path, const QByteArray &bytes)
+{
+    if (path.isEmpty()) {
+        const bool written =
+            std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout) == size_t(bytes.size());
+        return written && std::fflush(stdout) == 0;
+    }
+    QSaveFile file(path);
+    // What cannot be replaced, such as a pipe, is written directly.
+    file.setDirectWriteFallback(true);
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+        return true;
+    std::fprintf(stderr, "workbench: cannot write %s: %s\n",
+                 qPrintable(QDir::toNativeSeparators(path)), qPrintable(file.errorString()));
+    return false;
+}
+
+} // namespace Workbench
