@@ -1,0 +1,76 @@
+#pragma once
+
+#include "hostexport.h"
+
+#include <QByteArray>
+#include <QFileSystemWatcher>
+#include <QHash>
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+namespace Utils {
+
+/// What the file system says of a file. Two equal stamps are the same file with the same content.
+struct HOST_EXPORT FileStamp
+{
+    qint64 size = -1;    ///< bytes; -1: there is no file
+    qint64 modified = 0; ///< ns since 1970
+    quint64 device = 0;
+    quint64 inode = 0;
+
+    /// Links are followed.
+    static FileStamp of(const QString &path);
+    bool exists() const { return size >= 0; }
+    bool operator==(const FileStamp &other) const;
+    bool operator!=(const FileStamp &other) const { return !(*this == other); }
+};
+
+/// Follows files that other programs write, in whatever way: in place, renamed over, removed and
+/// created again with their folder. A change is reported once the file has rested for RestTime.
+class HOST_EXPORT FileWatcher : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum class Compare {
+        Stamp,   ///< every writing is a change: for files of any size
+        Content, ///< only other bytes are a change: reads the file, for documents
+    };
+    static constexpr int RestTime = 300; ///< ms
+
+    explicit FileWatcher(Compare compare, QObject *parent = nullptr);
+
+    /// Follows `path`, an absolute path of a file that need not exist; its present state is the
+    /// known one.
+    void watch(const QString &path);
+    void forget(const QString &path);
+
+    /// Takes the present state of a watched file as known: its owner has just read or written it.
+    void accept(const QString &path);
+
+signals:
+    void changed(const QString &path);
+    void removed(const QString &path);
+
+private:
+    struct State
+    {
+        FileStamp known;
+        FileStamp seen;     // at the last check
+        QByteArray content; // digest; only where contents are compared
+    };
+
+    QByteArray digest(const QString &path) const;
+    void follow();
+    void onEvent();
+    void check();
+    void report(const QString &path);
+
+    const Compare m_compare;
+    QFileSystemWatcher m_watcher;
+    QTimer m_timer; // runs while a file is not at rest
+    QHash<QString, State> m_files;
+};
+
+} // namespace Utils
