@@ -18,7 +18,7 @@ class ResultWatcher;
 ///
 /// Every change of state is raised as the event "TE.Process.Status.Change" with the values
 /// "process" = "Process.Syn" and "status", the number of the state. A run that fails or is stopped
-/// leaves the result files as they were before it.
+/// leaves the result files as they were before it; one that did not write the netlist ends idle.
 class HOST_EXPORT FlowControl : public QObject
 {
     Q_OBJECT
@@ -41,15 +41,17 @@ public:
     Status status() const { return m_status; }
     bool isRunning() const { return m_status == Running; }
 
-    /// Starts the synthesis command in the project's folder. False when it cannot even be tried,
-    /// with one sentence in `error`; a program that does not start fails like one that ends badly.
+    /// Starts the synthesis command in the project's folder, once the results are safe. False when
+    /// it cannot even be tried, with one sentence in `error`; a program that does not start fails
+    /// like one that ends badly.
     bool start(QString *error);
 
     /// Asks the run and all processes that it started to end, and ends them by force when they do
     /// not within `killAfter` milliseconds. Nothing without a run.
     void stop(int killAfter = 3000);
 
-    /// Whether a netlist file replaced from outside counts as a finished run (so from the start).
+    /// Whether a whole netlist that another program wrote counts as a finished run (it does from
+    /// the start).
     void setWatching(bool watching);
 
 signals:
@@ -64,10 +66,13 @@ private:
     FlowControl();
     ~FlowControl() override;
     void setStatus(Status status, const QString &text);
+    void runCommand(const QString &error);
     void endRun(bool keepResults);
+    void leave();
     void onProjectChanged();
     void onProcessEnded(bool ok, const QString &cause);
     void onResultReplaced();
+    void onResultUnreadable(const QString &reason);
 
     FlowManager *const m_manager;
     std::unique_ptr<FlowProcess> m_process; // of the present or last run

@@ -11,6 +11,7 @@
 #include "te/constants.h"
 #include "te/taskengine.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -61,7 +62,13 @@ FlowControl::FlowControl()
     connect(m_watcher.get(), &ResultWatcher::replaced, this, &FlowControl::onResultReplaced);
     connect(Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this,
             &FlowControl::onProjectChanged);
+    connect(m_watcher.get(), &ResultWatcher::unreadable, this, &FlowControl::onResultUnreadable);
     m_watcher->setFile(netlistFile());
+    // Threads and processes end before the program does.
+    qAddPostRoutine([] {
+        get()->leave();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    });
 }
 
 FlowControl::~FlowControl()
@@ -90,22 +97,30 @@ bool FlowControl::start(QString *error)
             *error = cause;
         return false;
     }
-    auto kept = std::make_unique<ResultKeeper>();
-    if (!kept->keep(project->resultFiles(), error ? error : &cause))
-        return false;
-    m_kept = std::move(kept);
-    m_watcher->setPaused(true);
     m_stopping = false;
+    m_watcher->setPaused(true);
     if (m_process)
-        m_process.release()->deleteLater(); // it may be the one that tells of its end
+        m_process.release()->deleteLater(); // its signal may be what this is called from
+    m_kept = std::make_unique<ResultKeeper>(project->resultFiles());
+    connect(m_kept.get(), &ResultKeeper::ready, this, &FlowControl::runCommand);
+    setStatus(Running,
+              tr("Synthesis started: %1")
+                  .arg((QStringList(project->synthesisProgram()) + project->synthesisArguments())
+                           .join(QLatin1Char(' '))));
+    return true;
+}
+
+void FlowControl::runCommand(const QString &error)
+{
+    const auto *project = currentProject();
+    if (m_stopping || !error.isEmpty() || !project) {
+        onProcessEnded(false, error);
+        return;
+    }
     m_process = std::make_unique<FlowProcess>();
     connect(m_process.get(), &FlowProcess::line, this, &FlowControl::output);
     connect(m_process.get(), &FlowProcess::ended, this, &FlowControl::onProcessEnded);
-    const QStringList command =
-        QStringList(project->synthesisProgram()) + project->synthesisArguments();
-    m_process->start(command.first(), command.mid(1), project->folder());
-    setStatus(Running, tr("Synthesis started: %1").arg(command.join(QLatin1Char(' '))));
-    return true;
+    m_process->start(project->synthesisProgram(), project->synthesisArguments(), project->folder());
 }
 
 void FlowControl::stop(int killAfter)
@@ -113,7 +128,10 @@ void FlowControl::stop(int killAfter)
     if (!isRunning())
         return;
     m_stopping = true;
-    m_process->stop(killAfter);
+    if (m_process)
+        m_process->stop(killAfter);
+    else
+        m_kept->cancel();
 }
 
 void FlowControl::setWatching(bool watching)
@@ -135,31 +153,48 @@ void FlowControl::onProcessEnded(bool ok, const QString &cause)
     } else if (!netlist.isEmpty() && !QFileInfo::exists(netlist)) {
         text = tr("Synthesis failed: it ended without an error, but did not write %1.")
                    .arg(QDir::toNativeSeparators(netlist));
+    } else if (m_kept->isUnchanged(netlist)) {
+        status = Idle;
+        text = tr("The netlist %1 is up to date: the run did not write it.")
+                   .arg(QDir::toNativeSeparators(netlist));
     } else {
         status = Finished;
         text = tr("Synthesis finished.");
+        m_watcher->accept();
     }
-    endRun(status == Finished);
+    endRun(status == Finished || status == Idle);
     setStatus(status, text);
 }
 
 void FlowControl::endRun(bool keepResults)
 {
-    if (m_kept && !keepResults)
-        m_kept->restore();
-    m_kept.reset();
+    if (m_kept && !keepResults) {
+        const QStringList problems = m_kept->restore();
+        for (const QString &problem : problems)
+            emit message(problem);
+    }
+    if (m_kept)
+        m_kept.release()->deleteLater(); // its signal may be what this is called from
     m_watcher->setPaused(!m_watching);
 }
 
-void FlowControl::onProjectChanged()
+void FlowControl::leave()
 {
-    // A run of the former project ends with it.
     if (m_process) {
         m_process->disconnect(this);
         m_process->end();
         m_process.release()->deleteLater();
     }
+    if (m_kept)
+        m_kept->disconnect(this);
     endRun(false);
+    m_watcher->setFile(QString());
+}
+
+void FlowControl::onProjectChanged()
+{
+    // A run of the former project ends with it.
+    leave();
     m_watcher->setFile(netlistFile());
     if (m_status != Idle)
         setStatus(Idle, QString());
@@ -170,6 +205,13 @@ void FlowControl::onResultReplaced()
     if (!isRunning())
         setStatus(Finished,
                   tr("The netlist %1 was replaced.").arg(QDir::toNativeSeparators(netlistFile())));
+}
+
+void FlowControl::onResultUnreadable(const QString &reason)
+{
+    emit message(tr("%1 Another program has written the file; the open configurations keep the "
+                    "netlist that they have until it can be read.")
+                     .arg(reason));
 }
 
 void FlowControl::setStatus(Status status, const QString &text)

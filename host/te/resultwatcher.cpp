@@ -1,99 +1,105 @@
 #include "host/te/resultwatcher.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-#include <sys/stat.h>
+#include "host/nlsdata/readcontrol.h"
+#include "host/nlsdata/readnetlist.h"
+#include "host/te/worker.h"
+#include "nlsdata/netlist.h"
 
 namespace TE {
 
-namespace {
-
-constexpr int STABLE_AFTER = 300; // ms without a change
-
-} // namespace
+using Utils::FileStamp;
+using Utils::FileWatcher;
 
 ResultWatcher::ResultWatcher()
 {
-    m_timer.setInterval(STABLE_AFTER);
-    connect(&m_timer, &QTimer::timeout, this, &ResultWatcher::check);
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &ResultWatcher::onSomethingChanged);
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this,
-            &ResultWatcher::onSomethingChanged);
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(Patience);
+    connect(&m_files, &FileWatcher::changed, this, &ResultWatcher::tryToRead);
+    connect(&m_files, &FileWatcher::removed, this, &ResultWatcher::stopTrial);
+    connect(&m_patience, &QTimer::timeout, this, [this] {
+        if (FileStamp::of(m_path) == m_tried) // otherwise it is being written
+            emit unreadable(m_reason);
+    });
+}
+
+ResultWatcher::~ResultWatcher()
+{
+    stopTrial();
 }
 
 void ResultWatcher::setFile(const QString &path)
 {
+    stopTrial();
+    if (!m_path.isEmpty())
+        m_files.forget(m_path);
     m_path = path;
-    m_timer.stop();
-    m_known = m_seen = present();
-    watch();
+    accept();
+}
+
+void ResultWatcher::accept()
+{
+    stopTrial();
+    m_open = false;
+    m_known = FileStamp::of(m_path);
+    if (!m_paused && !m_path.isEmpty())
+        m_files.watch(m_path);
 }
 
 void ResultWatcher::setPaused(bool paused)
 {
+    if (paused == m_paused)
+        return;
     m_paused = paused;
-    m_timer.stop();
-    m_known = m_seen = present();
-    watch();
-}
-
-ResultWatcher::State ResultWatcher::present() const
-{
-    struct stat s = {};
-    if (m_path.isEmpty() || ::stat(QFile::encodeName(m_path).constData(), &s) != 0)
-        return State();
-    const qint64 modified = qint64(s.st_mtim.tv_sec) * 1000 + s.st_mtim.tv_nsec / 1000000;
-    return {qint64(s.st_size), modified, quint64(s.st_ino)};
-}
-
-/// The watcher loses a file that is renamed or deleted, so the folder is watched too; while that
-/// does not exist, the nearest one above it.
-void ResultWatcher::watch()
-{
-    QStringList wanted;
-    if (!m_path.isEmpty()) {
-        QString folder = QFileInfo(m_path).absolutePath();
-        while (!QFileInfo::exists(folder) && folder != QFileInfo(folder).absolutePath())
-            folder = QFileInfo(folder).absolutePath();
-        wanted.append(folder);
-        if (QFileInfo::exists(m_path))
-            wanted.append(m_path);
-    }
-    const QStringList watched = m_watcher.files() + m_watcher.directories();
-    for (const QString &path : watched) {
-        if (!wanted.contains(path))
-            m_watcher.removePath(path);
-    }
-    for (const QString &path : qAsConst(wanted)) {
-        if (!watched.contains(path))
-            m_watcher.addPath(path);
-    }
-}
-
-void ResultWatcher::onSomethingChanged()
-{
-    watch();
-    if (m_paused || m_timer.isActive() || present() == m_known)
-        return;
-    m_seen = present();
-    m_timer.start();
-}
-
-void ResultWatcher::check()
-{
-    watch();
-    const State now = present();
-    if (!(now == m_seen)) {
-        m_seen = now;
+    if (paused) {
+        stopTrial();
+        m_open = m_open || FileStamp::of(m_path) != m_known;
+        m_files.forget(m_path);
         return;
     }
-    m_timer.stop();
-    const bool changed = !(now == m_known);
+    const bool open = m_open;
+    accept();
+    if (open)
+        tryToRead();
+}
+
+void ResultWatcher::stopTrial()
+{
+    m_patience.stop();
+    if (m_control)
+        m_control->cancel();
+    m_worker.reset();
+}
+
+void ResultWatcher::tryToRead()
+{
+    stopTrial();
+    m_open = true;
+    m_tried = FileStamp::of(m_path);
+    if (!m_tried.exists())
+        return;
+    m_control = std::make_unique<NlsData::ReadControl>();
+    m_worker = std::make_unique<Worker>([this, path = m_path](const Worker &) {
+        NlsData::ReadOptions options;
+        options.control = m_control.get();
+        QString reason;
+        m_reason = NlsData::readNetlist(path, &reason, options) ? QString() : reason;
+    });
+    connect(m_worker.get(), &Worker::done, this, &ResultWatcher::onRead);
+}
+
+void ResultWatcher::onRead()
+{
+    m_worker.release()->deleteLater(); // its signal is what this is called from
+    const FileStamp now = FileStamp::of(m_path);
+    if (now != m_tried)
+        return; // written on meanwhile: the next rest brings the next trial
+    if (!m_reason.isEmpty()) {
+        m_patience.start();
+        return;
+    }
+    m_open = false;
     m_known = now;
-    if (changed && now.size >= 0)
-        emit replaced();
+    emit replaced();
 }
 
 } // namespace TE

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QObject>
+
+#include <atomic>
+#include <functional>
+#include <thread>
+
+namespace TE {
+
+/// Runs a function in a thread of its own. The destructor waits for the function's end, so that it
+/// may use what its owner holds; a long function watches isCancelled().
+class Worker : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Worker(std::function<void(const Worker &)> work);
+    ~Worker() override;
+
+    void cancel() { m_cancelled = true; }
+    bool isCancelled() const { return m_cancelled; }
+
+    /// Cancels the function and waits for its end.
+    void end();
+
+signals:
+    /// Emitted in the owner's thread, from its event loop.
+    void done();
+
+private:
+    std::atomic<bool> m_cancelled{false};
+    std::thread m_thread;
+};
+
+} // namespace TE
