@@ -112,7 +112,7 @@ bool FlowControl::start(QString *error)
 
 void FlowControl::runCommand(const QString &error)
 {
-    const auto *project = currentProject();
+    const auto *project = Core::ProjectFile::current();
     if (m_stopping || !error.isEmpty() || !project) {
         onProcessEnded(false, error);
         return;
