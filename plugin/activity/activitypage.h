@@ -1,6 +1,6 @@
 #pragma once
 
-#include "config/section.h"
+#include "config/sections.h"
 #include "tables/nlsdatafinderdialog.h"
 #include "tables/recordlist.h"
 #include "tables/tablepage.h"
@@ -73,16 +73,12 @@ protected:
         showAdded(oldCount);
     }
 
-    /// Appends the record that `element` of the file holds, without telling the model.
-    template<size_t count>
-    Record *readRecord(const QDomElement &element, const NumberAttribute<Record> (&numbers)[count])
+    /// Appends the records that a reader finds, without telling the model.
+    RecordSink<Record> adopt()
     {
-        auto owner = std::make_unique<Record>();
-        Record *record = owner.get();
-        record->name = keptText(element, ATTR_NAME);
-        readNumbers(element, numbers, record);
-        m_records.append(std::move(owner));
-        return record;
+        return [this](Record &&record, const QDomElement &) {
+            m_records.append(std::make_unique<Record>(std::move(record)));
+        };
     }
 
     // The model goes before the list that it borrows.

@@ -1,5 +1,6 @@
 #include "activity/bsramsetwidget.h"
 
+#include "config/bsramkinds.h"
 #include "ui_bsramsetwidget.h"
 
 #include "nlsdata/netlist.h"
@@ -7,56 +8,19 @@
 #include <QCursor>
 #include <QHeaderView>
 
-#include <algorithm>
-#include <iterator>
-
 namespace VLT {
 
 namespace {
-
-const NumberAttribute<VLT_BSRam> numbers[] = {
-    {ATTR_A_CLK_ENABLE, &VLT_BSRam::aEnable}, {ATTR_B_CLK_ENABLE, &VLT_BSRam::bEnable},
-    {ATTR_A_READ, &VLT_BSRam::aRead},         {ATTR_A_WRITE, &VLT_BSRam::aWrite},
-    {ATTR_B_READ, &VLT_BSRam::bRead},         {ATTR_B_WRITE, &VLT_BSRam::bWrite},
-};
-
-/// The port functions of a memory, with their values when it is added; negative where it has none.
-struct Ports
-{
-    float aEnable, aRead, aWrite, bEnable, bRead, bWrite;
-};
-
-constexpr Ports readOnly = {100, 100, -1, -1, -1, -1};
-constexpr Ports single = {100, 100, 50, -1, -1, -1};
-constexpr Ports writeAReadB = {100, -1, 100, 100, 100, -1};
-constexpr Ports dual = {100, 100, 50, 100, 100, 50};
-
-/// By kind, 0 to 8.
-constexpr const Ports *kinds[] = {&readOnly, &single,      &writeAReadB, &dual,    &writeAReadB,
-                                  &readOnly, &writeAReadB, &dual,        &readOnly};
-
-struct Primitive
-{
-    int code; ///< the environment's
-    qint32 kind;
-};
-
-constexpr Primitive primitives[] = {{90, 0},  {91, 0},  {88, 1},  {89, 1},  {86, 2},
-                                    {87, 2},  {242, 2}, {84, 3},  {85, 3},  {192, 4},
-                                    {193, 4}, {194, 5}, {195, 5}, {199, 6}, {200, 6},
-                                    {201, 7}, {202, 7}, {204, 8}, {205, 8}};
 
 /// Sets kind and values by the primitive. A primitive that is not known gives kind 0 without
 /// values.
 void setUp(VLT_BSRam &ram, int code)
 {
-    const auto primitive =
-        std::find_if(std::begin(primitives), std::end(primitives),
-                     [code](const Primitive &candidate) { return candidate.code == code; });
-    if (primitive == std::end(primitives))
+    const std::optional<qint32> kind = bsramKind(code);
+    if (!kind)
         return;
-    ram.type = primitive->kind;
-    const Ports &ports = *kinds[ram.type];
+    const BSRamPorts &ports = *bsramPorts(*kind);
+    ram.type = *kind;
     ram.aEnable = ports.aEnable;
     ram.bEnable = ports.bEnable;
     ram.aRead = ports.aRead;
@@ -65,10 +29,11 @@ void setUp(VLT_BSRam &ram, int code)
     ram.bWrite = ports.bWrite;
 }
 
-template<float Ports::*function>
+template<float BSRamPorts::*function>
 bool hasFunction(const VLT_BSRam &ram)
 {
-    return ram.type >= 0 && ram.type < int(std::size(kinds)) && kinds[ram.type]->*function >= 0;
+    const BSRamPorts *ports = bsramPorts(ram.type);
+    return ports && ports->*function >= 0;
 }
 
 /// Not the same as having no such function: a file may hold a value for a kind that has none.
@@ -89,42 +54,29 @@ BSRamModel::BSRamModel(VLTView *view, QList<VLT_BSRam *> &records, QObject *pare
                        .editable()
                        .sortedBy(lessThanByAEnable, greaterThanByAEnable),
                    Column::number("ReadA Probability", &VLT_BSRam::aRead)
-                       .editable(hasFunction<&Ports::aRead>)
+                       .editable(hasFunction<&BSRamPorts::aRead>)
                        .gray(isUnset<&VLT_BSRam::aRead>)
                        .sortedBy(lessThanByARead, greaterThanByARead),
                    Column::number("WriteA Probability", &VLT_BSRam::aWrite)
-                       .editable(hasFunction<&Ports::aWrite>)
+                       .editable(hasFunction<&BSRamPorts::aWrite>)
                        .gray(isUnset<&VLT_BSRam::aWrite>)
                        .sortedBy(lessThanByAWrite, greaterThanByAWrite),
                    Column::number("ClockB Enable", &VLT_BSRam::bEnable)
-                       .editable(hasFunction<&Ports::bEnable>)
+                       .editable(hasFunction<&BSRamPorts::bEnable>)
                        .gray(isUnset<&VLT_BSRam::bEnable>)
                        .sortedBy(lessThanByBEnable, greaterThanByBEnable),
                    Column::number("ReadB Probability", &VLT_BSRam::bRead)
-                       .editable(hasFunction<&Ports::bRead>)
+                       .editable(hasFunction<&BSRamPorts::bRead>)
                        .gray(isUnset<&VLT_BSRam::bRead>)
                        .sortedBy(lessThanByBRead, greaterThanByBRead),
                    Column::number("WriteB Probability", &VLT_BSRam::bWrite)
-                       .editable(hasFunction<&Ports::bWrite>)
+                       .editable(hasFunction<&BSRamPorts::bWrite>)
                        .gray(isUnset<&VLT_BSRam::bWrite>)
                        .sortedBy(lessThanByBWrite, greaterThanByBWrite)})
 {
 }
 
 /// A value of the page for the memories that it does not list.
-struct BsramSetWidget::Default
-{
-    QString name; ///< attribute
-    QDoubleSpinBox *spinBox;
-};
-
-QVector<BsramSetWidget::Default> BsramSetWidget::defaults() const
-{
-    return {{ATTR_CLOCK_ENABLE, m_ui->spinClockEnable},
-            {ATTR_READ_PROBABILITY, m_ui->spinReadProbability},
-            {ATTR_WRITE_PROBABILITY, m_ui->spinWriteProbability}};
-}
-
 BsramSetWidget::BsramSetWidget(VLTView *view, QWidget *parent)
     : RecordPage(view, parent)
     , m_ui(std::make_unique<Ui::BsramSetWidget>())
@@ -134,8 +86,9 @@ BsramSetWidget::BsramSetWidget(VLTView *view, QWidget *parent)
     m_ui->tableView->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     connectCommands(m_ui->btnAdd, m_ui->btnRemove, &BsramSetWidget::onAdd,
                     &BsramSetWidget::onShowContextMenu);
-    for (const Default &value : defaults())
-        connect(value.spinBox, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+    for (const QDoubleSpinBox *value :
+         {m_ui->spinClockEnable, m_ui->spinReadProbability, m_ui->spinWriteProbability})
+        connect(value, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
                 &BsramSetWidget::modified);
 }
 
@@ -157,35 +110,26 @@ void BsramSetWidget::onShowContextMenu(QPoint)
     showMenu(QCursor::pos());
 }
 
+BSRamDefaults BsramSetWidget::defaults() const
+{
+    return {m_ui->spinClockEnable->value(), m_ui->spinReadProbability->value(),
+            m_ui->spinWriteProbability->value()};
+}
+
 void BsramSetWidget::readData(QDomElement *parent)
 {
-    const QDomElement section = parent->firstChildElement(NODE_BSRAM_ENABLE);
-    if (section.isNull())
+    BSRamDefaults defaults;
+    if (!readBSRams(*parent, &defaults, adopt()))
         return;
-    for (const Default &value : defaults())
-        value.spinBox->setValue(
-            numberFromText(section.attribute(value.name, QStringLiteral("100"))));
-    forEachChild(section, NODE_BSRAM, [this](const QDomElement &element) {
-        VLT_BSRam *ram = readRecord(element, numbers);
-        ram->type = element.attribute(ATTR_TYPE).toInt();
-    });
+    m_ui->spinClockEnable->setValue(defaults.clockEnable);
+    m_ui->spinReadProbability->setValue(defaults.readProbability);
+    m_ui->spinWriteProbability->setValue(defaults.writeProbability);
     m_model.reload();
 }
 
 void BsramSetWidget::writeData(QXmlStreamWriter *writer) const
 {
-    writer->writeStartElement(NODE_BSRAM_ENABLE);
-    for (const Default &value : defaults())
-        writer->writeAttribute(value.name, numberText(value.spinBox->value()));
-    for (const VLT_BSRam *ram : m_records.list()) {
-        if (ram->name.isEmpty())
-            continue;
-        writer->writeEmptyElement(NODE_BSRAM);
-        writer->writeAttribute(ATTR_NAME, ram->name);
-        writeNumbers(writer, numbers, *ram);
-        writer->writeAttribute(ATTR_TYPE, QString::number(ram->type));
-    }
-    writer->writeEndElement();
+    writeBSRams(writer, defaults(), m_records.list());
 }
 
 } // namespace VLT

@@ -52,8 +52,7 @@ public slots:
     void onShowContextMenu(QPoint point);
 
 private:
-    struct Default;
-    QVector<Default> defaults() const;
+    BSRamDefaults defaults() const;
 
     const std::unique_ptr<Ui::BsramSetWidget> m_ui;
 };

@@ -9,12 +9,6 @@ namespace VLT {
 
 namespace {
 
-const NumberAttribute<VLT_ClkEnable> numbers[] = {
-    {ATTR_VALUE, &VLT_ClkEnable::enable}, {ATTR_QUAD1, &VLT_ClkEnable::quad1},
-    {ATTR_QUAD2, &VLT_ClkEnable::quad2},  {ATTR_QUAD3, &VLT_ClkEnable::quad3},
-    {ATTR_QUAD4, &VLT_ClkEnable::quad4},
-};
-
 bool isClockName(const QString &text)
 {
     return QRegExp(QStringLiteral("_*[a-zA-Z]+[A-Za-z0-9_]*")).exactMatch(text);
@@ -75,28 +69,16 @@ void ClockEnableSetWidget::onShowContextMenu(QPoint)
 
 void ClockEnableSetWidget::readData(QDomElement *parent)
 {
-    const QDomElement section = parent->firstChildElement(NODE_GLOBAL_ENABLE);
-    if (section.isNull())
+    double value = 0;
+    if (!readClocks(*parent, &value, adopt()))
         return;
-    // Without the attribute the value is 0, not the 100 of a new page.
-    m_ui->spinGlobalEnable->setValue(numberFromText(section.attribute(ATTR_VALUE)));
-    forEachChild(section, NODE_CLOCK,
-                 [this](const QDomElement &element) { readRecord(element, numbers); });
+    m_ui->spinGlobalEnable->setValue(value);
     m_model.reload();
 }
 
 void ClockEnableSetWidget::writeData(QXmlStreamWriter *writer) const
 {
-    writer->writeStartElement(NODE_GLOBAL_ENABLE);
-    writer->writeAttribute(ATTR_VALUE, numberText(m_ui->spinGlobalEnable->value()));
-    for (const VLT_ClkEnable *clock : m_records.list()) {
-        if (clock->name.isEmpty())
-            continue;
-        writer->writeEmptyElement(NODE_CLOCK);
-        writer->writeAttribute(ATTR_NAME, clock->name);
-        writeNumbers(writer, numbers, *clock);
-    }
-    writer->writeEndElement();
+    writeClocks(writer, m_ui->spinGlobalEnable->value(), m_records.list());
 }
 
 } // namespace VLT

@@ -6,12 +6,6 @@
 
 namespace VLT {
 
-namespace {
-
-const NumberAttribute<VLT_Dff> numbers[] = {{ATTR_VALUE, &VLT_Dff::value}};
-
-} // namespace
-
 DffModel::DffModel(VLTView *view, QList<VLT_Dff *> &records, QObject *parent)
     : RecordModel(view, records, parent,
                   {Column::text("Name", &VLT_Dff::name)
@@ -50,23 +44,13 @@ void DFFSetWidget::onShowContextMenu()
 
 void DFFSetWidget::readData(QDomElement *parent)
 {
-    const QDomElement section = parent->firstChildElement(NODE_LOCAL_ENABLE);
-    if (section.isNull())
-        return;
-    forEachChild(section, NODE_INSTANCE,
-                 [this](const QDomElement &element) { readRecord(element, numbers); });
-    m_model.reload();
+    if (readDffs(*parent, adopt()))
+        m_model.reload();
 }
 
 void DFFSetWidget::writeData(QXmlStreamWriter *writer) const
 {
-    writer->writeStartElement(NODE_LOCAL_ENABLE);
-    for (const VLT_Dff *dff : m_records.list()) {
-        writer->writeEmptyElement(NODE_INSTANCE);
-        writer->writeAttribute(ATTR_NAME, dff->name);
-        writeNumbers(writer, numbers, *dff);
-    }
-    writer->writeEndElement();
+    writeDffs(writer, m_records.list());
 }
 
 } // namespace VLT

@@ -10,9 +10,6 @@ namespace VLT {
 
 namespace {
 
-const NumberAttribute<VLT_Port> numbers[] = {{ATTR_OUT_ENABLE, &VLT_Port::outEnable},
-                                             {ATTR_CAPACITY, &VLT_Port::capacity}};
-
 bool canBeDisabled(const VLT_Port &port)
 {
     return port.type != BufferedOutput;
@@ -89,28 +86,13 @@ PortType PortSetWidget::typeOf(NlsData::Port *port)
 
 void PortSetWidget::readData(QDomElement *parent)
 {
-    const QDomElement section = parent->firstChildElement(NODE_PORT_OUT_ENABLE);
-    if (section.isNull())
-        return;
-    forEachChild(section, NODE_PORT, [this](const QDomElement &element) {
-        VLT_Port *port = readRecord(element, numbers);
-        port->type = element.attribute(ATTR_TYPE).toInt();
-    });
-    m_model.reload();
+    if (readPorts(*parent, adopt()))
+        m_model.reload();
 }
 
 void PortSetWidget::writeData(QXmlStreamWriter *writer) const
 {
-    if (m_records.list().isEmpty())
-        return;
-    writer->writeStartElement(NODE_PORT_OUT_ENABLE);
-    for (const VLT_Port *port : m_records.list()) {
-        writer->writeEmptyElement(NODE_PORT);
-        writer->writeAttribute(ATTR_NAME, port->name);
-        writeNumbers(writer, numbers, *port);
-        writer->writeAttribute(ATTR_TYPE, QString::number(port->type));
-    }
-    writer->writeEndElement();
+    writePorts(writer, m_records.list());
 }
 
 } // namespace VLT
