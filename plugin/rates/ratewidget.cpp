@@ -1,15 +1,12 @@
 #include "rates/ratewidget.h"
 
-#include "config/filenames.h"
-#include "config/section.h"
+#include "config/sections.h"
 #include "rates/ratetableview.h"
 #include "tables/document.h"
 #include "ui_ratewidget.h"
 #include "widgets/plainmessage.h"
 
-#include <QDomElement>
 #include <QPointer>
-#include <QXmlStreamWriter>
 
 namespace VLT {
 
@@ -40,33 +37,27 @@ RateWidget::~RateWidget() = default;
 
 void RateWidget::readData(QDomElement *parent)
 {
-    const QDomElement section = parent->firstChildElement(NODE_NET_RATE);
-    if (section.isNull())
+    RateUnit unit = RateUnit::Toggle;
+    QList<VLT_Rate *> rates;
+    const auto add = [&rates](VLT_Rate &&rate, const QDomElement &) {
+        rates.append(new VLT_Rate(std::move(rate)));
+    };
+    if (!readRates(*parent, &unit, add))
         return;
-    const bool toggle = section.attribute(ATTR_TYPE) == TYPE_TOGGLE;
+    const bool toggle = unit == RateUnit::Toggle;
     (toggle ? m_ui->radioToggle : m_ui->radioSignal)->setChecked(true);
     m_ui->tableviewNet->setValueType(toggle);
-
-    QList<VLT_Rate *> rates;
-    forEachChild(section, NODE_NET, [&rates](const QDomElement &net) {
-        rates.append(new VLT_Rate{keptText(net, ATTR_NAME), keptText(net, ATTR_VALUE)});
-    });
     m_ui->tableviewNet->setData(rates);
 }
 
 void RateWidget::writeData(QXmlStreamWriter *writer) const
 {
-    const QList<VLT_Rate *> &rates = m_ui->tableviewNet->getData();
-    if (rates.isEmpty())
-        return;
-    writer->writeStartElement(NODE_NET_RATE);
-    writer->writeAttribute(ATTR_TYPE, m_ui->radioToggle->isChecked() ? TYPE_TOGGLE : TYPE_SIGNAL);
-    for (const VLT_Rate *rate : rates) {
-        writer->writeEmptyElement(NODE_NET);
-        writer->writeAttribute(ATTR_NAME, rate->name);
-        writer->writeAttribute(ATTR_VALUE, rate->value);
-    }
-    writer->writeEndElement();
+    writeRates(writer, unit(), m_ui->tableviewNet->getData());
+}
+
+RateUnit RateWidget::unit() const
+{
+    return m_ui->radioToggle->isChecked() ? RateUnit::Toggle : RateUnit::Signal;
 }
 
 bool RateWidget::checkData()

@@ -16,6 +16,7 @@ class NetRateEditor;
 
 class Document;
 class RateTableView;
+enum class RateUnit;
 class VLTView;
 
 /// Toggle rates of nets, with their section of the file. The table of ports is built and checked
@@ -41,6 +42,7 @@ public slots:
     void onIORateUnitChanged();
 
 private:
+    RateUnit unit() const;
     bool checkValues(const RateTableView *table, const QString &text);
     void changeUnit(RateTableView *table, QRadioButton *toggle, QRadioButton *signal);
 
