@@ -36,11 +36,6 @@ struct Conditions
     std::optional<double> boardTemp;
 };
 
-enum class RateUnit {
-    Toggle, ///< percent
-    Signal  ///< transitions per second
-};
-
 /// Toggle rates of nets, in one unit.
 struct RateSection
 {

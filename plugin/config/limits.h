@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "config/records.h"
 
 namespace VLT {
 
@@ -18,6 +18,11 @@ constexpr Range SIGNAL_RATE = {0, 99999999}; // transitions/s
 constexpr Range TEMPERATURE = {-60, 160};    // ℃, ambient and board
 constexpr Range THETA = {0.001, 100};        // ℃/W
 constexpr Range VOLTAGE = {0, 50};           // V, before the device's own range applies
+
+constexpr Range rateRange(RateUnit unit)
+{
+    return unit == RateUnit::Toggle ? TOGGLE_RATE : SIGNAL_RATE;
+}
 
 /// The junction temperatures in ℃ that a grade allows, by the name of the grade.
 inline Range junctionRange(const QString &grade)

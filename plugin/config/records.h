@@ -9,6 +9,11 @@ namespace VLT {
 // The records of a configuration, as its tables list them and its file stores them. A `name` is
 // the full path of the object in the netlist. A negative number is not set.
 
+enum class RateUnit {
+    Toggle, ///< percent
+    Signal  ///< transitions per second
+};
+
 /// The toggle rate of a net or port: `value` is text in the unit of its table, empty when it is
 /// not yet given.
 struct VLT_Rate

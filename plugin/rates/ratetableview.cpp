@@ -1,5 +1,6 @@
 #include "rates/ratetableview.h"
 
+#include "config/limits.h"
 #include "tables/document.h"
 #include "tables/doubledelegate.h"
 #include "tables/nlsdatafinderdialog.h"
@@ -19,8 +20,6 @@ namespace {
 
 constexpr int NAME_WIDTH = 500;
 constexpr int VALUE_WIDTH = 100;
-constexpr double MAX_TOGGLE_RATE = 200.0;
-constexpr double MAX_SIGNAL_RATE = 99999999.0;
 
 } // namespace
 
@@ -35,7 +34,7 @@ RateTableView::RateTableView(QWidget *parent)
     m_records.follow(&m_model);
     setUpTable(m_table, &m_model, {NAME_WIDTH});
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    delegate()->setMaximum(MAX_TOGGLE_RATE);
+    delegate()->setMaximum(TOGGLE_RATE.maximum);
     connectCommands(nullptr, nullptr, &RateTableView::onNew, &RateTableView::onShowContextMenu);
 }
 
@@ -49,7 +48,7 @@ void RateTableView::setValueType(bool toggle)
 {
     commitEditor();
     m_model.setUnitType(toggle);
-    delegate()->setMaximum(toggle ? MAX_TOGGLE_RATE : MAX_SIGNAL_RATE);
+    delegate()->setMaximum(rateRange(toggle ? RateUnit::Toggle : RateUnit::Signal).maximum);
 }
 
 void RateTableView::resetValue()

@@ -1,9 +1,8 @@
 #include "rates/vcdfilewidget.h"
 
 #include "config/activityfile.h"
-#include "config/filenames.h"
-#include "config/plainnumber.h"
-#include "config/section.h"
+#include "config/limits.h"
+#include "config/sections.h"
 #include "rates/vcdfilesetdialog.h"
 #include "tables/document.h"
 #include "ui_vcdfilewidget.h"
@@ -13,22 +12,10 @@
 
 #include "nlsdata/netlist.h"
 
-#include <QDomElement>
 #include <QHeaderView>
 #include <QSet>
-#include <QXmlStreamWriter>
 
 namespace VLT {
-
-namespace {
-
-enum RateUnit { TOGGLE_RATE, SIGNAL_RATE }; // places in the unit boxes
-
-constexpr double MAX_TOGGLE_RATE = 200.0;
-constexpr double MAX_SIGNAL_RATE = 99999999.0;
-constexpr double DEFAULT_TOGGLE_RATE = 12.5;
-
-} // namespace
 
 VcdFileWidget::VcdFileWidget(VLTView *view, QWidget *parent)
     : TablePage(view, parent)
@@ -62,96 +49,57 @@ VcdFileWidget::VcdFileWidget(VLTView *view, QWidget *parent)
 
 VcdFileWidget::~VcdFileWidget() = default;
 
-VcdFileWidget::DefaultRate VcdFileWidget::ioRate() const
+VcdFileWidget::RateField VcdFileWidget::ioField() const
 {
-    return {m_ui->editIOValue, m_ui->comboIOUnit, NODE_DEFAULT_IO_TOGGLE, NODE_DEFAULT_IO_SIGNAL};
+    return {m_ui->editIOValue, m_ui->comboIOUnit};
 }
 
-VcdFileWidget::DefaultRate VcdFileWidget::remainRate() const
+VcdFileWidget::RateField VcdFileWidget::remainField() const
 {
-    return {m_ui->editRemainValue, m_ui->comboRemainUnit, NODE_DEFAULT_RM_TOGGLE,
-            NODE_DEFAULT_RM_SIGNAL};
+    return {m_ui->editRemainValue, m_ui->comboRemainUnit};
 }
 
 void VcdFileWidget::readData(QDomElement *parent)
 {
-    const QDomElement rates = parent->firstChildElement(NODE_DEFAULT_CFG);
-    if (!rates.isNull()) {
-        readRate(rates, ioRate());
-        readRate(rates, remainRate());
-    }
-    const QDomElement files = parent->firstChildElement(NODE_SIMU_FILE);
-    if (!files.isNull())
-        readFiles(files);
+    DefaultRates rates;
+    readDefaultRates(*parent, &rates);
+    restore(rates.io, ioField());
+    restore(rates.remaining, remainField());
+
+    std::optional<bool> filterGlitch;
+    const auto add = [this](VLT_VcdFile &&file, const QDomElement &) {
+        if (file.entity.isEmpty())
+            file.entity = designName();
+        m_records.list().append(new VLT_VcdFile(std::move(file)));
+    };
+    if (!readFiles(*parent, &filterGlitch, add))
+        return;
+    if (filterGlitch)
+        m_ui->checkGlitch->setChecked(*filterGlitch);
+    m_model.reload();
 }
 
-void VcdFileWidget::readRate(const QDomElement &section, const DefaultRate &rate)
+void VcdFileWidget::restore(const std::optional<DefaultRate> &rate, const RateField &field)
 {
-    QDomElement element = section.firstChildElement(rate.toggleNode);
-    const RateUnit unit = element.isNull() ? SIGNAL_RATE : TOGGLE_RATE;
-    if (element.isNull())
-        element = section.firstChildElement(rate.signalNode);
-    if (element.isNull())
+    if (!rate)
         return;
     // The unit first: it sets the limit of the value.
-    rate.unit->setCurrentIndex(unit);
-    rate.value->setValue(numberFromText(element.text()));
-}
-
-void VcdFileWidget::readFiles(const QDomElement &section)
-{
-    forEachChild(section, NODE_FILE, [this](const QDomElement &element) {
-        auto file = std::make_unique<VLT_VcdFile>();
-        file->file = keptText(element, ATTR_NAME);
-        file->entity = keptText(element, ATTR_ENTITY);
-        if (file->entity.isEmpty())
-            file->entity = designName();
-        file->isVcd = element.attribute(ATTR_TYPE) == TYPE_VCD;
-        file->startTime = keptText(element, ATTR_START_TIME);
-        file->endTime = keptText(element, ATTR_END_TIME);
-        file->timeUnit = keptText(element, ATTR_TIME_UNIT);
-        m_records.list().append(file.release());
-    });
-    const QDomElement glitch = section.firstChildElement(NODE_FILTER_GLITCH);
-    if (!glitch.isNull())
-        m_ui->checkGlitch->setChecked(glitch.text() == FLAG_TRUE);
-    m_model.reload();
+    field.unit->setCurrentIndex(int(rate->unit));
+    field.value->setValue(rate->value);
 }
 
 void VcdFileWidget::writeData(QXmlStreamWriter *writer) const
 {
-    writer->writeStartElement(NODE_DEFAULT_CFG);
-    writeRate(writer, ioRate());
-    writeRate(writer, remainRate());
-    writer->writeEndElement();
-    if (m_records.list().isEmpty())
-        return;
-    writer->writeStartElement(NODE_SIMU_FILE);
-    for (const VLT_VcdFile *file : m_records.list())
-        writeFile(writer, *file);
-    writer->writeTextElement(NODE_FILTER_GLITCH,
-                             m_ui->checkGlitch->isChecked() ? FLAG_TRUE : FLAG_FALSE);
-    writer->writeEndElement();
+    writeDefaultRates(writer, defaultRates());
+    writeFiles(writer, m_records.list(), m_ui->checkGlitch->isChecked(), designName());
 }
 
-void VcdFileWidget::writeRate(QXmlStreamWriter *writer, const DefaultRate &rate)
+DefaultRates VcdFileWidget::defaultRates() const
 {
-    const bool toggle = rate.unit->currentIndex() == TOGGLE_RATE;
-    writer->writeTextElement(toggle ? rate.toggleNode : rate.signalNode, rate.value->text());
-}
-
-void VcdFileWidget::writeFile(QXmlStreamWriter *writer, const VLT_VcdFile &file) const
-{
-    writer->writeEmptyElement(NODE_FILE);
-    writer->writeAttribute(ATTR_TYPE, file.isVcd ? TYPE_VCD : TYPE_SAIF);
-    writer->writeAttribute(ATTR_NAME, file.file);
-    writer->writeAttribute(ATTR_ENTITY, file.entity == designName() ? QString() : file.entity);
-    if (!file.startTime.isEmpty())
-        writer->writeAttribute(ATTR_START_TIME, file.startTime);
-    if (!file.endTime.isEmpty())
-        writer->writeAttribute(ATTR_END_TIME, file.endTime);
-    if (!file.startTime.isEmpty() || !file.endTime.isEmpty())
-        writer->writeAttribute(ATTR_TIME_UNIT, file.timeUnit);
+    const auto rate = [](const RateField &field) {
+        return DefaultRate{RateUnit(field.unit->currentIndex()), field.value->value()};
+    };
+    return {true, rate(ioField()), rate(remainField())};
 }
 
 QString VcdFileWidget::designName() const
@@ -218,24 +166,22 @@ void VcdFileWidget::onGlitchChanged()
 
 void VcdFileWidget::onIOUnitChanged()
 {
-    changeUnit(ioRate());
+    changeUnit(ioField());
 }
 
 void VcdFileWidget::onRemainUnitChanged()
 {
-    changeUnit(remainRate());
+    changeUnit(remainField());
 }
 
-void VcdFileWidget::changeUnit(const DefaultRate &rate)
+void VcdFileWidget::changeUnit(const RateField &field)
 {
-    if (rate.unit->currentIndex() == TOGGLE_RATE) {
-        // Before the limit, which would make 200 of a larger value.
-        if (rate.value->value() > MAX_TOGGLE_RATE)
-            rate.value->setValue(DEFAULT_TOGGLE_RATE);
-        rate.value->setMaximum(MAX_TOGGLE_RATE);
-    } else {
-        rate.value->setMaximum(MAX_SIGNAL_RATE);
-    }
+    const RateUnit unit = RateUnit(field.unit->currentIndex());
+    const double limit = rateRange(unit).maximum;
+    // Before the limit, which would make 200 of a larger value.
+    if (unit == RateUnit::Toggle && field.value->value() > limit)
+        field.value->setValue(DefaultRate().value);
+    field.value->setMaximum(limit);
     modified();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "config/configuration.h"
 #include "rates/vcdfilemodel.h"
 #include "tables/recordlist.h"
 #include "tables/tablepage.h"
@@ -48,22 +49,18 @@ signals:
     void vectorlessChanged(bool vectorless);
 
 private:
-    /// A default rate: its number, its unit, and the elements that hold it in either unit.
-    struct DefaultRate
+    /// The number and the unit of a default rate.
+    struct RateField
     {
         QDoubleSpinBox *value;
-        QComboBox *unit;
-        QString toggleNode;
-        QString signalNode;
+        QComboBox *unit; ///< its places are those of RateUnit
     };
-    DefaultRate ioRate() const;
-    DefaultRate remainRate() const;
-    static void readRate(const QDomElement &section, const DefaultRate &rate);
-    static void writeRate(QXmlStreamWriter *writer, const DefaultRate &rate);
-    void changeUnit(const DefaultRate &rate);
+    RateField ioField() const;
+    RateField remainField() const;
+    static void restore(const std::optional<DefaultRate> &rate, const RateField &field);
+    void changeUnit(const RateField &field);
 
-    void readFiles(const QDomElement &section);
-    void writeFile(QXmlStreamWriter *writer, const VLT_VcdFile &file) const;
+    DefaultRates defaultRates() const;
     QString designName() const;
 
     VLTView *const m_view; // for the dialog
