@@ -1,5 +1,6 @@
 #include "conditions/vltcommonwidget.h"
 
+#include "config/limits.h"
 #include "tables/document.h"
 #include "ui_vltcommonwidget.h"
 #include "widgets/wheelguard.h"
@@ -169,13 +170,8 @@ void VLTSettingWidget::onValueChanged()
 
 void VLTSettingWidget::updateJunctionTempRange()
 {
-    const QString grade = m_ui->comboGrade->currentText();
-    if (grade == QLatin1String("Commercial"))
-        m_ui->spinJunctionTemp->setRange(0, 85);
-    else if (grade == QLatin1String("Industrial"))
-        m_ui->spinJunctionTemp->setRange(-40, 100);
-    else
-        m_ui->spinJunctionTemp->setRange(-40, 125);
+    const Range range = junctionRange(m_ui->comboGrade->currentText());
+    m_ui->spinJunctionTemp->setRange(range.minimum, range.maximum);
 }
 
 void VLTSettingWidget::handleIEvent(const QUtil::IEvent *event)

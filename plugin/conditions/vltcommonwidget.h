@@ -17,6 +17,7 @@ class Voltage;
 
 namespace VLT {
 
+struct Conditions;
 class Document;
 class VLTView;
 
@@ -74,9 +75,10 @@ public slots:
 private:
     void connectFields();
     void setVoltageDefaults();
-    void writeVoltages(QXmlStreamWriter *writer) const;
-    void writeHeatSink(QXmlStreamWriter *writer) const;
-    void writeBoard(QXmlStreamWriter *writer) const;
+    /// What saving writes: without what another entry overrules.
+    Conditions conditions() const;
+    void addHeatSink(Conditions *conditions) const;
+    void addBoard(Conditions *conditions) const;
 
     Document *const m_document;
     const std::unique_ptr<Ui::VLTSettingWidget> m_ui;

@@ -2,163 +2,131 @@
 
 #include "conditions/vltcommonwidget.h"
 
-#include "config/filenames.h"
-#include "config/plainnumber.h"
+#include "config/sections.h"
 #include "ui_vltcommonwidget.h"
-
-#include <QDomElement>
-#include <QXmlStreamWriter>
-
-#include <functional>
 
 namespace VLT {
 
 namespace {
 
-const QLatin1String NOT_GIVEN("NA");
-
-void writeText(QXmlStreamWriter *writer, const QString &element, const QString &text)
+void restore(const std::optional<double> &value, QDoubleSpinBox *spinBox)
 {
-    writer->writeTextElement(element, text);
+    if (value)
+        spinBox->setValue(*value);
 }
 
-void writeNumber(QXmlStreamWriter *writer, const QString &element, const QDoubleSpinBox *spinBox)
+void restore(const std::optional<Theta> &theta, QDoubleSpinBox *spinBox)
 {
-    writeText(writer, element, numberText(spinBox->value()));
+    if (theta && theta->given)
+        spinBox->setValue(theta->value);
 }
 
-/// Hands the text of the first child called `element` to `use`; nothing when there is none.
-void readText(const QDomElement &root, const QString &element,
-              const std::function<void(const QString &)> &use)
+void restore(const std::optional<QString> &text, QComboBox *combo, Qt::MatchFlags match)
 {
-    const QDomElement child = root.firstChildElement(element);
-    if (!child.isNull())
-        use(child.text());
+    if (text)
+        combo->setCurrentIndex(qMax(0, combo->findText(*text, match)));
 }
 
-void readNumber(const QDomElement &root, const QString &element, QDoubleSpinBox *spinBox)
+void restore(const std::optional<QString> &text, const QButtonGroup *group)
 {
-    readText(root, element,
-             [spinBox](const QString &text) { spinBox->setValue(numberFromText(text)); });
-}
-
-void readGivenNumber(const QDomElement &root, const QString &element, QDoubleSpinBox *spinBox)
-{
-    readText(root, element, [spinBox](const QString &text) {
-        if (text != NOT_GIVEN)
-            spinBox->setValue(numberFromText(text));
-    });
-}
-
-void readChoice(const QDomElement &root, const QString &element, QComboBox *combo,
-                Qt::MatchFlags match)
-{
-    readText(root, element, [combo, match](const QString &text) {
-        combo->setCurrentIndex(qMax(0, combo->findText(text, match)));
-    });
-}
-
-void readChoice(const QDomElement &root, const QString &element, const QButtonGroup *group)
-{
-    readText(root, element, [group](const QString &text) {
-        const auto buttons = group->buttons();
-        for (QAbstractButton *button : buttons) {
-            if (button->text() == text) {
-                button->setChecked(true);
-                return;
-            }
+    const auto buttons = group->buttons();
+    for (QAbstractButton *button : buttons) {
+        if (text && button->text() == *text) {
+            button->setChecked(true);
+            return;
         }
-    });
+    }
 }
 
 } // namespace
 
+void VLTSettingWidget::writeData(QXmlStreamWriter *writer) const
+{
+    writeConditions(writer, conditions());
+}
+
 // Enabled means enabled within the page, shown means not hidden by it: neither depends on whether
 // the page's tab is the open one.
 
-void VLTSettingWidget::writeData(QXmlStreamWriter *writer) const
+Conditions VLTSettingWidget::conditions() const
 {
     const auto checkedAndEnabled = [this](const QAbstractButton *button) {
         return button->isChecked() && button->isEnabledTo(this);
     };
-    writeText(writer, NODE_TEMP_GRADE, m_ui->comboGrade->currentText());
-    writeText(writer, NODE_PROCESS, m_ui->comboProcess->currentText());
+    const auto shown = [](const QDoubleSpinBox *spinBox) {
+        return spinBox->isHidden() ? std::nullopt : std::make_optional(spinBox->value());
+    };
+    Conditions conditions;
+    conditions.tempGrade = m_ui->comboGrade->currentText();
+    conditions.process = m_ui->comboProcess->currentText();
     if (checkedAndEnabled(m_ui->checkBoxJunctionTemp))
-        writeNumber(writer, NODE_JUNCTION_TEMP, m_ui->spinJunctionTemp);
+        conditions.junctionTemp = m_ui->spinJunctionTemp->value();
     if (m_ui->spinAmbTemp->isEnabledTo(this))
-        writeNumber(writer, NODE_AMBIENT_TEMP, m_ui->spinAmbTemp);
-    writeVoltages(writer);
+        conditions.ambientTemp = m_ui->spinAmbTemp->value();
+    conditions.vcc = shown(m_ui->doubleSpinVCC);
+    conditions.vccx = shown(m_ui->doubleSpinVCCX);
+    conditions.vccLdo = shown(m_ui->doubleSpinVCCLDO);
     if (checkedAndEnabled(m_ui->checkJA))
-        writeNumber(writer, NODE_CUSTOM_THETA_JA, m_ui->lineEditJA);
-    writeHeatSink(writer);
-    writeBoard(writer);
+        conditions.thetaJA = Theta{true, m_ui->lineEditJA->value()};
+    addHeatSink(&conditions);
+    addBoard(&conditions);
+    return conditions;
 }
 
-void VLTSettingWidget::writeVoltages(QXmlStreamWriter *writer) const
-{
-    if (!m_ui->doubleSpinVCC->isHidden())
-        writeNumber(writer, NODE_VCC, m_ui->doubleSpinVCC);
-    if (!m_ui->doubleSpinVCCX->isHidden())
-        writeNumber(writer, NODE_VCCX, m_ui->doubleSpinVCCX);
-    if (!m_ui->doubleSpinVCCLDO->isHidden())
-        writeNumber(writer, NODE_VCC_LDO, m_ui->doubleSpinVCCLDO);
-}
-
-void VLTSettingWidget::writeHeatSink(QXmlStreamWriter *writer) const
+void VLTSettingWidget::addHeatSink(Conditions *conditions) const
 {
     const QAbstractButton *sink = m_ui->buttonGroupHeat->checkedButton();
     if (sink && sink->isEnabledTo(this))
-        writeText(writer, NODE_HEAT_SINK, sink->text());
+        conditions->heatSink = sink->text();
 
     const bool customEnabled = m_ui->radioHeatCumstom->isEnabledTo(this);
     if (m_ui->radioHeatNone->isChecked() && m_ui->radioHeatNone->isEnabledTo(this)) {
-        writeText(writer, NODE_AIR_FLOW, m_ui->comboAirFlow->currentText());
+        conditions->airFlow = m_ui->comboAirFlow->currentText();
     } else if (m_ui->radioHeatCumstom->isChecked()) {
         if (customEnabled)
-            writeNumber(writer, NODE_CUSTOM_THETA_SA, m_ui->lineEditSA);
+            conditions->thetaSA = Theta{true, m_ui->lineEditSA->value()};
     } else if (customEnabled) {
-        writeText(writer, NODE_AIR_FLOW, m_ui->comboAirFlow->currentText());
+        conditions->airFlow = m_ui->comboAirFlow->currentText();
     }
 }
 
-void VLTSettingWidget::writeBoard(QXmlStreamWriter *writer) const
+void VLTSettingWidget::addBoard(Conditions *conditions) const
 {
     const QAbstractButton *model = m_ui->buttonGroupBoard->checkedButton();
     if (!model || !model->isEnabledTo(this))
         return;
-    writeText(writer, NODE_BOARD_THERMAL_MODEL, model->text());
+    conditions->boardThermalModel = model->text();
     if (model == m_ui->radioBoardCustom)
-        writeNumber(writer, NODE_CUSTOM_THETA_JB, m_ui->lineEditJB);
+        conditions->thetaJB = Theta{true, m_ui->lineEditJB->value()};
     if (model != m_ui->radioBoardNone)
-        writeNumber(writer, NODE_BOARD_TEMP, m_ui->spinBoardTemp);
+        conditions->boardTemp = m_ui->spinBoardTemp->value();
 }
 
 void VLTSettingWidget::readData(QDomElement *root)
 {
-    readChoice(*root, NODE_TEMP_GRADE, m_ui->comboGrade, Qt::MatchFixedString);
-    readChoice(*root, NODE_PROCESS, m_ui->comboProcess, Qt::MatchFixedString);
+    const Conditions conditions = readConditions(*root);
+    restore(conditions.tempGrade, m_ui->comboGrade, Qt::MatchFixedString);
+    restore(conditions.process, m_ui->comboProcess, Qt::MatchFixedString);
 
-    m_ui->checkBoxJunctionTemp->setChecked(!root->firstChildElement(NODE_JUNCTION_TEMP).isNull());
-    readNumber(*root, NODE_JUNCTION_TEMP, m_ui->spinJunctionTemp);
-    readNumber(*root, NODE_AMBIENT_TEMP, m_ui->spinAmbTemp);
-    readNumber(*root, NODE_BOARD_TEMP, m_ui->spinBoardTemp);
-    readChoice(*root, NODE_AIR_FLOW, m_ui->comboAirFlow, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    readChoice(*root, NODE_HEAT_SINK, m_ui->buttonGroupHeat);
-    readChoice(*root, NODE_BOARD_THERMAL_MODEL, m_ui->buttonGroupBoard);
+    m_ui->checkBoxJunctionTemp->setChecked(conditions.junctionTemp.has_value());
+    restore(conditions.junctionTemp, m_ui->spinJunctionTemp);
+    restore(conditions.ambientTemp, m_ui->spinAmbTemp);
+    restore(conditions.boardTemp, m_ui->spinBoardTemp);
+    restore(conditions.airFlow, m_ui->comboAirFlow, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    restore(conditions.heatSink, m_ui->buttonGroupHeat);
+    restore(conditions.boardThermalModel, m_ui->buttonGroupBoard);
 
-    readText(*root, NODE_CUSTOM_THETA_JA, [this](const QString &text) {
-        const bool given = text != NOT_GIVEN;
-        m_ui->checkJA->setChecked(given);
-        m_ui->lineEditJA->setEnabled(given);
-        if (given)
-            m_ui->lineEditJA->setValue(numberFromText(text));
-    });
-    readGivenNumber(*root, NODE_CUSTOM_THETA_SA, m_ui->lineEditSA);
-    readGivenNumber(*root, NODE_CUSTOM_THETA_JB, m_ui->lineEditJB);
+    if (conditions.thetaJA) {
+        m_ui->checkJA->setChecked(conditions.thetaJA->given);
+        m_ui->lineEditJA->setEnabled(conditions.thetaJA->given);
+        restore(conditions.thetaJA, m_ui->lineEditJA);
+    }
+    restore(conditions.thetaSA, m_ui->lineEditSA);
+    restore(conditions.thetaJB, m_ui->lineEditJB);
 
-    readNumber(*root, NODE_VCC, m_ui->doubleSpinVCC);
-    readNumber(*root, NODE_VCCX, m_ui->doubleSpinVCCX);
-    readNumber(*root, NODE_VCC_LDO, m_ui->doubleSpinVCCLDO);
+    restore(conditions.vcc, m_ui->doubleSpinVCC);
+    restore(conditions.vccx, m_ui->doubleSpinVCCX);
+    restore(conditions.vccLdo, m_ui->doubleSpinVCCLDO);
 
     onChangeThetaEnable();
     onJunctionTempChanged();
