@@ -66,6 +66,9 @@ VLTView::VLTView(DEV::DeviceArg device, NlsData::Netlist *netlist)
 
 VLTView::~VLTView()
 {
+    // The tables drop their editors while they are destroyed, after the view itself.
+    for (const auto *delegate : findChildren<DoubleEditorDelegate *>())
+        delegate->disconnect(this);
     m_netlist.reset();
     QUtil::EventManager::instance()->unsubscribe(this, processStatusEvent());
 }

@@ -132,7 +132,9 @@ bool DoubleEditorDelegate::eventFilter(QObject *object, QEvent *event)
         if (const QLineEdit *line = lineOf(editor))
             connect(line, &QLineEdit::textChanged, this, &DoubleEditorDelegate::pendingEditChanged);
     }
-    if (event->type() == QEvent::KeyPress) {
+    const bool isPressed = event->type() == QEvent::KeyPress;
+    // A table may keep the key itself for a command of its own, but not its announcement.
+    if (isPressed || event->type() == QEvent::ShortcutOverride) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (isEnter(key) || key == Qt::Key_Tab || key == Qt::Key_Backtab)
             m_isConfirmed = true;
@@ -140,7 +142,7 @@ bool DoubleEditorDelegate::eventFilter(QObject *object, QEvent *event)
         // The spin box answers Enter on a text that is no number by restoring its value before the
         // delegate could commit, so that an emptied cell would be cleared by leaving it but not by
         // Enter.
-        if (spinBox && isEnter(key) &&
+        if (spinBox && isPressed && isEnter(key) &&
             CellEditor::contentOf(*spinBox) != CellEditor::Content::Number) {
             emit commitData(editor);
             emit closeEditor(editor, SubmitModelCache);

@@ -244,15 +244,19 @@ void TestActivityPages::defaultsAreConfirmedByKey()
     QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
     read(name, section);
     QTableView *view = table(page(name));
-    for (const int key : {0, int(Qt::Key_Return), int(Qt::Key_Tab)}) {
+    for (const int key :
+         {0, int(Qt::Key_Return), int(Qt::Key_Tab), int(Qt::CTRL) + Qt::Key_Return}) {
         for (const int row : {0, 1}) {
             view->model()->setData(cell(page(name), 0, 1), -1);
             m_view->setModified(false);
+            view->clearSelection();
             view->setCurrentIndex(cell(page(name), row, 1));
             QTest::keyClick(view, Qt::Key_F2);
             auto *editor = view->findChild<QDoubleSpinBox *>();
             QCOMPARE(editor->text(), QLatin1String(row == 0 ? "100.00" : "33.33"));
-            key ? QTest::keyClick(editor, Qt::Key(key)) : view->setFocus();
+            if (key != 0)
+                QTest::keyClick(editor, Qt::Key(key & ~Qt::CTRL),
+                                Qt::KeyboardModifiers(key & Qt::CTRL));
             QCoreApplication::processEvents();
             view->setFocus(); // Tab opens the next editor
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
