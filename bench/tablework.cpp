@@ -7,6 +7,7 @@
 #include "activity/dffsetwidget.h"
 #include "document/vltview.h"
 #include "nlsdata/netlistreader.h"
+#include "rates/ratemodel.h"
 #include "support/modaldriver.h"
 #include "support/testhost.h"
 
@@ -23,6 +24,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <vector>
 
 using namespace VLT;
 
@@ -129,6 +131,32 @@ private:
     QList<VLT_Dff *> m_records;
 };
 
+void rateSortWork(Suite &suite)
+{
+    const int count = suite.scaled(1000000);
+    std::vector<VLT_Rate> owned(static_cast<size_t>(count));
+    QList<VLT_Rate *> rates;
+    for (int i = 0; i < count; ++i) {
+        owned[size_t(i)].value = QString::number(i * qint64(7919) % 20000 / 100.0, 'f', 2);
+        rates.append(&owned[size_t(i)]);
+    }
+    suite.compare(
+        QStringLiteral("sort %1 rates by value").arg(count),
+        [&rates] {
+            QList<VLT_Rate *> list = rates;
+            list.detach();
+            return seconds(
+                [&] { std::stable_sort(list.begin(), list.end(), RateModel::lessThanByRate); });
+        },
+        [&rates] {
+            QList<VLT_Rate *> list = rates;
+            list.detach();
+            RateModel model(list, nullptr);
+            return seconds([&] { model.sort(1, Qt::AscendingOrder); });
+        },
+        0.8);
+}
+
 void sortWork(Suite &suite, const TestHost &host)
 {
     const int count = suite.scaled(1000000);
@@ -206,4 +234,5 @@ void tableWork(Suite &suite)
     suite.growth(QStringLiteral("growth: remove every second row"), most / 4,
                  [&](int factor) { return remove(factor * (most / 4)); });
     sortWork(suite, host);
+    rateSortWork(suite);
 }
