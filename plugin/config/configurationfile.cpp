@@ -17,10 +17,17 @@ void explainRefusal(const QByteArray &bytes, ReadReport *report)
 {
     QXmlStreamReader reader(bytes);
     reader.setNamespaceProcessing(false);
+    reader.setEntityExpansionLimit(0);
     QString docType;
     while (!reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::DTD)
-            docType = reader.dtdName().toString();
+        if (reader.readNext() != QXmlStreamReader::DTD)
+            continue;
+        docType = reader.dtdName().toString();
+        if (!reader.entityDeclarations().isEmpty()) {
+            report->error = QStringLiteral("the document type declares entities");
+            report->errorLine = int(reader.lineNumber());
+            return;
+        }
     }
     if (docType != DOCTYPE_NAME && !(reader.hasError() && docType.isEmpty())) {
         report->error = QStringLiteral("the document type is not %1").arg(DOCTYPE_NAME);

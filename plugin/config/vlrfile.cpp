@@ -2,7 +2,7 @@
 
 #include "config/filenames.h"
 
-#include <QFileDevice>
+#include <QIODevice>
 #include <QTextCodec>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
@@ -103,6 +103,8 @@ VlrContent inspectFile(const QByteArray &bytes)
 {
     QXmlStreamReader reader(bytes);
     reader.setNamespaceProcessing(false);
+    // References inside of the declarations are expanded before those can be looked at.
+    reader.setEntityExpansionLimit(0);
     QString docType;
     bool hasRoot = false;
     bool probed = false;
@@ -110,6 +112,9 @@ VlrContent inspectFile(const QByteArray &bytes)
     while (!reader.atEnd()) {
         switch (reader.readNext()) {
         case QXmlStreamReader::DTD:
+            // A few kilobytes of references to entities can expand to gigabytes.
+            if (!reader.entityDeclarations().isEmpty())
+                return VlrContent::Invalid;
             docType = reader.dtdName().toString();
             break;
         case QXmlStreamReader::StartElement:
@@ -161,14 +166,6 @@ QByteArray emptyFile()
     QXmlStreamWriter writer(&bytes);
     writeEnvelope(&writer, [](QXmlStreamWriter *) {});
     return bytes;
-}
-
-bool writeWhole(QIODevice *device, const QByteArray &bytes)
-{
-    const bool written = device->write(bytes) == bytes.size();
-    auto *file = qobject_cast<QFileDevice *>(device);
-    const bool flushed = !file || file->flush();
-    return written && flushed && (!file || file->error() == QFileDevice::NoError);
 }
 
 } // namespace VLT

@@ -5,20 +5,20 @@
 
 #include <functional>
 
-class QIODevice;
 class QXmlStreamWriter;
 
 namespace VLT {
 
 /// What the bytes of a file turn out to be.
 enum class VlrContent {
-    Invalid, ///< not well formed, nested too deep, or of another document type
+    Invalid, ///< not well formed, nested too deep, with entities, or of another document type
     NoRoot,  ///< the declarations alone, with nothing but white space, comments and instructions
     Document ///< a root element that can be handed to the DOM
 };
 
-/// Looks the file through before a DOM is built of it: the DOM parser keeps half a tree of a file
-/// that was cut short, and freeing a very deep one overflows the stack.
+/// Looks the file through before a DOM is built of it: freeing a very deep tree overflows the
+/// stack, and entities may expand to any size. The DOM parser may still refuse a name that this
+/// accepts.
 VlrContent inspectFile(const QByteArray &bytes);
 
 /// Composes a file: the envelope with what `writeSections` writes into its root element. False
@@ -28,9 +28,5 @@ bool composeFile(const std::function<void(QXmlStreamWriter *)> &writeSections, Q
 
 /// A new file: the envelope with an empty root element.
 QByteArray emptyFile();
-
-/// Writes all of `bytes` through to the open `device`. False when a part of it failed; the device's
-/// errorString() tells why until it is closed.
-bool writeWhole(QIODevice *device, const QByteArray &bytes);
 
 } // namespace VLT

@@ -3,6 +3,7 @@
 #include "document/vltview.h"
 
 #include "conditions/vltcommonwidget.h"
+#include "config/safewrite.h"
 #include "config/vlrfile.h"
 #include "document/vltenablesetwidget.h"
 #include "document/vltratewidget.h"
@@ -40,13 +41,13 @@ bool VLTView::readCfgFile(const QString &path)
         return true;
     }
     QDomDocument document;
-    document.setContent(bytes);
+    // What the parser refuses it leaves as half a tree, which the next save would make the file.
+    if (!document.setContent(bytes))
+        return false;
     // Not kept any longer than needed; freed after the tree, a large text would make the allocator
     // sweep all of the tree's nodes before the view can show.
     bytes.clear();
     QDomElement root = document.documentElement();
-    if (root.isNull())
-        return false;
     m_settingPage->readData(&root);
     m_ratePage->readData(&root);
     m_enablePage->readData(&root);
@@ -99,16 +100,23 @@ bool VLTView::composeText(QByteArray *bytes)
 
 bool VLTView::writeText(const QByteArray &bytes)
 {
-    QFile file(m_file);
-    QString problem;
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text))
-        problem = tr("Cannot open the config file '%1'!");
-    else if (!writeWhole(&file, bytes))
-        problem = tr("Cannot write the config file '%1'!");
-    if (problem.isEmpty())
+    const WriteResult result = [&] {
+        const WaitCursor wait;
+        return replaceFile(m_file, bytes);
+    }();
+    if (result.isWritten())
         return true;
-    showMessage(QMessageBox::Warning, this, tr("Warning"),
-                problem.arg(QDir::toNativeSeparators(m_file)));
+    const QString problem = result.outcome == WriteResult::CannotOpen
+                                ? tr("Cannot open the config file '%1'!")
+                                : tr("Cannot write the config file '%1'!");
+    QString state = tr("The file is as it was.");
+    if (result.outcome == WriteResult::CannotRestore)
+        state = tr("Its old contents could not be put back either: the file is damaged. Keep this "
+                   "view open, remove the cause and save again.");
+    QMessageBox *box = newMessage(QMessageBox::Warning, this, tr("Warning"),
+                                  problem.arg(QDir::toNativeSeparators(m_file)));
+    setDetail(box, result.cause + QLatin1Char('\n') + state);
+    runMessage(box);
     return false;
 }
 

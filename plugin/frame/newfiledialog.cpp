@@ -1,5 +1,6 @@
 #include "frame/newfiledialog.h"
 
+#include "config/safewrite.h"
 #include "config/vlrfile.h"
 #include "ui_newfiledialog.h"
 #include "widgets/plainmessage.h"
@@ -8,7 +9,6 @@
 #include "core/projectmanager.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -76,16 +76,12 @@ QString NewFileDialog::problem(const QString &target) const
 
 bool NewFileDialog::createFile(const QString &target)
 {
-    QFile file(target);
-    const bool opened = file.open(QIODevice::WriteOnly);
-    if (opened && writeWhole(&file, emptyFile()))
+    const WriteResult result = VLT::createFile(target, emptyFile());
+    if (result.isWritten())
         return true;
-    const QString reason = file.errorString();
-    if (opened)
-        file.remove(); // half a file is none, and would stand in the way of the next attempt
-    showMessage(
-        QMessageBox::Critical, this, QStringLiteral("Error"),
-        QStringLiteral("Can not create file %1\n%2").arg(QDir::toNativeSeparators(target), reason));
+    showMessage(QMessageBox::Critical, this, QStringLiteral("Error"),
+                QStringLiteral("Can not create file %1\n%2")
+                    .arg(QDir::toNativeSeparators(target), result.cause));
     return false;
 }
 

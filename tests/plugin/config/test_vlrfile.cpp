@@ -3,6 +3,8 @@
 #include <QXmlStreamWriter>
 #include <QtTest>
 
+#include <sys/resource.h>
+
 using VLT::VlrContent;
 
 Q_DECLARE_METATYPE(VLT::VlrContent)
@@ -14,6 +16,8 @@ class TestVlrFile : public QObject
 private slots:
     void contentIsRecognised_data();
     void contentIsRecognised();
+    void entitiesAreNotExpanded_data();
+    void entitiesAreNotExpanded();
     void envelopeIsWritten();
     void forbiddenTextIsNamed();
 };
@@ -47,6 +51,14 @@ void TestVlrFile::contentIsRecognised_data()
     add("other case", "<!DOCTYPE tavro_power_analysis_config><Config/>", VlrContent::Invalid);
     add("no document type", "<Config/>", VlrContent::Invalid);
     add("nothing", "", VlrContent::Invalid);
+    const auto declared = [](const QByteArray &declarations, const QByteArray &rest) {
+        return "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG [" + declarations + "]>" + rest;
+    };
+    add("declared element", declared("<!ELEMENT Config ANY>", "<Config a='&lt;&#65;'/>"),
+        VlrContent::Document);
+    add("entity", declared("<!ENTITY e 'x'>", "<Config/>"), VlrContent::Invalid);
+    add("parameter entity", declared("<!ENTITY % e ''>", ""), VlrContent::Invalid);
+    add("external entity", declared("<!ENTITY e SYSTEM 'e'>", "<Config/>"), VlrContent::Invalid);
     add("not XML", QByteArray("\x7f\x45\x4c\x46\0\0", 6), VlrContent::Invalid);
 }
 
@@ -54,6 +66,33 @@ void TestVlrFile::contentIsRecognised()
 {
     QFETCH(QByteArray, bytes);
     QTEST(VLT::inspectFile(bytes), "content");
+}
+
+void TestVlrFile::entitiesAreNotExpanded_data()
+{
+    QTest::addColumn<QByteArray>("declarations");
+    QTest::addColumn<QByteArray>("content");
+    const QByteArray text = "<!ENTITY e '" + QByteArray(4000, 'x') + "'>";
+    const QByteArray uses = QByteArray("&e;").repeated(20000);
+    QTest::newRow("content") << text << uses;
+    QTest::newRow("default value")
+        << text + "<!ATTLIST Config a CDATA '" + uses + "'>" << QByteArray();
+}
+
+void TestVlrFile::entitiesAreNotExpanded()
+{
+    QFETCH(QByteArray, declarations);
+    QFETCH(QByteArray, content);
+    const auto peak = [] {
+        rusage usage = {};
+        getrusage(RUSAGE_SELF, &usage);
+        return usage.ru_maxrss / 1024; // MiB
+    };
+    const QByteArray bytes = "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG [" + declarations +
+                             "]><Config>" + content + "</Config>";
+    const long before = peak();
+    QCOMPARE(VLT::inspectFile(bytes), VlrContent::Invalid);
+    QVERIFY2(peak() - before < 50, qPrintable(QString::number(peak() - before)));
 }
 
 void TestVlrFile::envelopeIsWritten()

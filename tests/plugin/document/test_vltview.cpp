@@ -40,6 +40,8 @@ private slots:
     void closeQuestion();
     void viewMayGoWhileItAsks();
     void deviceWithoutVoltages();
+    void halfAFileDoesNotOpen_data();
+    void halfAFileDoesNotOpen();
     void failedSaveKeepsTheChanges();
     void openEditorIsSaved();
     void savedFileIsValidAndStable();
@@ -223,6 +225,25 @@ void TestVLTView::deviceWithoutVoltages()
     }
 }
 
+void TestVLTView::halfAFileDoesNotOpen_data()
+{
+    QTest::addColumn<QByteArray>("inTag");
+    QTest::newRow("no-break space") << QByteArray("\xc2\xa0");
+    QTest::newRow("zero-width space") << QByteArray("\xe2\x80\x8b");
+    QTest::newRow("byte order mark") << QByteArray("\xef\xbb\xbf");
+}
+
+void TestVLTView::halfAFileDoesNotOpen()
+{
+    QFETCH(QByteArray, inTag);
+    const QByteArray bytes = "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG><Config><GlobalEnable " +
+                             inTag + "value='100'><Clock name='clk'/></GlobalEnable></Config>";
+    QCOMPARE(VLT::inspectFile(bytes), VLT::VlrContent::Document); // or it is no case of this test
+    VLTView view(m_host->device(), nullptr);
+    QVERIFY(view.getVoltageInfo());
+    QVERIFY(!view.readCfgFile(m_host->write(QStringLiteral("a.vlr"), bytes)));
+}
+
 void TestVLTView::failedSaveKeepsTheChanges()
 {
     VLTView *view = open();
@@ -233,8 +254,13 @@ void TestVLTView::failedSaveKeepsTheChanges()
     for (const auto &[target, verb] : cases) {
         QVERIFY(QFile::remove(view->file()));
         QVERIFY(QFile::link(QLatin1String(target), view->file()));
-        ModalDriver driver(pressButton(QMessageBox::Ok));
+        QString detail;
+        ModalDriver driver([&detail](QWidget *dialog) {
+            detail = qobject_cast<QMessageBox *>(dialog)->informativeText();
+            pressButton(QMessageBox::Ok)(dialog);
+        });
         QVERIFY(!view->save());
+        QVERIFY(detail.contains(QLatin1String("The file is as it was.")));
         QCOMPARE(driver.title(), QStringLiteral("Warning"));
         QCOMPARE(driver.text(), QStringLiteral("Cannot %1 the config file '%2'!")
                                     .arg(QLatin1String(verb), view->file()));

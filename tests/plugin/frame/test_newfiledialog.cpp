@@ -1,3 +1,4 @@
+#include "config/vlrfile.h"
 #include "frame/newfiledialog.h"
 #include "frame/vlxwizardfactory.h"
 #include "support/modaldriver.h"
@@ -9,12 +10,16 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include <csignal>
+#include <sys/resource.h>
+
 class TestNewFileDialog : public QObject
 {
     Q_OBJECT
 
 private slots:
     void refusesInTheLabel();
+    void leavesNoFragment();
     void createsTheFileInANewFolder();
 };
 
@@ -63,6 +68,27 @@ void TestNewFileDialog::refusesInTheLabel()
     });
     VLT::VLXWizardFactory().runWizard(nullptr, host.path(QStringLiteral("sub")));
     QCOMPARE(host.read(QStringLiteral("sub/taken.vlr")), QByteArray("x"));
+}
+
+void TestNewFileDialog::leavesNoFragment()
+{
+    TestHost host;
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before = {};
+    getrlimit(RLIMIT_FSIZE, &before);
+    ModalDriver driver([&](QWidget *dialog) {
+        fill(dialog, "editName", QStringLiteral("a"));
+        const rlimit tooSmall = {10, before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &tooSmall); // as on a full disk
+        ModalDriver box(pressButton(QMessageBox::Ok));
+        pressOk(dialog);
+        setrlimit(RLIMIT_FSIZE, &before);
+        QCOMPARE(box.title(), QStringLiteral("Error"));
+        QVERIFY(!QFile::exists(host.path(QStringLiteral("a.vlr"))));
+        QCOMPARE(pressOk(dialog), QString());
+    });
+    VLT::VLXWizardFactory().runWizard(nullptr, host.path(QString()));
+    QCOMPARE(host.read(QStringLiteral("a.vlr")), VLT::emptyFile());
 }
 
 void TestNewFileDialog::createsTheFileInANewFolder()
