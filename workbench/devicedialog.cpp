@@ -18,9 +18,12 @@ namespace {
 
 constexpr int IdRole = Qt::UserRole;
 
+/// Asks as configurations do: another entry may have the data of the same part and package.
 bool hasSupplyData(const DEV::Device &device)
 {
-    return !device.supplies.vcc.defaultValue.isEmpty();
+    return DEV::DeviceCatalogue::get()
+        ->supplies(device.arg.partName, device.arg.packageName)
+        .isKnown();
 }
 
 } // namespace

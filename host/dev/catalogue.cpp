@@ -31,6 +31,15 @@ bool isRange(const Supply &supply)
     return ok[0] && ok[1] && ok[2] && 0 <= min && min <= start && start <= max && max <= 50;
 }
 
+/// As numbers: "1.2" and "1.200" are the same.
+bool isSameRange(const Supply &a, const Supply &b)
+{
+    const auto same = [](const QString &x, const QString &y) {
+        return x.toDouble() == y.toDouble();
+    };
+    return same(a.min, b.min) && same(a.max, b.max) && same(a.defaultValue, b.defaultValue);
+}
+
 bool readSupply(const QJsonObject &voltage, const QString &name, Supply *supply, QString *error)
 {
     const QJsonValue value = voltage[name];
@@ -71,12 +80,17 @@ bool readTies(const QJsonValue &value, SupplyData *supplies, QString *error)
         const auto *found = std::find_if(std::begin(known), std::end(known),
                                          [&text](const Tie &t) { return text == t.name; });
         if (found == std::end(known)) {
-            *error = tr("\"%1\" is no tie: \"vcc-vccx\", \"vccx-vccldo\" and \"vcc-vccldo\" are")
+            *error = tr("unknown tie \"%1\"; expected \"vcc-vccx\", \"vccx-vccldo\" or "
+                        "\"vcc-vccldo\"")
                          .arg(text);
             return false;
         }
         if (found->first->defaultValue.isEmpty() || found->second->defaultValue.isEmpty()) {
             *error = tr("the tie \"%1\" needs both of its supplies").arg(text);
+            return false;
+        }
+        if (!isSameRange(*found->first, *found->second)) {
+            *error = tr("the supplies of the tie \"%1\" need the same range and default").arg(text);
             return false;
         }
         *found->flag = true;

@@ -31,6 +31,9 @@ struct SupplyData
     bool vccVccx = false; ///< the two are one supply on this chip; likewise below
     bool vccxVccldo = false;
     bool vccVccldo = false;
+
+    /// Whether configurations can be opened for the chip: they need VCC.
+    bool isKnown() const { return !vcc.defaultValue.isEmpty(); }
 };
 
 struct Device
@@ -38,6 +41,7 @@ struct Device
     DeviceArg arg;
     QString series;
     SupplyData supplies;
+    int addition = 0; ///< grows with every entry read; a replacement is a new addition
 };
 
 /// The host's side of the device database: the catalogue that ships, and the user's additions.
@@ -52,7 +56,8 @@ public:
     const Device *find(const QString &id) const;
     ChipInfo chipInfo(const QString &id) const;
 
-    /// Supply data of a chip, by DEV::ChipInfo's device and package.
+    /// Supply data of a chip, by DEV::ChipInfo's device and package. Of several entries the newest
+    /// addition that has supply data counts.
     SupplyData supplies(const QString &device, const QString &package) const;
 
     /// Adds the devices of a catalogue file; a device of a known identifier replaces that one. On
@@ -70,6 +75,7 @@ private:
 
     DeviceDb *const m_dataBase;
     std::deque<Device> m_devices;
+    int m_additions = 0;
     QString m_userFileError;
 };
 

@@ -54,11 +54,13 @@ ChipInfo DeviceCatalogue::chipInfo(const QString &id) const
 
 SupplyData DeviceCatalogue::supplies(const QString &device, const QString &package) const
 {
-    // The latest addition counts.
-    const auto it = std::find_if(m_devices.crbegin(), m_devices.crend(), [&](const Device &known) {
-        return known.arg.partName == device && known.arg.packageName == package;
-    });
-    return it == m_devices.crend() ? SupplyData() : it->supplies;
+    const Device *best = nullptr;
+    for (const Device &known : m_devices) {
+        if (known.arg.partName == device && known.arg.packageName == package &&
+            known.supplies.isKnown() && (!best || best->addition < known.addition))
+            best = &known;
+    }
+    return best ? best->supplies : SupplyData();
 }
 
 bool DeviceCatalogue::addFile(const QString &path, QString *error)
@@ -77,7 +79,8 @@ bool DeviceCatalogue::addFile(const QString &path, QString *error)
                          .arg(QDir::toNativeSeparators(path), cause);
         return false;
     }
-    for (const Device &device : added) {
+    for (Device &device : added) {
+        device.addition = ++m_additions;
         const auto known =
             std::find_if(m_devices.begin(), m_devices.end(),
                          [&device](const Device &other) { return other.arg.id == device.arg.id; });

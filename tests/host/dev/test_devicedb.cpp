@@ -100,6 +100,21 @@ void TestDeviceDb::addsDevices()
     QCOMPARE(mine.getVCCMax(), QStringLiteral("1.10"));
     QCOMPARE(ZUM::Voltage(QStringLiteral("QF1-01"), QStringLiteral("QN48")).getVCCDefaultValue(),
              QString()); // replaced
+    // A replacement of a shipped device is newer than the other entries of its part and package,
+    // wherever it is; one without data leaves the chip to those that have it.
+    const auto defaultVcc = [&](const QByteArray &voltage) {
+        const QString file = host.write(QStringLiteral("own.json"),
+                                        R"({"devices": [{"id": "QF2-10-BG256",)"
+                                        R"("partName": "QF2-10","packageName": "BG256")" +
+                                            voltage + "}]}");
+        return db->addFile(file, &error)
+                   ? ZUM::Voltage(QStringLiteral("QF2-10"), QStringLiteral("BG256"))
+                         .getVCCDefaultValue()
+                   : error;
+    };
+    QCOMPARE(defaultVcc(R"(, "voltage": {"vcc": {"min": 1, "max": 2, "default": 1.5}})"),
+             QStringLiteral("1.5"));
+    QCOMPARE(defaultVcc(QByteArray()), QStringLiteral("1.000"));
     QCOMPARE(Core::IdeCore::deviceDataBase()->findByID(QStringLiteral("QF1-05-LQ144")), kept);
 }
 
@@ -114,6 +129,9 @@ void TestDeviceDb::tellsWhatIsWrong()
         {R"({"vcc": {"min": 1, "max": 2, "default": 2.1}})", "\"vcc\""},
         {R"({"vcc": {"min": 1, "max": 2, "default": 1}, "ties": ["vcc-gnd"]})", "vcc-gnd"},
         {R"({"vcc": {"min": 1, "max": 2, "default": 1}, "ties": ["vcc-vccx"]})", "both"},
+        {R"({"vcc": {"min": 1, "max": 2, "default": 1}, "vccx": {"min": 1, "max": 2, "default": 1.1},
+            "ties": ["vcc-vccx"]})",
+         "same range"},
     };
     for (const auto &[voltage, cause] : cases) {
         const QString path = host.write(QStringLiteral("bad.json"),
