@@ -98,27 +98,65 @@ bool readTies(const QJsonValue &value, SupplyData *supplies, QString *error)
     return true;
 }
 
-bool readDevice(const QJsonObject &object, Device *device, QString *error)
+bool readSupplies(const QJsonValue &value, SupplyData *supplies, QString *error)
 {
-    device->arg = {
-        object[QLatin1String("id")].toString(), object[QLatin1String("partName")].toString(),
-        object[QLatin1String("packageName")].toString(), object[QLatin1String("grade")].toString()};
-    device->series = object[QLatin1String("series")].toString();
-    if (device->arg.id.isEmpty() || device->arg.partName.isEmpty()) {
-        *error = tr("it needs an \"id\" and a \"partName\"");
-        return false;
-    }
-    const QJsonValue value = object[QLatin1String("voltage")];
     if (!value.isUndefined() && !value.isObject()) {
         *error = tr("\"voltage\" has to be an object");
         return false;
     }
     const QJsonObject voltage = value.toObject();
-    SupplyData &supplies = device->supplies;
-    return readSupply(voltage, QStringLiteral("vcc"), &supplies.vcc, error) &&
-           readSupply(voltage, QStringLiteral("vccx"), &supplies.vccx, error) &&
-           readSupply(voltage, QStringLiteral("vccldo"), &supplies.vccldo, error) &&
-           readTies(voltage[QLatin1String("ties")], &supplies, error);
+    return readSupply(voltage, QStringLiteral("vcc"), &supplies->vcc, error) &&
+           readSupply(voltage, QStringLiteral("vccx"), &supplies->vccx, error) &&
+           readSupply(voltage, QStringLiteral("vccldo"), &supplies->vccldo, error) &&
+           readTies(voltage[QLatin1String("ties")], supplies, error);
+}
+
+bool readDevice(const QJsonObject &object, std::vector<Device> *devices, QString *error)
+{
+    Device device;
+    device.arg = {
+        object[QLatin1String("id")].toString(), object[QLatin1String("partName")].toString(),
+        object[QLatin1String("packageName")].toString(), object[QLatin1String("grade")].toString()};
+    device.series = object[QLatin1String("series")].toString();
+    if (device.arg.id.isEmpty() || device.arg.partName.isEmpty()) {
+        *error = tr("it needs an \"id\" and a \"partName\"");
+        return false;
+    }
+    if (!readSupplies(object[QLatin1String("voltage")], &device.supplies, error))
+        return false;
+    devices->push_back(device);
+    return true;
+}
+
+/// A family is short for the devices PART-PACKAGE of all its parts, which share their supplies.
+bool readFamily(const QJsonObject &object, std::vector<Device> *devices, QString *error)
+{
+    Device device;
+    device.series = object[QLatin1String("series")].toString();
+    const QJsonObject parts = object[QLatin1String("parts")].toObject();
+    if (device.series.isEmpty() || parts.isEmpty()) {
+        *error = tr("it needs a \"series\" and \"parts\", an object of package lists by part");
+        return false;
+    }
+    if (!readSupplies(object[QLatin1String("voltage")], &device.supplies, error))
+        return false;
+    for (auto part = parts.begin(); part != parts.end(); ++part) {
+        const QJsonArray packages = part->toArray();
+        const bool named =
+            std::all_of(packages.begin(), packages.end(),
+                        [](const QJsonValue &name) { return !name.toString().isEmpty(); });
+        if (part.key().isEmpty() || packages.isEmpty() || !named) {
+            *error = tr("the part \"%1\" needs a list of package names").arg(part.key());
+            return false;
+        }
+        for (const QJsonValue &package : packages) {
+            device.arg.partName = part.key();
+            device.arg.packageName = package.toString();
+            device.arg.id = device.arg.partName + QLatin1Char('-') + device.arg.packageName;
+            devices->push_back(device);
+        }
+    }
+    return true;
 }
 
 } // namespace
@@ -132,21 +170,37 @@ bool parseCatalogue(const QByteArray &text, std::vector<Device> *devices, QStrin
                      .arg(QString::number(parseError.offset), parseError.errorString());
         return false;
     }
-    const QJsonValue list = document.object()[QLatin1String("devices")];
-    if (!list.isArray()) {
-        *error = tr("it has no list \"devices\".");
+    struct List
+    {
+        QLatin1String member;
+        QLatin1String name; // of an entry
+        bool (*read)(const QJsonObject &entry, std::vector<Device> *devices, QString *error);
+    };
+    const List lists[] = {
+        {QLatin1String("families"), QLatin1String("series"), readFamily},
+        {QLatin1String("devices"), QLatin1String("id"), readDevice},
+    };
+    const QJsonObject root = document.object();
+    if (!root.contains(lists[0].member) && !root.contains(lists[1].member)) {
+        *error = tr("it has neither a list \"devices\" nor a list \"families\".");
         return false;
     }
-    const QJsonArray entries = list.toArray();
-    for (int i = 0; i < entries.size(); ++i) {
-        Device device;
-        QString cause;
-        if (!readDevice(entries.at(i).toObject(), &device, &cause)) {
-            *error =
-                tr("device %1 (\"%2\"): %3.").arg(QString::number(i + 1), device.arg.id, cause);
+    for (const List &list : lists) {
+        if (root.contains(list.member) && !root[list.member].isArray()) {
+            *error = tr("\"%1\" has to be a list.").arg(list.member);
             return false;
         }
-        devices->push_back(device);
+        const QJsonArray entries = root[list.member].toArray();
+        for (int i = 0; i < entries.size(); ++i) {
+            const QJsonObject entry = entries.at(i).toObject();
+            QString cause;
+            if (list.read(entry, devices, &cause))
+                continue;
+            *error =
+                tr("entry %1 of \"%2\" (\"%3\"): %4.")
+                    .arg(QString::number(i + 1), list.member, entry[list.name].toString(), cause);
+            return false;
+        }
     }
     return true;
 }

@@ -21,6 +21,8 @@ class TestDeviceDb : public QObject
 private slots:
     void initTestCase();
     void coversEveryCaseOfSupplies();
+    void suppliesOfShippedFamilies_data();
+    void suppliesOfShippedFamilies();
     void answersForTheProjectsDevice();
     void addsDevices();
     void tellsWhatIsWrong();
@@ -67,6 +69,42 @@ void TestDeviceDb::coversEveryCaseOfSupplies()
     for (const char *expected : {"V X L", "V L", "V X", "V X L V=X", "V X L X=L", "V X L V=L",
                                  "V X L V=X X=L V=L", "", "listed tied", "listed free"})
         QVERIFY2(cases.contains(QString::fromLatin1(expected)), expected);
+}
+
+void TestDeviceDb::suppliesOfShippedFamilies_data()
+{
+    QTest::addColumn<QString>("series");
+    QTest::addColumn<QStringList>("vcc"); // minimum, maximum, default
+    QTest::addColumn<QStringList>("vccx");
+    const auto row = [](const char *id, const char *series, const char *vcc, const char *vccx) {
+        const auto list = [](const char *text) {
+            return QString::fromLatin1(text).split(QLatin1Char(' '));
+        };
+        QTest::newRow(id) << QString::fromLatin1(series) << list(vcc) << list(vccx);
+    };
+    const char *none = "  ";
+    row("iCE40HX8K-CT256", "iCE40 LP/HX", "1.140 1.260 1.200", none);
+    row("iCE40UP5K-SG48", "iCE40 UltraPlus", "1.140 1.260 1.200", none);
+    row("LFE5U-25F-CABGA256", "ECP5", "1.045 1.155 1.100", "2.375 2.625 2.500");
+    row("LFE5UM5G-85F-CABGA756", "ECP5-5G", "1.140 1.260 1.200", "2.375 2.625 2.500");
+    for (const auto &[id, series] :
+         {std::pair("XC7S50-CSGA324", "Spartan-7"), std::pair("XC7A35T-CPG236", "Artix-7"),
+          std::pair("XC7K325T-FFG900", "Kintex-7")})
+        row(id, series, "0.950 1.050 1.000", "1.710 1.890 1.800");
+}
+
+void TestDeviceDb::suppliesOfShippedFamilies()
+{
+    QFETCH(QString, series);
+    QFETCH(QStringList, vcc);
+    QFETCH(QStringList, vccx);
+    const ChipInfo chip =
+        DeviceCatalogue::get()->chipInfo(QString::fromLatin1(QTest::currentDataTag()));
+    QCOMPARE(chip.series, series);
+    const ZUM::Voltage v(chip.device, chip.package);
+    QCOMPARE(QStringList({v.getVCCMin(), v.getVCCMax(), v.getVCCDefaultValue()}), vcc);
+    QCOMPARE(QStringList({v.getVCCXMin(), v.getVCCXMax(), v.getVCCXDefaultValue()}), vccx);
+    QCOMPARE(v.getVCCLDODefaultValue(), QString());
 }
 
 void TestDeviceDb::answersForTheProjectsDevice()
@@ -141,10 +179,23 @@ void TestDeviceDb::tellsWhatIsWrong()
         QString error;
         QVERIFY2(!DeviceCatalogue::get()->addFile(path, &error), cause);
         QVERIFY2(error.contains(QLatin1String("bad.json")) &&
-                     error.contains(QLatin1String("device 2")) &&
+                     error.contains(QLatin1String("entry 2 of \"devices\" (\"i\")")) &&
                      error.contains(QLatin1String(cause)),
                  qPrintable(error));
         QCOMPARE(DeviceCatalogue::get()->devices().size(), count);
+    }
+    for (const auto &[family, cause] :
+         {std::pair(QByteArray(R"({"series": "s"})"), "parts"),
+          std::pair(QByteArray(R"({"series": "s", "parts": {"p": "P"}})"), "\"p\""),
+          std::pair(QByteArray(R"({"series": "s", "parts": {"p": ["P"]}, "voltage": []})"),
+                    "\"voltage\"")}) {
+        QString error;
+        const QString path =
+            host.write(QStringLiteral("bad.json"), R"({"families": [)" + family + "]}");
+        QVERIFY2(!DeviceCatalogue::get()->addFile(path, &error), cause);
+        QVERIFY2(error.contains(QLatin1String("entry 1 of \"families\" (\"s\")")) &&
+                     error.contains(QLatin1String(cause)),
+                 qPrintable(error));
     }
 }
 
