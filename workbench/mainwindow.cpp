@@ -11,6 +11,7 @@
 #include "host/core/viewarea.h"
 #include "host/dev/devicecatalogue.h"
 #include "host/extsys/pluginmanager.h"
+#include "host/nlsdata/celllibrary.h"
 #include "host/te/deviceselection.h"
 #include "host/te/flowcontrol.h"
 #include "host/utils/dialogs.h"
@@ -135,6 +136,9 @@ void MainWindow::takeUpPlugins()
     const QString catalogueError = DEV::DeviceCatalogue::get()->userFileError();
     if (!catalogueError.isEmpty())
         m_messages->fail(catalogueError);
+    const QStringList libraryProblems = NlsData::CellLibrary::userProblems();
+    for (const QString &problem : libraryProblems)
+        m_messages->fail(problem);
 }
 
 void MainWindow::open(const QString &path)

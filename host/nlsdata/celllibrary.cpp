@@ -1,11 +1,13 @@
 #include "celllibrary.h"
 
+#include <QCoreApplication>
 #include <QDebug>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <charconv>
@@ -72,6 +74,18 @@ bool isPattern(std::string_view name)
     return !name.empty() && name.back() == '*';
 }
 
+struct UserLibrary
+{
+    QStringList problems;
+    CellLibrary library{CellLibrary::userFolder(), &problems};
+};
+
+const UserLibrary &userLibrary()
+{
+    static const UserLibrary user;
+    return user;
+}
+
 } // namespace
 
 bool CellType::fits(const Value &value, const CellParameter *parameter)
@@ -114,16 +128,36 @@ bool CellType::isOutput(std::string_view port) const
     });
 }
 
-const CellLibrary &CellLibrary::embedded()
+const CellLibrary &CellLibrary::standard()
 {
     static const CellLibrary library = [] {
         QStringList problems;
         CellLibrary loaded(QStringLiteral(":/fpgaprj/cells"), &problems);
         for (const QString &problem : qAsConst(problems))
             qWarning().noquote() << problem;
+        loaded.add(userLibrary().library);
         return loaded;
     }();
     return library;
+}
+
+QString CellLibrary::userFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
+           QLatin1String("/cells");
+}
+
+QStringList CellLibrary::userProblems()
+{
+    return userLibrary().problems;
+}
+
+void CellLibrary::add(const CellLibrary &other)
+{
+    for (auto it = other.m_types.begin(); it != other.m_types.end(); ++it)
+        m_types.insert(it.key(), *it);
+    for (auto it = other.m_prefixes.begin(); it != other.m_prefixes.end(); ++it)
+        m_prefixes.insert(it.key(), *it);
 }
 
 CellLibrary::CellLibrary(const QString &folder, QStringList *problems)
@@ -137,7 +171,9 @@ CellLibrary::CellLibrary(const QString &folder, QStringList *problems)
 void CellLibrary::load(const QString &path, QStringList *problems)
 {
     const auto complain = [&](const QString &what) {
-        problems->append(QStringLiteral("%1: %2").arg(path, what));
+        problems->append(QCoreApplication::translate("NlsData::CellLibrary",
+                                                     "Cannot read the cell library %1: %2.")
+                             .arg(QDir::toNativeSeparators(path), what));
     };
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -145,9 +181,10 @@ void CellLibrary::load(const QString &path, QStringList *problems)
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
     if (error.error != QJsonParseError::NoError)
-        return complain(error.errorString());
+        return complain(QStringLiteral("not JSON (at byte %1: %2)")
+                            .arg(QString::number(error.offset), error.errorString()));
     if (!document.object().value(QLatin1String("cells")).isObject())
-        return complain(QStringLiteral("has no object 'cells'"));
+        return complain(QStringLiteral("it has no object 'cells'"));
 
     const QJsonObject cells = document.object().value(QLatin1String("cells")).toObject();
     for (auto it = cells.begin(); it != cells.end(); ++it) {
@@ -155,7 +192,8 @@ void CellLibrary::load(const QString &path, QStringList *problems)
         QByteArray name = it.key().toUtf8();
         const QString problem = parse(it.value().toObject(), &type);
         if (!problem.isEmpty()) {
-            complain(QStringLiteral("cell '%1': %2").arg(it.key(), problem));
+            complain(
+                QStringLiteral("cell '%1': %2; the other cells are used").arg(it.key(), problem));
             continue;
         }
         const bool pattern = name.endsWith('*');
@@ -163,7 +201,7 @@ void CellLibrary::load(const QString &path, QStringList *problems)
             name.chop(1);
         QHash<QByteArray, CellType> &types = pattern ? m_prefixes : m_types;
         if (types.contains(name))
-            complain(QStringLiteral("cell '%1' is there twice").arg(it.key()));
+            complain(QStringLiteral("cell '%1' is defined twice").arg(it.key()));
         else
             types.insert(name, type);
     }

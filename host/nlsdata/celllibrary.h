@@ -74,12 +74,23 @@ private:
 class HOST_EXPORT CellLibrary
 {
 public:
-    /// The libraries that the host carries, loaded at the first call. Callable from any thread.
-    static const CellLibrary &embedded();
+    /// The libraries that the host carries and the user's own, whose cell types replace the host's
+    /// of the same name. Loaded at the first call. Callable from any thread.
+    static const CellLibrary &standard();
+
+    /// The user's libraries are the files "*.json" of this folder, which need not exist.
+    static QString userFolder();
+
+    /// What is wrong with the user's libraries, one sentence per fault that names the file. Loads
+    /// them at the first call. Callable from any thread.
+    static QStringList userProblems();
 
     /// Loads every "*.json" of `folder`; what is wrong with a file is added to `problems` and the
     /// rest is loaded.
     CellLibrary(const QString &folder, QStringList *problems);
+
+    /// Adds the types of `other`, in place of those of the same name.
+    void add(const CellLibrary &other);
 
     /// The type of that name, exact or by its beginning; null when unknown. Owned by the library.
     const CellType *find(std::string_view type) const;

@@ -81,7 +81,7 @@ LoadedFile loadFile(const QString &path, const ReadOptions &options)
 
 std::unique_ptr<NetlistData> readText(std::string_view text, const ReadOptions &options)
 {
-    const CellLibrary &library = options.library ? *options.library : CellLibrary::embedded();
+    const CellLibrary &library = options.library ? *options.library : CellLibrary::standard();
     NetlistParser parser(library, options.control, options.allNames);
     RawNetlist raw = parser.parse(text);
     return elaborate(&raw, options.limits, options.control, options.allNames);

@@ -26,7 +26,7 @@ struct ElaborationLimits
 struct ReadOptions
 {
     ElaborationLimits limits;
-    const CellLibrary *library = nullptr; ///< borrowed; null: the embedded one
+    const CellLibrary *library = nullptr; ///< borrowed; null: CellLibrary::standard()
     ReadControl *control = nullptr;       ///< borrowed; null: nobody watches
     bool allNames = false;                ///< keep what NetNames asks for
     /// Borrowed; receives the SHA-256 of the bytes that were read, in hexadecimal, computed in a

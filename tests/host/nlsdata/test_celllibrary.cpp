@@ -1,5 +1,8 @@
 #include "host/nlsdata/celllibrary.h"
+#include "host/nlsdata/readnetlist.h"
+#include "nlsdata/netlist.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -15,6 +18,7 @@ private slots:
     void findsTypes();
     void choosesByParameter();
     void tellsProblems();
+    void addsTheUsersLibraries();
 
 private:
     QStringList load(const QByteArray &text);
@@ -114,6 +118,41 @@ void TestCellLibrary::tellsProblems()
              4);
     QCOMPARE(m_library->find("good")->codes({}).category, 7);
     QVERIFY(!m_library->find("A"));
+}
+
+/// A cell of the user's replaces the host's; what is wrong names its file, and the rest is used.
+void TestCellLibrary::addsTheUsersLibraries()
+{
+    QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", QFile::encodeName(home.path())); // before the one load
+    QVERIFY(QDir().mkpath(CellLibrary::userFolder()));
+    const QPair<QString, QByteArray> files[] = {
+        {QStringLiteral("own.json"),
+         R"({"cells": {"SB_DFF": {"category": 77}, "MINE*": {"category": 5},
+                                                   "BAD": {"category": "x"}}})"},
+        {QStringLiteral("broken.json"), "{"},
+    };
+    for (const auto &[name, text] : files) {
+        QFile file(CellLibrary::userFolder() + QLatin1Char('/') + name);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+    }
+    const CellLibrary &library = CellLibrary::standard();
+    QCOMPARE(library.find("SB_DFF")->codes({}).category, 77);
+    QCOMPARE(library.find("MINE_2")->codes({}).category, 5);
+    QCOMPARE(library.find("SB_DFFE")->codes({}).category, 50);
+    const QStringList problems = CellLibrary::userProblems();
+    QCOMPARE(problems.size(), 2);
+    QVERIFY2(problems.first().contains(QLatin1String("broken.json")), qPrintable(problems.first()));
+    QVERIFY2(problems.last().contains(QLatin1String("own.json")) &&
+                 problems.last().contains(QLatin1String("'BAD'")),
+             qPrintable(problems.last()));
+
+    QString error;
+    const QByteArray netlist = R"({"modules": {"top": {"cells": {"r": {"type": "MINE_RAM"}}}}})";
+    const auto read =
+        readNetlistText({netlist.constData(), size_t(netlist.size())}, QStringLiteral("n"), &error);
+    QVERIFY2(read, qPrintable(error));
+    QCOMPARE(read->instances().first()->category(), 5);
 }
 
 QTEST_GUILESS_MAIN(TestCellLibrary)
