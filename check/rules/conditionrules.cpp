@@ -99,8 +99,6 @@ void ConditionCheck::checkIgnored()
         ignore(environment, QStringLiteral("theta JA is given"));
         return;
     }
-    if (m_conditions.thetaJA)
-        ignore({NODE_CUSTOM_THETA_JA}, QStringLiteral("it is not given"));
     const QString none = QStringLiteral("None");
     const QString custom = QStringLiteral("Custom");
     const QString sink = m_conditions.heatSink.value_or(none);
