@@ -116,8 +116,12 @@ void VLTViewManagerPrivate::placeVLTView(VLTView *view)
 
 VLTView *VLTViewManagerPrivate::findView(const QString &absolutePath) const
 {
+    // Empty where no file exists. A link is the file that it leads to.
+    const QString canonical = QFileInfo(absolutePath).canonicalFilePath();
     for (VLTView *view : views) {
-        if (QFileInfo(view->file()).absoluteFilePath() == absolutePath)
+        const QFileInfo file(view->file());
+        if (file.absoluteFilePath() == absolutePath ||
+            (!canonical.isEmpty() && file.canonicalFilePath() == canonical))
             return view;
     }
     return nullptr;

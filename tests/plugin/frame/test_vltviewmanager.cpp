@@ -150,6 +150,9 @@ void TestVLTViewManager::oneFileIsOpenOnce()
     VLTViewManager::openView(m_host->device(), m_host->path(QStringLiteral("impl/../a.vlr")));
     VLTViewManager::openView(m_host->device(),
                              QDir().relativeFilePath(m_host->path(QStringLiteral("a.vlr"))));
+    const QString link = m_host->path(QStringLiteral("link.vlr"));
+    QVERIFY(QFile::link(first->file(), link));
+    VLTViewManager::openView(m_host->device(), link);
     QCOMPARE(VLTViewManager::vltViews().size(), 2);
     QCOMPARE(m_host->viewManager()->activeView(), first);
     QVERIFY(!first->isModified());
