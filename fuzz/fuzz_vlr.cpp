@@ -37,8 +37,7 @@ std::optional<QByteArray> reopened(const TestHost &host, const QByteArray &bytes
         view.findChild<VLT::VLTEnableSetWidget *>()->writeData(writer);
     };
     QByteArray saved;
-    QString offender;
-    if (!VLT::composeFile(writeSections, &saved, &offender))
+    if (!VLT::composeFile(writeSections, &saved))
         std::abort(); // what could be read can be written
     return saved;
 }

@@ -132,4 +132,9 @@ void BsramSetWidget::writeData(QXmlStreamWriter *writer) const
     writeBSRams(writer, defaults(), m_records.list());
 }
 
+void BsramSetWidget::collect(Configuration *configuration) const
+{
+    configuration->bsrams = {true, defaults(), m_records.values()};
+}
+
 } // namespace VLT

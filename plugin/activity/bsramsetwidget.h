@@ -4,9 +4,6 @@
 #include "config/records.h"
 #include "tables/recordmodel.h"
 
-class QDomElement;
-class QXmlStreamWriter;
-
 namespace VLT {
 
 namespace Ui {
@@ -36,7 +33,7 @@ public:
 
 /// Page of the block SRAMs, with defaults for those that it does not list; owner of the file's
 /// section "GlobalBsram".
-class BsramSetWidget : public RecordPage<BSRamModel>
+class BsramSetWidget : public RecordPage<BSRamModel, ActivityPage>
 {
     Q_OBJECT
 
@@ -44,8 +41,9 @@ public:
     BsramSetWidget(VLTView *view, QWidget *parent);
     ~BsramSetWidget() override;
 
-    void readData(QDomElement *parent);
-    void writeData(QXmlStreamWriter *writer) const;
+    void readData(QDomElement *parent) override;
+    void writeData(QXmlStreamWriter *writer) const override;
+    void collect(Configuration *configuration) const override;
 
 public slots:
     void onAdd();

@@ -81,4 +81,9 @@ void ClockEnableSetWidget::writeData(QXmlStreamWriter *writer) const
     writeClocks(writer, m_ui->spinGlobalEnable->value(), m_records.list());
 }
 
+void ClockEnableSetWidget::collect(Configuration *configuration) const
+{
+    configuration->clocks = {true, m_ui->spinGlobalEnable->value(), m_records.values()};
+}
+
 } // namespace VLT

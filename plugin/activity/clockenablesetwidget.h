@@ -4,9 +4,6 @@
 #include "config/records.h"
 #include "tables/recordmodel.h"
 
-class QDomElement;
-class QXmlStreamWriter;
-
 namespace VLT {
 
 namespace Ui {
@@ -33,7 +30,7 @@ public:
 };
 
 /// Page of the clocks, whose names the user types; owner of the file's section "GlobalEnable".
-class ClockEnableSetWidget : public RecordPage<ClkEnableModel>
+class ClockEnableSetWidget : public RecordPage<ClkEnableModel, ActivityPage>
 {
     Q_OBJECT
 
@@ -41,8 +38,9 @@ public:
     ClockEnableSetWidget(VLTView *view, QWidget *parent);
     ~ClockEnableSetWidget() override;
 
-    void readData(QDomElement *parent);
-    void writeData(QXmlStreamWriter *writer) const;
+    void readData(QDomElement *parent) override;
+    void writeData(QXmlStreamWriter *writer) const override;
+    void collect(Configuration *configuration) const override;
 
 public slots:
     /// Appends an unnamed clock, which reaches the file, and modifies the document, once named.

@@ -53,4 +53,9 @@ void DFFSetWidget::writeData(QXmlStreamWriter *writer) const
     writeDffs(writer, m_records.list());
 }
 
+void DFFSetWidget::collect(Configuration *configuration) const
+{
+    configuration->dffs = {true, m_records.values()};
+}
+
 } // namespace VLT

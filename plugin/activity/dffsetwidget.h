@@ -4,9 +4,6 @@
 #include "config/records.h"
 #include "tables/recordmodel.h"
 
-class QDomElement;
-class QXmlStreamWriter;
-
 namespace VLT {
 
 namespace Ui {
@@ -25,7 +22,7 @@ public:
 };
 
 /// Page of the flip-flops; owner of the file's section "LocalEnable".
-class DFFSetWidget : public RecordPage<DffModel>
+class DFFSetWidget : public RecordPage<DffModel, ActivityPage>
 {
     Q_OBJECT
 
@@ -33,8 +30,9 @@ public:
     DFFSetWidget(VLTView *view, QWidget *parent);
     ~DFFSetWidget() override;
 
-    void readData(QDomElement *parent);
-    void writeData(QXmlStreamWriter *writer) const;
+    void readData(QDomElement *parent) override;
+    void writeData(QXmlStreamWriter *writer) const override;
+    void collect(Configuration *configuration) const override;
 
 public slots:
     void onAdd();

@@ -1,5 +1,6 @@
 #include "activity/portsetwidget.h"
 
+#include "config/porttype.h"
 #include "ui_portsetwidget.h"
 
 #include "nlsdata/netlist.h"
@@ -18,6 +19,14 @@ bool canBeDisabled(const VLT_Port &port)
 bool isAlwaysEnabled(const VLT_Port &port)
 {
     return port.type == BufferedOutput;
+}
+
+/// The primitive that drives the port's net; 0 without one.
+int driverOf(const NlsData::Port *port)
+{
+    const NlsData::Net *net = port->net();
+    const NlsData::Instance *driver = net ? net->driver() : nullptr;
+    return driver ? driver->primitive() : 0;
 }
 
 } // namespace
@@ -53,7 +62,9 @@ void PortSetWidget::onAdd()
     find(NlsDataFinderDialog::FindOBuff, [this](const NlsDataFinderDialog &finder) {
         addRecords(
             finder.getBuff(), [](const NlsData::Port *port) { return port->path(); },
-            [this](VLT_Port &record, NlsData::Port *port) { record.type = typeOf(port); });
+            [](VLT_Port &record, const NlsData::Port *port) {
+                record.type = portType(port->direction(), driverOf(port));
+            });
     });
 }
 
@@ -64,24 +75,7 @@ void PortSetWidget::onShowContextMenu()
 
 bool PortSetWidget::isOBuff(NlsData::Port *port)
 {
-    const NlsData::Net *net = port->net();
-    const NlsData::Instance *driver = net ? net->driver() : nullptr;
-    if (!driver)
-        return false;
-    const int primitive = driver->primitive();
-    return primitive == 116 || primitive == 122 || primitive == 127;
-}
-
-PortType PortSetWidget::typeOf(NlsData::Port *port)
-{
-    switch (port->direction()) {
-    case 1:
-        return isOBuff(port) ? BufferedOutput : OtherOutput;
-    case 2:
-        return InOut;
-    default:
-        return OtherDirection;
-    }
+    return isOutputBuffer(driverOf(port));
 }
 
 void PortSetWidget::readData(QDomElement *parent)
@@ -93,6 +87,11 @@ void PortSetWidget::readData(QDomElement *parent)
 void PortSetWidget::writeData(QXmlStreamWriter *writer) const
 {
     writePorts(writer, m_records.list());
+}
+
+void PortSetWidget::collect(Configuration *configuration) const
+{
+    configuration->ports = {!m_records.list().isEmpty(), m_records.values()};
 }
 
 } // namespace VLT

@@ -4,9 +4,6 @@
 #include "config/records.h"
 #include "tables/recordmodel.h"
 
-class QDomElement;
-class QXmlStreamWriter;
-
 namespace NlsData {
 class Port;
 }
@@ -31,7 +28,7 @@ public:
 };
 
 /// Page of the output ports; owner of the file's section "PortOutEnable".
-class PortSetWidget : public RecordPage<PortModel>
+class PortSetWidget : public RecordPage<PortModel, ActivityPage>
 {
     Q_OBJECT
 
@@ -39,8 +36,9 @@ public:
     PortSetWidget(VLTView *view, QWidget *parent);
     ~PortSetWidget() override;
 
-    void readData(QDomElement *parent);
-    void writeData(QXmlStreamWriter *writer) const;
+    void readData(QDomElement *parent) override;
+    void writeData(QXmlStreamWriter *writer) const override;
+    void collect(Configuration *configuration) const override;
 
     /// Whether the port's net is driven by a plain output buffer.
     bool isOBuff(NlsData::Port *port);
@@ -50,8 +48,6 @@ public slots:
     void onShowContextMenu();
 
 private:
-    PortType typeOf(NlsData::Port *port);
-
     const std::unique_ptr<Ui::PortSetWidget> m_ui;
 };
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "tables/page.h"
+
 #include "dev/chipinfo.h"
 #include "dev/devicearg.h"
 #include "qutil/ieventhandler.h"
@@ -7,9 +9,6 @@
 #include <QWidget>
 
 #include <memory>
-
-class QDomElement;
-class QXmlStreamWriter;
 
 namespace ZUM {
 class Voltage;
@@ -28,7 +27,7 @@ class VLTSettingWidget;
 /// The operating conditions page: grade and process, thermal environment, supply voltages.
 /// Temperatures are in ℃, thermal resistances in ℃/W, voltages in V. The values live in the
 /// widgets alone.
-class VLTSettingWidget : public QWidget, public QUtil::IEventHandler
+class VLTSettingWidget : public QWidget, public QUtil::IEventHandler, public Page
 {
     Q_OBJECT
 
@@ -36,11 +35,12 @@ public:
     VLTSettingWidget(VLTView *view, QWidget *parent);
     ~VLTSettingWidget() override;
 
-    void readData(QDomElement *root);
-    void writeData(QXmlStreamWriter *writer) const;
+    void readData(QDomElement *root) override;
+    void writeData(QXmlStreamWriter *writer) const override;
+    void collect(Configuration *configuration) const override;
 
     /// The page never keeps the document from being saved.
-    bool checkData() { return true; }
+    bool checkData() override { return true; }
 
     /// Asks for the supply data of the current chip. False when the chip has none: the data of the
     /// chip before is then kept.
@@ -64,7 +64,7 @@ public:
     void handleIEvent(const QUtil::IEvent *event) override;
 
 public slots:
-    void modified();
+    void modified() override;
     void onChangeThetaEnable();
     void onHeatChanged();
     void onBoardTMChanged();

@@ -45,6 +45,11 @@ void VLTSettingWidget::writeData(QXmlStreamWriter *writer) const
     writeConditions(writer, conditions());
 }
 
+void VLTSettingWidget::collect(Configuration *configuration) const
+{
+    configuration->conditions = conditions();
+}
+
 // Enabled means enabled within the page, shown means not hidden by it: neither depends on whether
 // the page's tab is the open one.
 

@@ -87,22 +87,15 @@ void writeSections(QXmlStreamWriter *writer, const Configuration &c)
 Configuration readConfiguration(const QByteArray &bytes, ReadReport *report)
 {
     *report = ReadReport();
-    const VlrContent content = inspectFile(bytes);
-    if (content == VlrContent::Invalid) {
+    QDomDocument document;
+    report->content = parseFile(bytes, &document, &report->error, &report->errorLine);
+    if (!report->isRead() && report->error.isEmpty())
         explainRefusal(bytes, report);
+    if (report->content != VlrContent::Document)
         return {};
-    }
-    Configuration configuration;
-    if (content == VlrContent::Document) {
-        QDomDocument document;
-        if (!document.setContent(bytes, &report->error, &report->errorLine))
-            return {};
-        const QDomElement root = document.documentElement();
-        configuration = readSections(root, &report->lines);
-        report->remarks = remarksOn(root, &report->lines.elements);
-    }
-    report->content = content;
-    return configuration;
+    const QDomElement root = document.documentElement();
+    report->remarks = remarksOn(root, &report->lines.elements);
+    return readSections(root, &report->lines);
 }
 
 bool writeConfiguration(const Configuration &configuration, QByteArray *bytes, QString *offender)
@@ -110,7 +103,7 @@ bool writeConfiguration(const Configuration &configuration, QByteArray *bytes, Q
     const auto write = [&configuration](QXmlStreamWriter *writer) {
         writeSections(writer, configuration);
     };
-    if (composeFile(write, bytes, offender))
+    if (composeFile(write, bytes))
         return true;
     *offender = unwritableText(configuration).value_or(QString());
     return false;

@@ -82,6 +82,18 @@ struct VLT_Dff
     float value = -1.0F;
 };
 
+/// The name by which a record is looked up.
+template<class Record>
+const QString &nameOf(const Record &record)
+{
+    return record.name;
+}
+
+inline const QString &nameOf(const VLT_VcdFile &record)
+{
+    return record.file;
+}
+
 /// The fields of a record, for comparing.
 inline auto fields(const VLT_Rate &r)
 {

@@ -2,8 +2,8 @@
 
 #include "config/filenames.h"
 
+#include <QDomDocument>
 #include <QIODevice>
-#include <QTextCodec>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -37,52 +37,6 @@ protected:
 
 private:
     QByteArray *m_bytes;
-};
-
-/// Finds the text that made a writer fail. The writer passes every text on in one piece, after it
-/// has dropped forbidden characters and raised its error flag.
-class OffenderFinder : public QIODevice
-{
-public:
-    OffenderFinder()
-        : m_writer(this)
-    {
-        open(QIODevice::WriteOnly);
-        // UTF-16 lets half a surrogate pair through, which would stop an UTF-8 writer.
-        m_writer.setCodec("UTF-16LE");
-    }
-
-    QXmlStreamWriter *writer() { return &m_writer; }
-    QString offender() const { return m_offender; }
-
-protected:
-    qint64 readData(char *, qint64) override { return -1; }
-
-    qint64 writeData(const char *data, qint64 size) override
-    {
-        if (!m_found) {
-            const QString piece = QString::fromUtf16(reinterpret_cast<const char16_t *>(data),
-                                                     static_cast<int>(size / 2));
-            m_found = m_writer.hasError() || !piece.isValidUtf16();
-            if (m_found && !piece.startsWith(QLatin1Char('"')) &&
-                !piece.startsWith(QLatin1Char('<')))
-                m_offender = unescaped(piece);
-        }
-        return size;
-    }
-
-private:
-    static QString unescaped(QString text)
-    {
-        return text.replace(QLatin1String("&lt;"), QLatin1String("<"))
-            .replace(QLatin1String("&gt;"), QLatin1String(">"))
-            .replace(QLatin1String("&quot;"), QLatin1String("\""))
-            .replace(QLatin1String("&amp;"), QLatin1String("&"));
-    }
-
-    QXmlStreamWriter m_writer;
-    QString m_offender;
-    bool m_found = false;
 };
 
 /// The document is not ended: the file has no line break after the root element.
@@ -141,23 +95,25 @@ VlrContent inspectFile(const QByteArray &bytes)
     return hasRoot ? VlrContent::Document : VlrContent::NoRoot;
 }
 
-bool composeFile(const std::function<void(QXmlStreamWriter *)> &writeSections, QByteArray *bytes,
-                 QString *offender)
+VlrContent parseFile(const QByteArray &bytes, QDomDocument *document, QString *error, int *line)
 {
-    const auto writeContent = [&writeSections](QXmlStreamWriter *writer) {
-        writer->writeTextElement(NODE_VERSION, VERSION);
-        writeSections(writer);
-    };
+    const VlrContent content = inspectFile(bytes);
+    // What the parser refuses it leaves as half a tree, which the next save would make the file.
+    if (content == VlrContent::Document && !document->setContent(bytes, error, line))
+        return VlrContent::Invalid;
+    return content;
+}
+
+bool composeFile(const std::function<void(QXmlStreamWriter *)> &writeSections, QByteArray *bytes)
+{
     bytes->clear();
     Appender device(bytes);
     QXmlStreamWriter writer(&device);
-    writeEnvelope(&writer, writeContent);
-    if (!writer.hasError())
-        return true;
-    OffenderFinder finder;
-    writeEnvelope(finder.writer(), writeContent);
-    *offender = finder.offender();
-    return false;
+    writeEnvelope(&writer, [&writeSections](QXmlStreamWriter *content) {
+        content->writeTextElement(NODE_VERSION, VERSION);
+        writeSections(content);
+    });
+    return !writer.hasError();
 }
 
 QByteArray emptyFile()

@@ -5,6 +5,7 @@
 
 #include <functional>
 
+class QDomDocument;
 class QXmlStreamWriter;
 
 namespace VLT {
@@ -21,10 +22,14 @@ enum class VlrContent {
 /// accepts.
 VlrContent inspectFile(const QByteArray &bytes);
 
+/// Looks the file through and builds its DOM when it has a root element. When the parser refuses
+/// it, `error` and `line`, if given, are the cause; otherwise they are left as they are.
+VlrContent parseFile(const QByteArray &bytes, QDomDocument *document, QString *error = nullptr,
+                     int *line = nullptr);
+
 /// Composes a file: the envelope with what `writeSections` writes into its root element. False
-/// when a text has a character that XML forbids; `offender` is then that text.
-bool composeFile(const std::function<void(QXmlStreamWriter *)> &writeSections, QByteArray *bytes,
-                 QString *offender);
+/// when a text has a character that XML forbids; unwritableText() finds it.
+bool composeFile(const std::function<void(QXmlStreamWriter *)> &writeSections, QByteArray *bytes);
 
 /// A new file: the envelope with an empty root element.
 QByteArray emptyFile();

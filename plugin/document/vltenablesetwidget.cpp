@@ -11,7 +11,7 @@
 namespace VLT {
 
 VLTEnableSetWidget::VLTEnableSetWidget(VLTView *view, QWidget *parent)
-    : QWidget(parent)
+    : PageGroup(view, parent)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -28,30 +28,18 @@ VLTEnableSetWidget::VLTEnableSetWidget(VLTView *view, QWidget *parent)
     const int half = width() / 2;
     splitter->setSizes({half + 50, half - 50});
 
-    m_clockPage = new ClockEnableSetWidget(view, nullptr);
-    m_portPage = new PortSetWidget(view, nullptr);
-    m_bsramPage = new BsramSetWidget(view, nullptr);
-    m_dffPage = new DFFSetWidget(view, nullptr);
-    left->addWidget(m_clockPage);
-    left->addWidget(m_bsramPage);
-    right->addWidget(m_portPage);
-    right->addWidget(m_dffPage);
-}
-
-void VLTEnableSetWidget::readData(QDomElement *parent)
-{
-    m_clockPage->readData(parent);
-    m_portPage->readData(parent);
-    m_bsramPage->readData(parent);
-    m_dffPage->readData(parent);
-}
-
-void VLTEnableSetWidget::writeData(QXmlStreamWriter *writer) const
-{
-    m_clockPage->writeData(writer);
-    m_portPage->writeData(writer);
-    m_bsramPage->writeData(writer);
-    m_dffPage->writeData(writer);
+    auto *clockPage = new ClockEnableSetWidget(view, nullptr);
+    auto *portPage = new PortSetWidget(view, nullptr);
+    auto *bsramPage = new BsramSetWidget(view, nullptr);
+    auto *dffPage = new DFFSetWidget(view, nullptr);
+    left->addWidget(clockPage);
+    left->addWidget(bsramPage);
+    right->addWidget(portPage);
+    right->addWidget(dffPage);
+    add(clockPage);
+    add(portPage);
+    add(bsramPage);
+    add(dffPage);
 }
 
 } // namespace VLT

@@ -9,6 +9,7 @@
 
 #include <QPointer>
 #include <QString>
+#include <QVector>
 
 #include <memory>
 
@@ -20,6 +21,8 @@ class Netlist;
 
 namespace VLT {
 
+struct Configuration;
+class Page;
 class VLTEnableSetWidget;
 class VLTRateWidget;
 class VLTSettingWidget;
@@ -96,6 +99,10 @@ private slots:
     void onNetlistChanged();
 
 private:
+    /// The top-level pages, in the file's order.
+    QVector<Page *> pages() const;
+    /// What saving would write.
+    Configuration configuration() const;
     bool composeText(QByteArray *bytes);
     bool writeText(const QByteArray &bytes);
     /// Whether a modified view may close: asks, and saves when told so. Runs the event loop.

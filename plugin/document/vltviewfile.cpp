@@ -3,8 +3,8 @@
 #include "document/vltview.h"
 
 #include "conditions/vltcommonwidget.h"
+#include "config/configurationfile.h"
 #include "config/safewrite.h"
-#include "config/vlrfile.h"
 #include "document/vltenablesetwidget.h"
 #include "document/vltratewidget.h"
 #include "tables/doubledelegate.h"
@@ -22,6 +22,22 @@
 
 namespace VLT {
 
+namespace {
+
+/// Whether what the pages have written is what the library makes of it, too. Every save of a debug
+/// build asks.
+[[maybe_unused]] bool isReadAlike(const QByteArray &saved, const Configuration &pages)
+{
+    ReadReport report;
+    const Configuration read = readConfiguration(saved, &report);
+    QByteArray bytes;
+    QString offender;
+    return writeConfiguration(read, &bytes, &offender) && bytes == saved &&
+           writeConfiguration(pages, &bytes, &offender) && bytes == saved;
+}
+
+} // namespace
+
 bool VLTView::readCfgFile(const QString &path)
 {
     m_file = path;
@@ -31,7 +47,8 @@ bool VLTView::readCfgFile(const QString &path)
         return false;
     QByteArray bytes = file.readAll();
     file.close();
-    const VlrContent content = inspectFile(bytes);
+    QDomDocument document;
+    const VlrContent content = parseFile(bytes, &document);
     if (content == VlrContent::Invalid)
         return false;
     if (content == VlrContent::NoRoot) {
@@ -40,23 +57,31 @@ bool VLTView::readCfgFile(const QString &path)
         m_settingPage->connectVlotageDoubleSpin();
         return true;
     }
-    QDomDocument document;
-    // What the parser refuses it leaves as half a tree, which the next save would make the file.
-    if (!document.setContent(bytes))
-        return false;
     // Not kept any longer than needed; freed after the tree, a large text would make the allocator
     // sweep all of the tree's nodes before the view can show.
     bytes.clear();
     QDomElement root = document.documentElement();
-    m_settingPage->readData(&root);
-    m_ratePage->readData(&root);
-    m_enablePage->readData(&root);
+    for (Page *page : pages())
+        page->readData(&root);
     m_file = path;
     setModified(false);
     setTitle();
     m_settingPage->connectVlotageDoubleSpin();
     m_settingPage->checkVoltageRange();
     return true;
+}
+
+QVector<Page *> VLTView::pages() const
+{
+    return {m_settingPage, m_ratePage, m_enablePage};
+}
+
+Configuration VLTView::configuration() const
+{
+    Configuration configuration;
+    for (const Page *page : pages())
+        page->collect(&configuration);
+    return configuration;
 }
 
 bool VLTView::writeToFile()
@@ -80,17 +105,18 @@ bool VLTView::writeToFile()
 bool VLTView::composeText(QByteArray *bytes)
 {
     const auto writeSections = [this](QXmlStreamWriter *writer) {
-        m_settingPage->writeData(writer);
-        m_ratePage->writeData(writer);
-        m_enablePage->writeData(writer);
+        for (const Page *page : pages())
+            page->writeData(writer);
     };
     QString offender;
-    const auto compose = [&] {
+    {
         const WaitCursor wait;
-        return composeFile(writeSections, bytes, &offender);
-    };
-    if (compose())
-        return true;
+        if (composeFile(writeSections, bytes)) {
+            Q_ASSERT(isReadAlike(*bytes, configuration()));
+            return true;
+        }
+        offender = unwritableText(configuration()).value_or(QString());
+    }
     showMessage(QMessageBox::Warning, this, tr("Warning"),
                 tr("Cannot write the config file '%1'!\nThe text '%2' has a character that such a "
                    "file cannot hold.")

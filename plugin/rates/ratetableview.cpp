@@ -24,14 +24,12 @@ constexpr int VALUE_WIDTH = 100;
 } // namespace
 
 RateTableView::RateTableView(QWidget *parent)
-    : TablePage(nullptr, parent)
-    , m_model(m_records.list(), this)
+    : RecordPage(nullptr, parent)
     , m_table(new Utils::TableView(this))
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_table);
-    m_records.follow(&m_model);
     setUpTable(m_table, &m_model, {NAME_WIDTH});
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     delegate()->setMaximum(TOGGLE_RATE.maximum);
@@ -86,10 +84,9 @@ void RateTableView::addNets()
     const QList<NlsData::Net *> nets = NlsData::FindNetDialog::getList(all, this);
     if (!self || nets.isEmpty())
         return;
-    const int oldCount = getData().size();
-    for (const NlsData::Net *net : nets)
-        addRate(net->path());
-    showAdded(oldCount);
+    addRecords(
+        nets, [](const NlsData::Net *net) { return net->path(); },
+        [](VLT_Rate &, const NlsData::Net *) {});
 }
 
 void RateTableView::addPorts()
@@ -99,19 +96,9 @@ void RateTableView::addPorts()
         new NlsDataFinderDialog(this, netlist.get(), NlsDataFinderDialog::FindPort));
     if (!finder.exec())
         return;
-    const int oldCount = getData().size();
-    const QStringList names = finder->getSelected();
-    for (const QString &name : names)
-        addRate(name);
-    showAdded(oldCount);
-}
-
-void RateTableView::addRate(const QString &name)
-{
-    if (isExist(name))
-        return;
-    m_records.append(std::make_unique<VLT_Rate>(VLT_Rate{name, QString()}));
-    document()->setModified(true);
+    addRecords(
+        finder->getSelected(), [](const QString &name) { return name; },
+        [](VLT_Rate &, const QString &) {});
 }
 
 void RateTableView::onShowContextMenu(QPoint point)

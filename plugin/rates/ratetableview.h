@@ -1,8 +1,7 @@
 #pragma once
 
 #include "rates/ratemodel.h"
-#include "tables/recordlist.h"
-#include "tables/tablepage.h"
+#include "tables/recordpage.h"
 
 namespace VLT {
 
@@ -12,7 +11,7 @@ enum Rate_Type {
 };
 
 /// A table of toggle rates, of nets or of ports, in one unit. It owns its records.
-class RateTableView : public TablePage
+class RateTableView : public RecordPage<RateModel>
 {
     Q_OBJECT
 
@@ -23,6 +22,7 @@ public:
     using TablePage::setView;
 
     const QList<VLT_Rate *> &getData() const { return m_records.list(); }
+    QVector<VLT_Rate> rates() const { return m_records.values(); }
     /// Takes the records of `rates` in place of its own, which it does not delete.
     void setData(const QList<VLT_Rate *> &rates);
 
@@ -32,8 +32,6 @@ public:
 
     /// Clears all values.
     void resetValue();
-
-    bool isExist(QString name) const { return m_records.contains(name); }
 
     /// Wide enough for both columns.
     QSize sizeHint() const override;
@@ -50,10 +48,7 @@ signals:
 private:
     void addNets();
     void addPorts();
-    void addRate(const QString &name);
 
-    RecordList<VLT_Rate> m_records;
-    RateModel m_model;
     QTableView *const m_table;
     Rate_Type m_type = RateOfNets;
 };

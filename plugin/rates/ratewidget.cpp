@@ -119,4 +119,10 @@ void RateWidget::changeUnit(RateTableView *table, QRadioButton *toggle, QRadioBu
     }
 }
 
+void RateWidget::collect(Configuration *configuration) const
+{
+    const QVector<VLT_Rate> rates = m_ui->tableviewNet->rates();
+    configuration->rates = {!rates.isEmpty(), unit(), rates};
+}
+
 } // namespace VLT

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "tables/page.h"
+
 #include <QWidget>
 
 #include <memory>
 
-class QDomElement;
 class QRadioButton;
-class QXmlStreamWriter;
 
 namespace VLT {
 
@@ -21,7 +21,7 @@ class VLTView;
 
 /// Toggle rates of nets, with their section of the file. The table of ports is built and checked
 /// like that of the nets, but hidden, and not in the file.
-class RateWidget : public QWidget
+class RateWidget : public QWidget, public Page
 {
     Q_OBJECT
 
@@ -29,14 +29,15 @@ public:
     RateWidget(VLTView *view, QWidget *parent);
     ~RateWidget() override;
 
-    void readData(QDomElement *parent);
-    void writeData(QXmlStreamWriter *writer) const;
+    void readData(QDomElement *parent) override;
+    void writeData(QXmlStreamWriter *writer) const override;
+    void collect(Configuration *configuration) const override;
 
     /// Tells the user about the first rate without a value; false then.
-    bool checkData();
+    bool checkData() override;
 
 public slots:
-    void modified();
+    void modified() override;
     void onVectorlessChanged(bool vectorless);
     void onNetRateUnitChanged();
     void onIORateUnitChanged();

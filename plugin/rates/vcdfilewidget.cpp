@@ -18,9 +18,8 @@
 namespace VLT {
 
 VcdFileWidget::VcdFileWidget(VLTView *view, QWidget *parent)
-    : TablePage(view, parent)
+    : RecordPage(view, parent)
     , m_view(view)
-    , m_model(m_records.list(), this)
     , m_ui(std::make_unique<Ui::VcdFileTableView>())
 {
     m_ui->setupUi(this);
@@ -70,7 +69,7 @@ void VcdFileWidget::readData(QDomElement *parent)
     const auto add = [this](VLT_VcdFile &&file, const QDomElement &) {
         if (file.entity.isEmpty())
             file.entity = designName();
-        m_records.list().append(new VLT_VcdFile(std::move(file)));
+        m_records.append(std::make_unique<VLT_VcdFile>(std::move(file)));
     };
     if (!readFiles(*parent, &filterGlitch, add))
         return;
@@ -135,7 +134,7 @@ void VcdFileWidget::onNew()
     if (!dialog.exec())
         return;
     const int oldCount = m_records.list().size();
-    m_records.list().append(dialog->data());
+    m_records.append(std::unique_ptr<VLT_VcdFile>(dialog->data()));
     showAdded(oldCount);
     modified();
 }
@@ -183,6 +182,19 @@ void VcdFileWidget::changeUnit(const RateField &field)
         field.value->setValue(DefaultRate().value);
     field.value->setMaximum(limit);
     modified();
+}
+
+void VcdFileWidget::collect(Configuration *configuration) const
+{
+    configuration->defaultRates = defaultRates();
+    FileSection files{!m_records.list().isEmpty(), m_records.values(), std::nullopt};
+    if (files.present)
+        files.filterGlitch = m_ui->checkGlitch->isChecked();
+    for (VLT_VcdFile &file : files.records) {
+        if (file.entity == designName())
+            file.entity.clear();
+    }
+    configuration->files = files;
 }
 
 } // namespace VLT

@@ -2,15 +2,13 @@
 
 #include "config/configuration.h"
 #include "rates/vcdfilemodel.h"
-#include "tables/recordlist.h"
-#include "tables/tablepage.h"
+#include "tables/page.h"
+#include "tables/recordpage.h"
 
 #include <memory>
 
 class QComboBox;
-class QDomElement;
 class QDoubleSpinBox;
-class QXmlStreamWriter;
 
 namespace VLT {
 
@@ -20,7 +18,7 @@ class VcdFileTableView;
 
 /// Simulation activity files, the default rates of signals that neither a file nor an explicit
 /// rate covers, and their sections of the file. It owns the records.
-class VcdFileWidget : public TablePage
+class VcdFileWidget : public RecordPage<VcdFileModel>, public Page
 {
     Q_OBJECT
 
@@ -29,14 +27,15 @@ public:
     ~VcdFileWidget() override;
 
     /// Appends to what is listed.
-    void readData(QDomElement *parent);
-    void writeData(QXmlStreamWriter *writer) const;
+    void readData(QDomElement *parent) override;
+    void writeData(QXmlStreamWriter *writer) const override;
+    void collect(Configuration *configuration) const override;
 
     /// Tells the user about the first file that does not exist; false then.
-    bool checkData();
+    bool checkData() override;
 
 public slots:
-    void modified();
+    void modified() override;
     void onNew();
     void onEditData(QModelIndex index);
     void onShowContextMenu(QPoint point);
@@ -64,8 +63,6 @@ private:
     QString designName() const;
 
     VLTView *const m_view; // for the dialog
-    RecordList<VLT_VcdFile> m_records;
-    VcdFileModel m_model;
     const std::unique_ptr<Ui::VcdFileTableView> m_ui;
 };
 

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "config/records.h"
 #include "tables/tablemodel.h"
 
 #include <QHash>
 #include <QList>
 #include <QString>
+#include <QVector>
 
 #include <memory>
 
@@ -32,6 +34,16 @@ public:
         forgetAll();
     }
 
+    /// Copies of the records.
+    QVector<Record> values() const
+    {
+        QVector<Record> values;
+        values.reserve(m_list.size());
+        for (const Record *record : m_list)
+            values.append(*record);
+        return values;
+    }
+
     /// Makes room for `count` more records.
     void reserve(int count)
     {
@@ -42,7 +54,7 @@ public:
     void append(std::unique_ptr<Record> record)
     {
         if (m_counted >= 0) {
-            ++m_names[record->name];
+            ++m_names[nameOf(*record)];
             ++m_counted;
         }
         m_list.append(record.release());
@@ -61,7 +73,7 @@ public:
         QObject::connect(model, &TableModel::rowsAboutToBeRemoved, model,
                          [this](const QModelIndex &, int first, int last) {
                              for (int row = first; m_counted >= 0 && row <= last; ++row)
-                                 forget(m_list.at(row)->name);
+                                 forget(nameOf(*m_list.at(row)));
                          });
         QObject::connect(model, &TableModel::nameEdited, model, [this] { forgetAll(); });
         // Counting again takes longer than appending did: not after a reset that tells of that.
@@ -76,7 +88,7 @@ private:
     {
         m_names.reserve(m_list.size());
         for (const Record *record : m_list)
-            ++m_names[record->name];
+            ++m_names[nameOf(*record)];
         m_counted = m_list.size();
     }
 

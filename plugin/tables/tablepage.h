@@ -20,21 +20,19 @@ class VLTView;
 /// Base of a page that shows records in one table: table set-up, the commands "Add" and "Remove",
 /// the context menu, removal, and a selection that follows its records when the table is sorted.
 ///
-/// A page declares its record, a RecordModel with the columns, a RecordList, and then
+/// A page declares a RecordModel with the columns of its record, derives from RecordPage, and then
 ///
 ///     DFFSetWidget::DFFSetWidget(VLTView *view, QWidget *parent)
-///         : TablePage(view, parent), m_ui(...), m_model(view, m_records.list(), this)
+///         : RecordPage(view, parent), m_ui(...)
 ///     {
 ///         m_ui->setupUi(this);
-///         m_records.follow(&m_model);
 ///         setUpTable(m_ui->tableView, &m_model, {320, 120});
 ///         connectCommands(m_ui->btnAdd, m_ui->btnRemove, &DFFSetWidget::onAdd,
 ///                         &DFFSetWidget::onShowContextMenu);
 ///     }
 ///
-/// Its members are the list first and the model after it, so that the model goes first. `onAdd`
-/// runs its dialog in a GuardedDialog, appends to the list and calls `showAdded`. The slot for the
-/// context menu calls `showMenu` with the point of its choice.
+/// `onAdd` runs its dialog in a GuardedDialog, appends to the list and calls `showAdded`. The slot
+/// for the context menu calls `showMenu` with the point of its choice.
 class TablePage : public QWidget
 {
     Q_OBJECT

@@ -164,23 +164,25 @@ void TestConfiguration::refusesWithLineAndCause()
 
 void TestConfiguration::namesTheTextThatCannotBeWritten()
 {
-    Configuration c;
-    c.files.records = {{QStringLiteral("a.vcd"), QString(), true, {}, {}, {}}};
-    c.dffs.records = {{QStringLiteral("b\uFFFE&"), 1}, {QStringLiteral("c\x01"), 1}};
-    QByteArray bytes;
-    QString offender;
-    QVERIFY(!writeConfiguration(c, &bytes, &offender));
-    QCOMPARE(offender, QStringLiteral("b&"));
-    c.files.records[0].timeUnit = QStringLiteral("\x02");
-    c.files.records[0].endTime = QStringLiteral("1");
-    QVERIFY(!writeConfiguration(c, &bytes, &offender));
-    QCOMPARE(offender, QString());
-    c.files.records[0].entity = QString(QChar(0xd800)) + QLatin1Char('/');
-    QVERIFY(!writeConfiguration(c, &bytes, &offender));
-    QCOMPARE(offender, c.files.records[0].entity);
-    c.files.records.clear();
-    c.dffs.records.clear();
-    QVERIFY(!unwritableText(c));
+    const QString half = QStringLiteral("c") + QChar(0xd800);
+    const QList<QPair<QString, QString>> cases = {
+        {QStringLiteral("top/\x01<a>"), QStringLiteral("top/<a>")},
+        {QStringLiteral("b\uFFFE&"), QStringLiteral("b&")},
+        {half, half},
+        {QStringLiteral("\x02"), QString()}};
+    for (const auto &[text, named] : cases) {
+        Configuration c;
+        c.dffs.records = {{QStringLiteral("good\t"), 1}, {text, 1}, {QStringLiteral("\x03"), 1}};
+        for (int place = 0; place < 2; ++place) { // then earlier in the file
+            QByteArray bytes;
+            QString offender;
+            QVERIFY(!writeConfiguration(c, &bytes, &offender));
+            QCOMPARE(offender, named);
+            c.dffs.records[1].name = QStringLiteral("\x04z");
+            c.files.records = {{QStringLiteral("a.vcd"), text, true, {}, {}, {}}};
+        }
+    }
+    QVERIFY(!unwritableText(Configuration()));
 }
 
 QTEST_APPLESS_MAIN(TestConfiguration)
