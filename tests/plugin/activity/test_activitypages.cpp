@@ -1,5 +1,6 @@
 #include "activitynetlist.h"
 #include "support/modaldriver.h"
+#include "support/pagefile.h"
 #include "support/testhost.h"
 
 #include "activity/bsramsetwidget.h"
@@ -8,8 +9,6 @@
 #include "activity/portsetwidget.h"
 #include "document/vltview.h"
 
-#include <QDomDocument>
-#include <QXmlStreamWriter>
 #include <QtTest>
 #include <QtWidgets>
 
@@ -65,36 +64,14 @@ private:
         return table(page)->model()->index(row, column);
     }
 
-    /// Calls `function` with the page of that class name.
-    template<class Function>
-    void with(const QString &name, Function function) const
+    void read(const QString &name, const QString &sections) const
     {
-        QWidget *widget = page(name);
-        if (auto *ports = qobject_cast<PortSetWidget *>(widget))
-            function(ports);
-        else if (auto *rams = qobject_cast<BsramSetWidget *>(widget))
-            function(rams);
-        else if (auto *dffs = qobject_cast<DFFSetWidget *>(widget))
-            function(dffs);
-        else if (auto *clocks = qobject_cast<ClockEnableSetWidget *>(widget))
-            function(clocks);
-        else
-            QFAIL("no such page");
-    }
-    void read(const QString &page, const QString &sections) const
-    {
-        QDomDocument document;
-        QVERIFY(document.setContent(QStringLiteral("<Config>%1</Config>").arg(sections)));
-        QDomElement root = document.documentElement();
-        with(page, [&](auto *widget) { widget->readData(&root); });
+        readSections(dynamic_cast<Page *>(page(name)), sections.toUtf8());
         m_view->setModified(false);
     }
-    QString written(const QString &page) const
+    QString written(const QString &name) const
     {
-        QString text;
-        QXmlStreamWriter writer(&text);
-        with(page, [&](const auto *widget) { widget->writeData(&writer); });
-        return text;
+        return QString::fromUtf8(writtenSections(*dynamic_cast<Page *>(page(name))));
     }
 
     std::unique_ptr<TestHost> m_host;

@@ -2,14 +2,13 @@
 
 #include "document/vltview.h"
 
+#include "support/pagefile.h"
 #include "support/testhost.h"
 
 #include "nlsdata/netlist.h"
 #include "nlsdata/netlistreader.h"
 
-#include <QDomDocument>
 #include <QTableView>
-#include <QXmlStreamWriter>
 #include <QtTest>
 
 #include <memory>
@@ -33,21 +32,12 @@ public:
     /// Lets the page read the sections in `xml`.
     void read(const QByteArray &xml) const
     {
-        QDomDocument document;
-        QVERIFY(document.setContent("<Config>" + xml + "</Config>"));
-        QDomElement root = document.documentElement();
-        page->readData(&root);
+        readSections(page, xml);
         view->setModified(false);
     }
 
     /// The sections that the page writes.
-    QByteArray written() const
-    {
-        QByteArray xml;
-        QXmlStreamWriter writer(&xml);
-        page->writeData(&writer);
-        return xml;
-    }
+    QByteArray written() const { return writtenSections(*page); }
 
     template<class Widget>
     Widget *find(const char *name) const
