@@ -50,9 +50,9 @@ Documents::Documents(QWidget *window)
     const Core::ViewManager *views = Core::ViewManager::instance();
     connect(views, &Core::ViewManager::viewActiveted, this, &Documents::follow);
     connect(views, &Core::ViewManager::viewClosed, this, &Documents::onViewClosed);
-    connect(&m_watcher, &DocumentWatcher::changed, this, &Documents::onChanged);
-    connect(&m_watcher, &DocumentWatcher::removed, this, &Documents::onRemoved);
-    connect(&m_watcher, &DocumentWatcher::restored, this, &Documents::onRestored);
+    connect(&m_watcher, &Utils::FileWatcher::changed, this, &Documents::onChanged);
+    connect(&m_watcher, &Utils::FileWatcher::removed, this, &Documents::onRemoved);
+    connect(&m_watcher, &Utils::FileWatcher::restored, this, &Documents::onRestored);
     m_askLater.setSingleShot(true);
     m_askLater.setInterval(AskAgainMilliseconds);
     connect(&m_askLater, &QTimer::timeout, this, &Documents::askAboutNext);

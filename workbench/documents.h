@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workbench/documentwatcher.h"
+#include "host/utils/filewatcher.h"
 
 #include <QHash>
 #include <QMessageBox>
@@ -63,7 +63,7 @@ private:
     Core::IView *viewOf(const QString &path) const;
 
     QWidget *const m_window;
-    DocumentWatcher m_watcher;
+    Utils::FileWatcher m_watcher{Utils::FileWatcher::Compare::Content};
     QHash<Core::IView *, QString> m_followed; // open documents, not owned, and their files
     QStringList m_changed;                    // files that the user is still to be asked about
     QTimer m_askLater;

@@ -16,6 +16,7 @@ ResultWatcher::ResultWatcher()
     m_patience.setInterval(Patience);
     connect(&m_files, &FileWatcher::changed, this, &ResultWatcher::tryToRead);
     connect(&m_files, &FileWatcher::removed, this, &ResultWatcher::stopTrial);
+    connect(&m_files, &FileWatcher::restored, this, &ResultWatcher::accept);
     connect(&m_patience, &QTimer::timeout, this, [this] {
         if (FileStamp::of(m_path) == m_tried) // otherwise it is being written
             emit unreadable(m_reason);
@@ -90,16 +91,17 @@ void ResultWatcher::tryToRead()
 void ResultWatcher::onRead()
 {
     m_worker.release()->deleteLater(); // its signal is what this is called from
-    const FileStamp now = FileStamp::of(m_path);
-    if (now != m_tried)
+    if (FileStamp::of(m_path) != m_tried)
         return; // written on meanwhile: the next rest brings the next trial
     if (!m_reason.isEmpty()) {
         m_patience.start();
         return;
     }
-    m_open = false;
-    m_known = now;
-    emit replaced();
+    accept();
+    if (m_known == m_tried)
+        emit replaced();
+    else
+        tryToRead();
 }
 
 } // namespace TE

@@ -60,7 +60,8 @@ FileWatcher::FileWatcher(Compare compare, QObject *parent)
 void FileWatcher::watch(const QString &path)
 {
     const FileStamp now = FileStamp::of(path);
-    m_files.insert(path, {now, now, digest(path)});
+    const QByteArray known = identity(path, now);
+    m_files.insert(path, {now, known, known});
     follow();
 }
 
@@ -76,17 +77,20 @@ void FileWatcher::accept(const QString &path)
         watch(path);
 }
 
-/// Null where there is no file, or contents are not compared.
-QByteArray FileWatcher::digest(const QString &path) const
+/// What tells one state of the file from another; empty where there is no file.
+QByteArray FileWatcher::identity(const QString &path, const FileStamp &stamp) const
 {
-    if (m_compare == Compare::Stamp)
-        return QByteArray();
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!stamp.exists())
         return QByteArray();
     QCryptographicHash hash(QCryptographicHash::Sha1);
-    hash.addData(&file);
-    return hash.result();
+    QFile file(path);
+    if (m_compare == Compare::Content && file.open(QIODevice::ReadOnly) && hash.addData(&file))
+        return hash.result();
+    QByteArray text;
+    for (const quint64 part :
+         {quint64(stamp.size), quint64(stamp.modified), stamp.device, stamp.inode})
+        text += QByteArray::number(part) + ' ';
+    return text;
 }
 
 void FileWatcher::follow()
@@ -106,10 +110,15 @@ void FileWatcher::follow()
 void FileWatcher::onEvent()
 {
     follow();
-    for (auto it = m_files.begin(); it != m_files.end() && !m_timer.isActive(); ++it) {
-        it->seen = FileStamp::of(it.key());
-        if (it->seen != it->known)
+    for (auto it = m_files.begin(); it != m_files.end(); ++it) {
+        const FileStamp now = FileStamp::of(it.key());
+        // Contents may differ although the stamp does not: its clock ticks in milliseconds.
+        it->suspect = it->suspect || m_compare == Compare::Content || now != it->seen;
+        // While the timer runs, only a check looks, so that a file is at rest for the whole time.
+        if (it->suspect && !m_timer.isActive()) {
+            it->seen = now;
             m_timer.start();
+        }
     }
 }
 
@@ -120,11 +129,13 @@ void FileWatcher::check()
     QStringList ready;
     for (auto it = m_files.begin(); it != m_files.end(); ++it) {
         const FileStamp now = FileStamp::of(it.key());
-        if (now != it->seen)
+        if (now != it->seen) {
+            it->seen = now;
+            it->suspect = true;
             atRest = false;
-        else if (now != it->known)
+        } else if (it->suspect) {
             ready.append(it.key());
-        it->seen = now;
+        }
     }
     if (atRest)
         m_timer.stop();
@@ -135,19 +146,18 @@ void FileWatcher::check()
 void FileWatcher::report(const QString &path)
 {
     const auto it = m_files.find(path);
-    if (it == m_files.end() || it->seen == it->known)
+    if (it == m_files.end() || !it->suspect)
         return; // a receiver has forgotten or accepted it meanwhile
-    const bool existed = it->known.exists();
-    it->known = it->seen;
-    if (!it->known.exists()) {
-        it->content.clear();
-        emit removed(path);
+    it->suspect = false;
+    const QByteArray now = identity(path, it->seen);
+    if (now == it->reported)
         return;
-    }
-    const QByteArray content = digest(path);
-    const bool same = m_compare == Compare::Content && existed && content == it->content;
-    it->content = content;
-    if (!same)
+    it->reported = now;
+    if (now == it->known)
+        emit restored(path);
+    else if (now.isEmpty())
+        emit removed(path);
+    else
         emit changed(path);
 }
 

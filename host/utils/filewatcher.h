@@ -53,15 +53,19 @@ signals:
     void changed(const QString &path);
     void removed(const QString &path);
 
+    /// After changed() or removed(): the file is as it is known again.
+    void restored(const QString &path);
+
 private:
     struct State
     {
-        FileStamp known;
-        FileStamp seen;     // at the last check
-        QByteArray content; // digest; only where contents are compared
+        FileStamp seen;       // at the last look
+        QByteArray known;     // identity() when it was watched or accepted
+        QByteArray reported;  // identity() as of the last signal
+        bool suspect = false; // something happened to it since
     };
 
-    QByteArray digest(const QString &path) const;
+    QByteArray identity(const QString &path, const FileStamp &stamp) const;
     void follow();
     void onEvent();
     void check();
@@ -69,7 +73,7 @@ private:
 
     const Compare m_compare;
     QFileSystemWatcher m_watcher;
-    QTimer m_timer; // runs while a file is not at rest
+    QTimer m_timer; // runs while a file may not be at rest
     QHash<QString, State> m_files;
 };
 

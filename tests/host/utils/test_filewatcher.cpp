@@ -105,6 +105,12 @@ void TestFileWatcher::followsReplacedAndRemovedFiles()
     write("four");
     QTRY_COMPARE(changed.count(), 3);
     QCOMPARE(removed.count(), 1);
+
+    // What the owner read is no change.
+    QSignalSpy restored(&watcher, &FileWatcher::restored);
+    replace("one");
+    QTRY_COMPARE(restored.count(), 1);
+    QCOMPARE(changed.count(), 3);
 }
 
 void TestFileWatcher::followsStampsThroughLinksAndFolders()
