@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QHash>
 #include <QSet>
 #include <QString>
@@ -15,6 +16,8 @@ class Port;
 
 namespace Check {
 
+class DesignNames;
+
 /// The design that configurations are checked against. What is missing is left out: rules that need
 /// it do not apply.
 struct DesignInput
@@ -22,8 +25,10 @@ struct DesignInput
     QString device;      ///< identifier in the device catalogue; empty when none is known
     QString netlistPath; ///< as given; empty when none is known
     std::shared_ptr<const NlsData::Netlist>
-        netlist;          ///< null when there is none or it is unreadable
-    QString netlistError; ///< why it could not be read; empty otherwise
+        netlist;                              ///< null when there is none or it is unreadable
+    std::shared_ptr<const DesignNames> names; ///< all names of the netlist; null without it
+    QByteArray netlistSha256;                 ///< of the bytes that were read, in hexadecimal
+    QString netlistError;                     ///< why it could not be read; empty otherwise
 };
 
 /// What a name means in a netlist. One name may belong to objects of several kinds.

@@ -206,7 +206,7 @@ quint32 NameTable::findIn(const NetlistData &data, const Copy &copy, std::string
     const Module &module = m_modules[copy.module];
     const auto netAt = [&](const Vector &vector, quint32 place) {
         const quint32 bit = module.bits[vector.first + place];
-        return bit == constantBit ? none : netOf(data, copy.firstSlot + bit);
+        return bit == constantBit ? constant : netOf(data, copy.firstSlot + bit);
     };
     quint32 found = findVector(data, module, name);
     if (found != none && !module.vectors[found].isVector && module.vectors[found].count == 1)

@@ -50,7 +50,10 @@ public:
     /// Appends all names of a net, its path first come, with duplicates when two are spelled alike.
     void collect(const NetlistData &data, quint32 net, std::vector<Name> *names) const;
 
-    /// The net that is called `path`, or none.
+    static constexpr quint32 constant = none - 1;
+
+    /// The net that is called `path`, `constant` for a bit that is none but has a fixed value, or
+    /// none.
     quint32 find(const NetlistData &data, std::string_view path) const;
 
     /// The name that holds the source position of an instance, or none.

@@ -140,7 +140,12 @@ void NetNames::forEachNet(const std::function<void(Net *)> &use) const
 Net *NetNames::find(const QString &name) const
 {
     const quint32 net = m_data.allNames->find(m_data, view(name.toUtf8()));
-    return net == NetlistData::none ? nullptr : m_data.net(net);
+    return net == NameTable::none || net == NameTable::constant ? nullptr : m_data.net(net);
+}
+
+bool NetNames::has(const QString &name) const
+{
+    return m_data.allNames->find(m_data, view(name.toUtf8())) != NameTable::none;
 }
 
 QList<Net *> NetNames::drivenBy(const Instance *instance) const
@@ -153,6 +158,17 @@ QList<Net *> NetNames::drivenBy(const Instance *instance) const
     for (auto it = first; it != m_byDriver.end() && m_data.nets[*it].driver == row; ++it)
         nets.append(m_data.net(*it));
     return nets;
+}
+
+QStringList NetNames::cellTypes() const
+{
+    QStringList types;
+    for (const NetlistData::Kind &kind : m_data.kinds) {
+        if (!kind.isModule)
+            types.append(QString::fromUtf8(kind.type));
+    }
+    sortOut(&types);
+    return types;
 }
 
 QString NetNames::cellType(const Instance *instance) const

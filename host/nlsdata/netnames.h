@@ -46,9 +46,15 @@ public:
     /// when two are spelled alike, which takes an escaped name.
     Net *find(const QString &name) const;
 
+    /// Whether the netlist has the name, of a net or of a bit with a constant value.
+    bool has(const QString &name) const;
+
     /// Nets that the instance drives, in the order of the netlist. A module drives none, those
     /// inside it do.
     QList<Net *> drivenBy(const Instance *instance) const;
+
+    /// Types of the cells that are no modules, sorted.
+    QStringList cellTypes() const;
 
     QString cellType(const Instance *instance) const;
 

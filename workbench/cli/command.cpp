@@ -1,6 +1,7 @@
 #include "workbench/cli/command.h"
 
 #include "workbench/cli/checkcommand.h"
+#include "workbench/cli/namescommand.h"
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -15,6 +16,7 @@ const QVector<Command> &allCommands()
 {
     static const QVector<Command> commands = {
         {"check", "Check configurations against netlist, device and activity files.", runCheck},
+        {"names", "Review what the names in a configuration mean, and mend them.", runNames},
     };
     return commands;
 }

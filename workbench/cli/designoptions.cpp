@@ -1,5 +1,6 @@
 #include "workbench/cli/designoptions.h"
 
+#include "check/names/designnames.h"
 #include "host/core/projectfile.h"
 #include "host/nlsdata/readnetlist.h"
 
@@ -80,11 +81,16 @@ void DesignOptions::readNetlist(Check::DesignInput *design)
         return;
     }
     QString error;
-    design->netlist = NlsData::readNetlist(design->netlistPath, &error);
-    if (design->netlist)
-        addInput(design->netlistPath);
-    else
+    NlsData::ReadOptions options;
+    options.allNames = true;
+    options.sha256 = &design->netlistSha256;
+    design->netlist = NlsData::readNetlist(design->netlistPath, &error, options);
+    if (!design->netlist) {
         fail(design->netlistPath, error);
+        return;
+    }
+    design->names = std::make_shared<Check::DesignNames>(*design->netlist);
+    m_inputs.append({design->netlistPath, design->netlistSha256});
 }
 
 void DesignOptions::addInput(const QString &path)

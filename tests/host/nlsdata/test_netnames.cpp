@@ -82,6 +82,8 @@ void TestNetNames::throughTheHierarchy()
     for (const char *missing : {"u0/state[7]", "u0/state[10]", "u0/state", "u0/q[3]", "in[0]",
                                 "bus[]", "bus[+1]", "u/1", "u0/", "", "/", "t/b/a"})
         QVERIFY2(!names.find(QString::fromUtf8(missing)), missing);
+    QVERIFY(names.has(QStringLiteral("u0/state[10]"))); // constant
+    QVERIFY(!names.has(QStringLiteral("u0/state[11]")));
 
     const Instance *flipFlop = netlist->instanceMap().value(QStringLiteral("u/1/ff"));
     const QList<Net *> driven = names.drivenBy(flipFlop);
@@ -123,6 +125,7 @@ void TestNetNames::madeFromCells_data()
     QTest::newRow("pin with underscore") << "x_$lut_IN_2_Y" << true;
     QTest::newRow("cell alone") << "x_SB_DFF_Q" << false;
     QTest::newRow("other pin") << "x_SB_DFF_Q_Y" << false;
+    QTest::newRow("other pin of the cell") << "x_SB_DFF_Y_D" << false;
     QTest::newRow("no type") << "x_Q_D" << false;
     QTest::newRow("nothing in front") << "SB_DFF_Q_D" << false;
     QTest::newRow("module") << "x_uart_rx_tx" << false;

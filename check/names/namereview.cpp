@@ -1,0 +1,148 @@
+#include "check/names/namereview.h"
+
+#include "check/names/proposals.h"
+#include "config/configuration.h"
+#include "config/filenames.h"
+
+#include <algorithm>
+
+namespace Check {
+
+namespace {
+
+bool isLeft(ObjectKind kind, const QString &name, const DesignNames &design)
+{
+    return kind == ObjectKind::Instance ? !design.instancesOf(name).isEmpty()
+                                        : design.nets().has(name);
+}
+
+int &counterOf(NameState state, NameCounts *counts)
+{
+    switch (state) {
+    case NameState::Same:
+        return counts->same;
+    case NameState::Moved:
+        return counts->moved;
+    case NameState::Missing:
+        return counts->missing;
+    default:
+        return counts->unknown;
+    }
+}
+
+} // namespace
+
+NamedObjectFinder::NamedObjectFinder(const VLT::Configuration &configuration,
+                                     const DesignNames &design)
+{
+    const auto add = [this](const QString &section, const auto &records, const auto &nameOf) {
+        for (int i = 0; i < records.size(); ++i) {
+            ReviewedRecord record;
+            record.section = section;
+            record.ordinal = i + 1;
+            record.name = nameOf(records.at(i));
+            m_records.append(record);
+        }
+    };
+    const auto name = [](const auto &record) { return record.name; };
+    add(VLT::NODE_NET, configuration.rates.records, name);
+    add(VLT::NODE_FILE, configuration.files.records,
+        [](const VLT::VLT_VcdFile &file) { return file.entity; });
+    add(VLT::NODE_PORT, configuration.ports.records, name);
+    add(VLT::NODE_BSRAM, configuration.bsrams.records, name);
+    add(VLT::NODE_INSTANCE, configuration.dffs.records, name);
+    const QString top = design.design();
+    m_records.erase(std::remove_if(m_records.begin(), m_records.end(),
+                                   [&top](const ReviewedRecord &record) {
+                                       return record.name.isEmpty() ||
+                                              (record.section == VLT::NODE_FILE &&
+                                               record.name == top);
+                                   }),
+                    m_records.end());
+
+    QHash<QString, QSet<QString>> names;
+    for (const ReviewedRecord &record : m_records)
+        names[record.section].insert(record.name);
+    for (auto it = names.constBegin(); it != names.constEnd(); ++it) {
+        ObjectKind kind{};
+        kindOfSection(it.key(), &kind);
+        m_objects.insert(it.key(), design.find(kind, *it));
+    }
+}
+
+ObjectKind kindOf(const ReviewedRecord &record)
+{
+    ObjectKind kind{};
+    kindOfSection(record.section, &kind);
+    return kind;
+}
+
+NameState stateOf(ObjectKind kind, const DesignObject &object, const Meaning *meant,
+                  const DesignNames &design)
+{
+    if (!object)
+        return NameState::Missing;
+    if (!meant || meant->names.isEmpty())
+        return NameState::Unknown;
+    const QSet<QString> now = design.identity(kind, object);
+    const auto isNow = [&now](const QString &name) { return now.contains(name); };
+    if (std::any_of(meant->names.begin(), meant->names.end(), isNow))
+        return NameState::Same;
+    const bool isAnyLeft =
+        std::any_of(meant->names.begin(), meant->names.end(),
+                    [&](const QString &name) { return isLeft(kind, name, design); });
+    return isAnyLeft ? NameState::Moved : NameState::Unknown;
+}
+
+NameReview reviewNames(const VLT::Configuration &configuration, const NameMemory &memory,
+                       const DesignNames &design, bool withProposals)
+{
+    const NamedObjectFinder finder(configuration, design);
+    QVector<ReviewedRecord> records = finder.records();
+    NameReview review;
+    for (ReviewedRecord &record : records) {
+        const DesignObject object = finder.object(record);
+        const Meaning *meant = memory.find({record.section, record.name});
+        record.state = stateOf(kindOf(record), object, meant, design);
+        ++counterOf(record.state, &review.counts);
+        if (record.state == NameState::Same)
+            continue;
+        if (meant)
+            record.meant = meant->names;
+        if (object)
+            record.now = design.meaning(kindOf(record), object).names;
+    }
+    if (withProposals && review.needsAttention())
+        proposeNames(&records, design);
+    std::copy_if(records.begin(), records.end(), std::back_inserter(review.records),
+                 [](const ReviewedRecord &record) { return record.state != NameState::Same; });
+    return review;
+}
+
+QString stateName(NameState state)
+{
+    switch (state) {
+    case NameState::Same:
+        return QStringLiteral("same");
+    case NameState::Moved:
+        return QStringLiteral("moved");
+    case NameState::Missing:
+        return QStringLiteral("missing");
+    default:
+        return QStringLiteral("unknown");
+    }
+}
+
+QString certaintyName(Certainty certainty)
+{
+    switch (certainty) {
+    case Certainty::Sure:
+        return QStringLiteral("sure");
+    case Certainty::Likely:
+        return QStringLiteral("likely");
+    default:
+        return QString();
+    }
+}
+
+} // namespace Check
