@@ -74,6 +74,12 @@ public:
     /// Whether the open editor of a cell has another text than the one that it opened on.
     bool hasPendingEdits() const;
 
+    /// The top-level pages, in the file's order; owned by the view.
+    QVector<Page *> pages() const;
+
+    /// What saving would write.
+    Configuration configuration() const;
+
     void showChangedBanner();
 
     /// The view is about to be closed without saving: what stands in open editors is not taken
@@ -99,10 +105,6 @@ private slots:
     void onNetlistChanged();
 
 private:
-    /// The top-level pages, in the file's order.
-    QVector<Page *> pages() const;
-    /// What saving would write.
-    Configuration configuration() const;
     bool composeText(QByteArray *bytes);
     bool writeText(const QByteArray &bytes);
     /// Whether a modified view may close: asks, and saves when told so. Runs the event loop.
