@@ -156,8 +156,11 @@ void proposeNames(QVector<ReviewedRecord> *records, const DesignNames &design)
     for (const QVector<ReviewedRecord *> &section : qAsConst(open))
         proposeBySpelling(section, kindOf(*section.first()), design);
     Substitutions(records, design).propose();
-    // What is gone is to be removed, and makes room for the others.
-    resolveConflicts(records, [](const ReviewedRecord &record) { return !isOpen(record); });
+    // What is gone is to be removed, and makes room for the others. So does a name whose meaning is
+    // gone from the netlist.
+    resolveConflicts(records, [](const ReviewedRecord &record) {
+        return record.state == NameState::Same || record.meant.isEmpty();
+    });
     for (ReviewedRecord &record : *records) {
         if (isOpen(record) && record.reason.isEmpty())
             record.reason = whyNone(record);

@@ -311,7 +311,7 @@ QByteArray RecordScanner::spelled(const QString &text) const
             escaped += QLatin1String("&amp;");
         else if (code == '"')
             escaped += QLatin1String("&quot;");
-        else if (code < ' ' || code == '\'' || (m_width == 1 && !m_codec->canEncode(c)))
+        else if (code < ' ' || code == '\'' || m_codec->toUnicode(m_codec->fromUnicode(c)) != c)
             escaped += QStringLiteral("&#%1;").arg(code);
         else
             escaped += c;

@@ -31,12 +31,6 @@ bool isOpen(const ReviewedRecord &record)
            (record.state == NameState::Missing || record.state == NameState::Moved);
 }
 
-bool isEvidence(const QString &right)
-{
-    return std::any_of(right.begin(), right.end(), isSeparator) ||
-           right.startsWith(QLatin1Char('['));
-}
-
 } // namespace
 
 QVector<PathPart> partsOf(const QString &name, const QStringList &cellTypes)
@@ -210,13 +204,8 @@ bool Substitutions::isFree(const ReviewedRecord &record, const QString &target) 
 
 bool Substitutions::tryGroup(const Prefix &prefix, const QVector<Member> &members)
 {
-    const auto behind = [](const QString &key) {
-        return key.mid(qMax(key.indexOf(NET_KEY), key.indexOf(OBJECT_KEY)) + 1);
-    };
-    if (members.size() < 2 &&
-        std::none_of(members.first().keys.begin(), members.first().keys.end(),
-                     [&](const QString &key) { return isEvidence(behind(key)); }))
-        return false;
+    if (members.size() < 2)
+        return false;                            // no group
     QHash<QString, QVector<QString>> candidates; // by new part: paths in the order of the members
     for (int i = 0; i < members.size(); ++i) {
         const ReviewedRecord &record = m_records.at(members.at(i).record);
