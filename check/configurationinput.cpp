@@ -23,7 +23,9 @@ ConfigurationInput readConfigurationInput(const QString &path)
         input.error = file.errorString();
         return input;
     }
-    return configurationInput(path, bytes);
+    input = configurationInput(path, bytes);
+    input.names.read(path, &input.namesError);
+    return input;
 }
 
 ConfigurationInput configurationInput(const QString &path, const QByteArray &bytes)

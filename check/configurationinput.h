@@ -1,5 +1,6 @@
 #pragma once
 
+#include "check/names/namememory.h"
 #include "config/configurationfile.h"
 
 #include <QString>
@@ -16,6 +17,8 @@ struct ConfigurationInput
     QByteArray sha256; ///< in hexadecimal digits
     VLT::Configuration configuration;
     VLT::ReadReport report;
+    NameMemory names;   ///< what its names meant when it was recorded; empty when nothing is
+    QString namesError; ///< why that could not be read; empty when it could, or is not there
 
     /// Whether there is a configuration to check.
     bool isUsable() const { return readable && report.isRead(); }

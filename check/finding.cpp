@@ -19,6 +19,7 @@ const QVector<Rule> &allRules()
         {"file-relative", Level::Note, "The path of an activity file is relative."},
         {"ignored", Level::Note, "An element has no effect because of another one."},
         {"name-missing", Level::Error, "An object is not in the netlist."},
+        {"name-moved", Level::Error, "A name belongs to another object than when it was recorded."},
         {"name-unstable", Level::Note, "Names that synthesis generated may change with every run."},
         {"not-a-config", Level::Error, "The file is not a configuration that opens."},
         {"not-a-number", Level::Error, "A text is not a number."},

@@ -18,4 +18,15 @@ void Findings::add(const char *rule, int line, const QString &section, const QSt
     add(rule, RecordPlace{section, 0, line, QString()}, message, proposal);
 }
 
+void Findings::propose(const QHash<QPair<QString, int>, QString> &proposals)
+{
+    for (Finding &finding : m_findings) {
+        const QLatin1String rule(finding.rule->id);
+        const bool isMissing =
+            rule == QLatin1String("name-missing") || rule == QLatin1String("entity-missing");
+        if (isMissing)
+            finding.proposal = proposals.value({finding.section, finding.ordinal});
+    }
+}
+
 } // namespace Check

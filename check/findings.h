@@ -2,6 +2,8 @@
 
 #include "check/finding.h"
 
+#include <QHash>
+#include <QPair>
 #include <QSet>
 
 namespace Check {
@@ -33,6 +35,9 @@ public:
     /// About the element `section`, or about the whole file when it is empty.
     void add(const char *rule, int line, const QString &section, const QString &message,
              const QString &proposal = {});
+
+    /// Adds proposals, by section and ordinal, to the findings that names or entities are missing.
+    void propose(const QHash<QPair<QString, int>, QString> &proposals);
 
     const QVector<Finding> &all() const { return m_findings; }
 

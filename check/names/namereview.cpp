@@ -1,7 +1,7 @@
 #include "check/names/namereview.h"
 
 #include "check/names/proposals.h"
-#include "config/configuration.h"
+#include "config/configurationfile.h"
 #include "config/filenames.h"
 
 #include <algorithm>
@@ -75,6 +75,16 @@ ObjectKind kindOf(const ReviewedRecord &record)
     ObjectKind kind{};
     kindOfSection(record.section, &kind);
     return kind;
+}
+
+int lineOf(const ReviewedRecord &record, const VLT::FileLines &lines)
+{
+    const QVector<int> &section = record.section == VLT::NODE_NET     ? lines.rates
+                                  : record.section == VLT::NODE_FILE  ? lines.files
+                                  : record.section == VLT::NODE_PORT  ? lines.ports
+                                  : record.section == VLT::NODE_BSRAM ? lines.bsrams
+                                                                      : lines.dffs;
+    return section.value(record.ordinal - 1);
 }
 
 NameState stateOf(ObjectKind kind, const DesignObject &object, const Meaning *meant,

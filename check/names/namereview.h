@@ -6,6 +6,7 @@
 
 namespace VLT {
 struct Configuration;
+struct FileLines;
 } // namespace VLT
 
 namespace Check {
@@ -73,6 +74,9 @@ private:
 };
 
 ObjectKind kindOf(const ReviewedRecord &record);
+
+/// The record's line in the file, from 1.
+int lineOf(const ReviewedRecord &record, const VLT::FileLines &lines);
 
 /// Reviews every name. `withProposals` looks for new names for those that are missing or moved.
 NameReview reviewNames(const VLT::Configuration &configuration, const NameMemory &memory,

@@ -202,16 +202,19 @@ bool Substitutions::isFree(const ReviewedRecord &record, const QString &target) 
            !m_taken.contains({record.section, target});
 }
 
-bool Substitutions::tryGroup(const Prefix &prefix, const QVector<Member> &members)
+void Substitutions::tryGroup(const Prefix &prefix, const QVector<Member> &members)
 {
-    if (members.size() < 2)
-        return false;                            // no group
+    QSet<NamedRecord> names;
+    for (const Member &member : members)
+        names.insert({m_records.at(member.record).section, m_records.at(member.record).name});
+    if (names.size() < 2)
+        return;                                  // no group
     QHash<QString, QVector<QString>> candidates; // by new part: paths in the order of the members
     for (int i = 0; i < members.size(); ++i) {
         const ReviewedRecord &record = m_records.at(members.at(i).record);
         const QHash<QString, QString> found = targets(members.at(i));
         if (i == 0 && found.size() > MAXIMUM_PARTS)
-            return false;
+            return;
         for (auto it = found.constBegin(); it != found.constEnd(); ++it) {
             if (it.key() != prefix.second && isFree(record, *it) &&
                 (i == 0 || candidates.value(it.key()).size() == i))
@@ -231,11 +234,11 @@ bool Substitutions::tryGroup(const Prefix &prefix, const QVector<Member> &member
         if (!isDistinct)
             continue;
         if (!newPart.isEmpty())
-            return false; // another one would do as well
+            return; // another one would do as well
         newPart = it.key();
     }
     if (newPart.isEmpty())
-        return false;
+        return;
 
     const QString rule =
         QStringLiteral("%1 → %2").arg(prefix.first + prefix.second, prefix.first + newPart);
@@ -245,10 +248,9 @@ bool Substitutions::tryGroup(const Prefix &prefix, const QVector<Member> &member
         record.certainty = Certainty::Likely;
         record.rule = rule;
         record.reason =
-            QStringLiteral("%1 explains %2 of %2 names").arg(rule, QString::number(members.size()));
+            QStringLiteral("%1 explains %2 of %2 names").arg(rule, QString::number(names.size()));
         m_taken.insert({record.section, record.proposal});
     }
-    return true;
 }
 
 } // namespace Check

@@ -19,9 +19,9 @@ struct PathPart
 /// no way: anything would do in its place.
 QVector<PathPart> partsOf(const QString &name, const QStringList &cellTypes);
 
-/// Proposes names by substitutions, each of which explains a whole group: every listed name that
-/// has the old part is gone, and has the new part in the netlist, with an object of the same kind
-/// that is not listed itself. Where more than one part would do, none is proposed.
+/// Proposes names by substitutions, each of which explains a whole group of two or more: every
+/// listed name that has the old part is gone, and has the new part in the netlist, with an object
+/// of the same kind that is not listed itself. Where more than one part would do, none is proposed.
 class Substitutions
 {
 public:
@@ -44,7 +44,7 @@ private:
     void search();
     void addHit(const QString &section, const QString &key, const QString &part,
                 const DesignObject &object);
-    bool tryGroup(const Prefix &prefix, const QVector<Member> &members);
+    void tryGroup(const Prefix &prefix, const QVector<Member> &members);
     QHash<QString, QString> targets(const Member &member) const;
     bool isFree(const ReviewedRecord &record, const QString &target) const;
 

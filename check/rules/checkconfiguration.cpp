@@ -23,8 +23,18 @@ QVector<Finding> checkConfiguration(const ConfigurationInput &input, const Desig
         checkConditions(input, design.device, &findings);
         checkActivityFiles(input, design.netlist.get(), names, &findings);
         checkObjects(input, names, &findings);
+        if (design.names)
+            checkMeanings(input, *design.names, &findings);
     }
     QVector<Finding> result = findings.all();
+    if (!input.namesError.isEmpty())
+        result.append({findRule(QStringLiteral("not-readable")),
+                       NameMemory::fileFor(input.path),
+                       0,
+                       {},
+                       0,
+                       {},
+                       input.namesError});
     sortFindings(&result);
     return result;
 }

@@ -3,6 +3,7 @@
 #include "check/configurationinput.h"
 #include "check/designinput.h"
 #include "check/findings.h"
+#include "check/names/designnames.h"
 
 namespace Check {
 
@@ -24,6 +25,10 @@ void checkActivityFiles(const ConfigurationInput &input, const NlsData::Netlist 
 
 /// Listed objects: once each, and in the netlist. `index` is null without a netlist.
 void checkObjects(const ConfigurationInput &input, const NameIndex *index, Findings *findings);
+
+/// Names whose objects are others than when they were recorded, and proposals for the names in
+/// `findings` that are missing.
+void checkMeanings(const ConfigurationInput &input, const DesignNames &design, Findings *findings);
 
 /// Every name that the rules look up.
 QSet<QString> namesOf(const VLT::Configuration &configuration);

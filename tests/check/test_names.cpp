@@ -1,4 +1,5 @@
 #include "check/names/nameplan.h"
+#include "check/rules/rules.h"
 
 #include "support/netlistjson.h"
 
@@ -91,6 +92,7 @@ private slots:
     void proposes();
     void remembers();
     void appliesPlans();
+    void findsMovedNames();
 
 private:
     QTemporaryDir m_folder;
@@ -352,6 +354,32 @@ void TestNames::appliesPlans()
     // A memory that cannot be read is not replaced.
     write(NameMemory::fileFor(path), "<<<<<<< ours");
     QVERIFY(!recordNames(input, *now.names, now.sha256, {}, &error));
+}
+
+void TestNames::findsMovedNames()
+{
+    const Design old({{"f", {"a"}}, {"g", {"b"}}, {"h", {"c"}}});
+    const Design now({{"f", {"a"}}, {"g", {"c"}}, {"i", {"b"}}});
+    ConfigurationInput input =
+        configurationInput(QStringLiteral("power.vlr"), flipFlopFile({"f", "g", "h"}));
+    input.names.update(input.configuration, *old.names);
+    const auto check = [&input](const Design &design) {
+        DesignInput designInput;
+        designInput.netlist = {std::shared_ptr<void>(), design.netlist.get()}; // borrowed
+        designInput.names = {std::shared_ptr<void>(), design.names.get()};
+        QStringList lines;
+        const QVector<Finding> findings = checkConfiguration(input, designInput);
+        for (const Finding &finding : findings)
+            lines += QStringLiteral("%1 %2 %3 > %4")
+                         .arg(QLatin1String(finding.rule->id), QString::number(finding.line),
+                              finding.message, finding.proposal);
+        return lines.join(QLatin1Char('\n'));
+    };
+    QCOMPARE(check(old), QString());
+    QCOMPARE(check(now),
+             QStringLiteral("name-moved 5 flip-flop \"g\" is in the netlist, but it "
+                            "drives \"c\" now and drove \"b\" when it was recorded > i\n"
+                            "name-missing 6 flip-flop \"h\" is not in the netlist > g"));
 }
 
 QTEST_GUILESS_MAIN(TestNames)

@@ -173,7 +173,8 @@ void TestRules::everyRuleHasARow()
 {
     for (const Rule &rule : allRules()) {
         const QString id = QLatin1String(rule.id);
-        if (id != QLatin1String("not-a-config") && id != QLatin1String("not-readable"))
+        if (id != QLatin1String("not-a-config") && id != QLatin1String("not-readable") &&
+            id != QLatin1String("name-moved")) // in test_names
             QVERIFY2(m_tried.contains(id), rule.id);
     }
 }

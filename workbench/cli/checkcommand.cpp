@@ -108,7 +108,7 @@ int runCheck(const QStringList &arguments)
         const Check::ConfigurationInput input = Check::readConfigurationInput(file);
         report.inputs.append({file, input.sha256});
         report.findings += checkConfiguration(input, design, disabled);
-        readable = readable && input.isUsable();
+        readable = readable && input.isUsable() && input.namesError.isEmpty();
     }
     report.inputs += designs.inputs();
     report.findings += designs.findings();

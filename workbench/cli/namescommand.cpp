@@ -1,7 +1,6 @@
 #include "workbench/cli/namescommand.h"
 
 #include "check/names/nameplan.h"
-#include "config/filenames.h"
 #include "workbench/cli/command.h"
 #include "workbench/cli/designoptions.h"
 
@@ -42,16 +41,6 @@ int failed(const QString &path, const QString &cause)
 {
     std::fprintf(stderr, "workbench names: %s: %s\n", qPrintable(path), qPrintable(cause));
     return Unreadable;
-}
-
-int lineOf(const Check::ReviewedRecord &record, const VLT::FileLines &lines)
-{
-    const QVector<int> &section = record.section == VLT::NODE_NET     ? lines.rates
-                                  : record.section == VLT::NODE_FILE  ? lines.files
-                                  : record.section == VLT::NODE_PORT  ? lines.ports
-                                  : record.section == VLT::NODE_BSRAM ? lines.bsrams
-                                                                      : lines.dffs;
-    return section.value(record.ordinal - 1);
 }
 
 QString quotedList(const QStringList &names)
@@ -100,7 +89,6 @@ struct Subject
 {
     Check::ConfigurationInput input;
     Check::DesignInput design;
-    Check::NameMemory memory;
 };
 
 /// Reads everything; Clean, or Unreadable after the cause was reported.
@@ -116,15 +104,14 @@ int readSubject(const QString &path, DesignOptions *designs, Subject *subject)
     if (!subject->design.names)
         return designs->findings().isEmpty() ? failed(path, QStringLiteral("no netlist is known"))
                                              : int(Unreadable);
-    QString cause;
-    if (!subject->memory.read(path, &cause))
-        return failed(Check::NameMemory::fileFor(path), cause);
+    if (!subject->input.namesError.isEmpty())
+        return failed(Check::NameMemory::fileFor(path), subject->input.namesError);
     return Clean;
 }
 
 Check::NameReview review(const Subject &subject)
 {
-    return reviewNames(subject.input.configuration, subject.memory, *subject.design.names);
+    return reviewNames(subject.input.configuration, subject.input.names, *subject.design.names);
 }
 
 /// Reads the plan, or makes it of the proposals.
