@@ -54,7 +54,7 @@ status 3 names sample.vlr --netlist renamed.json --plan plan.json
 cmp <(cat before.vlr; echo) sample.vlr
 cp before.vlr sample.vlr
 status 0 names sample.vlr --netlist renamed.json --plan plan.json
-diff before.vlr sample.vlr | grep -qx '>         <Instance name="control_FERN_DFFE_Q_1" value="5"/>'
+grep -qx '        <Instance name="control_FERN_DFFE_Q_1" value="5"/>' sample.vlr
 status 0 check sample.vlr --netlist renamed.json
 status 1 names sample.vlr
 status 0 names sample.vlr --apply sure
