@@ -42,8 +42,9 @@ NetPickerModel::NetPickerModel(const QList<Net *> &nets, QObject *parent)
     connect(&m_turn, &QTimer::timeout, this, &NetPickerModel::takeTurn);
 }
 
-void NetPickerModel::setFilter(const QString &filter)
+void NetPickerModel::setFilter(const QString &typed)
 {
+    const QString filter = typed.trimmed(); // a pasted name brings its line break along
     if (filter == m_filter)
         return;
     m_filter = filter;

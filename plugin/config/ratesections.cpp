@@ -34,12 +34,12 @@ void writeDefaultRate(QXmlStreamWriter *writer, const std::optional<DefaultRate>
                                  QString::number(rate->value, 'f', 2));
 }
 
-void writeFile(QXmlStreamWriter *writer, const VLT_VcdFile &file, const QString &designName)
+void writeFile(QXmlStreamWriter *writer, const VLT_VcdFile &file)
 {
     writer->writeEmptyElement(NODE_FILE);
     writer->writeAttribute(ATTR_TYPE, file.isVcd ? TYPE_VCD : TYPE_SAIF);
     writer->writeAttribute(ATTR_NAME, file.file);
-    writer->writeAttribute(ATTR_ENTITY, file.entity == designName ? QString() : file.entity);
+    writer->writeAttribute(ATTR_ENTITY, file.entity);
     if (!file.startTime.isEmpty())
         writer->writeAttribute(ATTR_START_TIME, file.startTime);
     if (!file.endTime.isEmpty())
@@ -118,14 +118,13 @@ bool readFiles(const QDomElement &root, std::optional<bool> *filterGlitch,
     return true;
 }
 
-void writeFiles(QXmlStreamWriter *writer, const Records<VLT_VcdFile> &files, bool filterGlitch,
-                const QString &designName)
+void writeFiles(QXmlStreamWriter *writer, const Records<VLT_VcdFile> &files, bool filterGlitch)
 {
     if (files.isEmpty())
         return;
     writer->writeStartElement(NODE_SIMU_FILE);
     for (int i = 0; i < files.size(); ++i)
-        writeFile(writer, files[i], designName);
+        writeFile(writer, files[i]);
     writer->writeTextElement(NODE_FILTER_GLITCH, filterGlitch ? FLAG_TRUE : FLAG_FALSE);
     writer->writeEndElement();
 }

@@ -64,9 +64,8 @@ void writeDefaultRates(QXmlStreamWriter *writer, const DefaultRates &rates);
 
 bool readFiles(const QDomElement &root, std::optional<bool> *filterGlitch,
                const RecordSink<VLT_VcdFile> &add);
-/// Writes nothing without records. The entity `designName` is written as an empty one.
-void writeFiles(QXmlStreamWriter *writer, const Records<VLT_VcdFile> &files, bool filterGlitch,
-                const QString &designName = QString());
+/// Writes nothing without records.
+void writeFiles(QXmlStreamWriter *writer, const Records<VLT_VcdFile> &files, bool filterGlitch);
 
 /// `value` becomes 0, not the 100 of a new page, when the section does not give it.
 bool readClocks(const QDomElement &root, double *value, const RecordSink<VLT_ClkEnable> &add);

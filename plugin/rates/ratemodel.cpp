@@ -4,11 +4,6 @@ namespace VLT {
 
 namespace {
 
-bool refuse(VLT_Rate &, const QVariant &)
-{
-    return false;
-}
-
 /// A negative number clears the value.
 bool storeValue(VLT_Rate &rate, const QVariant &value)
 {
@@ -24,7 +19,7 @@ bool storeValue(VLT_Rate &rate, const QVariant &value)
 RateModel::RateModel(QList<VLT_Rate *> &records, QObject *parent)
     : RecordModel(nullptr, records, parent,
                   {Column::text("Name", &VLT_Rate::name)
-                       .storedBy(refuse)
+                       .refusingEdits()
                        .sortedBy(lessThanByName, greaterThanByName, &VLT_Rate::name),
                    Column::served("Value", [this](const VLT_Rate &rate,
                                                   int role) { return valueData(rate, role); })

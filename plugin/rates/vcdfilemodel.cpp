@@ -70,11 +70,19 @@ QVariant shownEnd(const File &file)
 VcdFileModel::VcdFileModel(QList<VLT_VcdFile *> &records, QObject *parent)
     : RecordModel(
           nullptr, records, parent,
-          {Column::served("Instance", instanceData).sortedBy(lessThanByInst, greaterThanByInst),
-           Column::served("File Name", fileNameData).sortedBy(lessThanByFile, greaterThanByFile),
-           centred("File Type", shownType).sortedBy(lessThanByFileType, greaterThanByFileType),
-           centred(nullptr, shownStart).sortedBy(lessThanByStart, greaterThanByStart),
-           centred(nullptr, shownEnd).sortedBy(lessThanByEnd, greaterThanByEnd)})
+          {Column::served("Instance", instanceData)
+               .refusingEdits()
+               .sortedBy(lessThanByInst, greaterThanByInst),
+           Column::served("File Name", fileNameData)
+               .refusingEdits()
+               .sortedBy(lessThanByFile, greaterThanByFile),
+           centred("File Type", shownType)
+               .refusingEdits()
+               .sortedBy(lessThanByFileType, greaterThanByFileType),
+           centred(nullptr, shownStart)
+               .refusingEdits()
+               .sortedBy(lessThanByStart, greaterThanByStart),
+           centred(nullptr, shownEnd).refusingEdits().sortedBy(lessThanByEnd, greaterThanByEnd)})
 {
 }
 

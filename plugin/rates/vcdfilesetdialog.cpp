@@ -8,6 +8,7 @@
 #include "ui_vcdfilesetdialog.h"
 #include "widgets/plainmessage.h"
 
+#include "nlsdata/netlist.h"
 #include "utils/fileutils.h"
 
 #include <QDir>
@@ -36,6 +37,13 @@ public:
     }
 };
 
+/// The time of a field, without a trailing point whose decimals were not typed.
+QString finishedTime(const QLineEdit *field)
+{
+    const QString text = field->text();
+    return text.endsWith(QLatin1Char('.')) ? text.chopped(1) : text;
+}
+
 } // namespace
 
 VcdFileSetDialog::VcdFileSetDialog(VLTView *view, QWidget *parent, VLT_VcdFile *record)
@@ -43,6 +51,7 @@ VcdFileSetDialog::VcdFileSetDialog(VLTView *view, QWidget *parent, VLT_VcdFile *
     , m_ui(std::make_unique<Ui::VcdFileSetDialog>())
     , m_document(documentOf(view))
     , m_record(record)
+    , m_designName(currentDesign())
 {
     m_ui->setupUi(this);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
@@ -88,15 +97,24 @@ void VcdFileSetDialog::onBtnSelectFile()
 void VcdFileSetDialog::onBtnSelectInstance()
 {
     const QPointer<VcdFileSetDialog> self(this);
+    const QString design = currentDesign();
     const QPointer<ModuleInstSelectDialog> dialog =
         new ModuleInstSelectDialog(this, m_document->getNetlist(), true);
     const bool accepted = dialog->exec() == QDialog::Accepted;
     if (!self || !dialog)
         return;
     const QStringList selected = dialog->getSelected();
-    if (accepted && !selected.isEmpty())
+    if (accepted && !selected.isEmpty()) {
         m_ui->editInstance->setText(selected.first());
+        m_designName = design;
+    }
     delete dialog;
+}
+
+QString VcdFileSetDialog::currentDesign() const
+{
+    const NlsData::Netlist *netlist = m_document->getNetlist();
+    return netlist ? netlist->name() : QString();
 }
 
 void VcdFileSetDialog::onTypeChanged()
@@ -115,8 +133,8 @@ void VcdFileSetDialog::accept()
         return;
     }
     const bool isVcd = m_ui->radioVcd->isChecked();
-    const QString start = isVcd ? m_ui->editStartTime->text() : QString();
-    const QString end = isVcd ? m_ui->editEndTime->text() : QString();
+    const QString start = isVcd ? finishedTime(m_ui->editStartTime) : QString();
+    const QString end = isVcd ? finishedTime(m_ui->editEndTime) : QString();
     if (!checkTimes(start, end))
         return;
 

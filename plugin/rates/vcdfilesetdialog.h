@@ -29,6 +29,9 @@ public:
     /// when there is none.
     VLT_VcdFile *data() const { return m_record; }
 
+    /// Name of the design when the instance was chosen: an instance of that name is the design.
+    QString designName() const { return m_designName; }
+
 public slots:
     void onBtnSelectFile();
     void onBtnSelectInstance();
@@ -37,6 +40,7 @@ public slots:
 
 private:
     void showRecord();
+    QString currentDesign() const;
     bool refuse(const QString &text);
     bool checkFile(const QString &path);
     bool checkTimes(const QString &start, const QString &end);
@@ -44,6 +48,7 @@ private:
     const std::unique_ptr<Ui::VcdFileSetDialog> m_ui;
     Document *const m_document;
     VLT_VcdFile *m_record;
+    QString m_designName;
 };
 
 } // namespace VLT

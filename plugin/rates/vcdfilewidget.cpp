@@ -17,6 +17,12 @@
 
 namespace VLT {
 
+namespace {
+
+constexpr int RATE_WIDTH = 110;
+
+} // namespace
+
 VcdFileWidget::VcdFileWidget(VLTView *view, QWidget *parent)
     : RecordPage(view, parent)
     , m_view(view)
@@ -31,9 +37,16 @@ VcdFileWidget::VcdFileWidget(VLTView *view, QWidget *parent)
     // the dialog.
     connect(m_ui->tableView, &QTableView::doubleClicked, this, &VcdFileWidget::onEditData,
             Qt::QueuedConnection);
+    auto *edit = new QAction(m_ui->tableView);
+    edit->setShortcuts({Qt::Key_F2, Qt::Key_Return, Qt::Key_Enter});
+    edit->setShortcutContext(Qt::WidgetShortcut);
+    m_ui->tableView->addAction(edit);
+    connect(
+        edit, &QAction::triggered, this, [this] { onEditData(m_ui->tableView->currentIndex()); },
+        Qt::QueuedConnection);
     connect(m_ui->checkGlitch, &QCheckBox::clicked, this, &VcdFileWidget::onGlitchChanged);
-    for (const QDoubleSpinBox *edit : {m_ui->editIOValue, m_ui->editRemainValue}) {
-        connect(edit, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+    for (const QDoubleSpinBox *field : {m_ui->editIOValue, m_ui->editRemainValue}) {
+        connect(field, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
                 &VcdFileWidget::modified);
     }
     connect(m_ui->comboIOUnit, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
@@ -70,6 +83,7 @@ void VcdFileWidget::readData(QDomElement *parent)
         if (file.entity.isEmpty())
             file.entity = designName();
         m_records.append(std::make_unique<VLT_VcdFile>(std::move(file)));
+        m_designNames.insert(m_records.list().last(), designName());
     };
     if (!readFiles(*parent, &filterGlitch, add))
         return;
@@ -89,8 +103,22 @@ void VcdFileWidget::restore(const std::optional<DefaultRate> &rate, const RateFi
 
 void VcdFileWidget::writeData(QXmlStreamWriter *writer) const
 {
+    const FileSection section = files();
     writeDefaultRates(writer, defaultRates());
-    writeFiles(writer, m_records.list(), m_ui->checkGlitch->isChecked(), designName());
+    writeFiles(writer, section.records, section.filterGlitch.value_or(false));
+}
+
+FileSection VcdFileWidget::files() const
+{
+    FileSection section{!m_records.list().isEmpty(), m_records.values(), std::nullopt};
+    if (section.present)
+        section.filterGlitch = m_ui->checkGlitch->isChecked();
+    for (int i = 0; i < section.records.size(); ++i) {
+        QString &entity = section.records[i].entity;
+        if (entity == m_designNames.value(m_records.list().at(i)))
+            entity.clear();
+    }
+    return section;
 }
 
 DefaultRates VcdFileWidget::defaultRates() const
@@ -135,6 +163,7 @@ void VcdFileWidget::onNew()
         return;
     const int oldCount = m_records.list().size();
     m_records.append(std::unique_ptr<VLT_VcdFile>(dialog->data()));
+    m_designNames.insert(dialog->data(), dialog->designName());
     showAdded(oldCount);
     modified();
 }
@@ -144,9 +173,12 @@ void VcdFileWidget::onEditData(QModelIndex index)
     VLT_VcdFile *file = m_records.list().value(index.isValid() ? index.row() : -1);
     if (!file)
         return;
+    const QString entity = file->entity;
     GuardedDialog<VcdFileSetDialog> dialog(new VcdFileSetDialog(m_view, this, file));
     if (!dialog.exec())
         return;
+    if (file->entity != entity)
+        m_designNames.insert(file, dialog->designName());
     m_model.updateRow(m_records.list().indexOf(file));
     modified();
 }
@@ -181,20 +213,17 @@ void VcdFileWidget::changeUnit(const RateField &field)
     if (unit == RateUnit::Toggle && field.value->value() > limit)
         field.value->setValue(DefaultRate().value);
     field.value->setMaximum(limit);
+    // The usual width holds the largest toggle rate; the largest signal rate needs more.
+    field.value->setFixedWidth(unit == RateUnit::Toggle
+                                   ? RATE_WIDTH
+                                   : std::max(RATE_WIDTH, field.value->sizeHint().width()));
     modified();
 }
 
 void VcdFileWidget::collect(Configuration *configuration) const
 {
     configuration->defaultRates = defaultRates();
-    FileSection files{!m_records.list().isEmpty(), m_records.values(), std::nullopt};
-    if (files.present)
-        files.filterGlitch = m_ui->checkGlitch->isChecked();
-    for (VLT_VcdFile &file : files.records) {
-        if (file.entity == designName())
-            file.entity.clear();
-    }
-    configuration->files = files;
+    configuration->files = files();
 }
 
 } // namespace VLT

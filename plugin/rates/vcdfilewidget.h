@@ -5,6 +5,8 @@
 #include "tables/page.h"
 #include "tables/recordpage.h"
 
+#include <QHash>
+
 #include <memory>
 
 class QComboBox;
@@ -60,9 +62,14 @@ private:
     void changeUnit(const RateField &field);
 
     DefaultRates defaultRates() const;
+    /// As in the file: without an entity where that is the design.
+    FileSection files() const;
     QString designName() const;
 
     VLTView *const m_view; // for the dialog
+    /// What the design was called when a record was bound or read: synthesis may rename it. Has an
+    /// entry for every listed record; those of removed ones are never looked up.
+    QHash<const VLT_VcdFile *, QString> m_designNames;
     const std::unique_ptr<Ui::VcdFileTableView> m_ui;
 };
 

@@ -124,6 +124,13 @@ struct Column
         return std::move(*this);
     }
 
+    /// Answers that nothing was stored, for cells that no edit may seem to change.
+    Column refusingEdits() &&
+    {
+        store = [](Record &, const QVariant &) { return false; };
+        return std::move(*this);
+    }
+
     Column storedBy(Store function) &&
     {
         store = std::move(function);

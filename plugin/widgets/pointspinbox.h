@@ -6,7 +6,7 @@ namespace VLT {
 
 /// A spin box that shows a point as the decimal sign whatever the system's locale, and takes a
 /// typed comma for one. The wheel changes it only while it has the focus, so that scrolling a page
-/// changes no value.
+/// changes no value. Enter reports a value only when it has changed.
 class PointSpinBox : public QDoubleSpinBox
 {
     Q_OBJECT
@@ -17,6 +17,7 @@ public:
     QValidator::State validate(QString &input, int &pos) const override;
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 };
 

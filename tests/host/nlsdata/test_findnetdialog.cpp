@@ -107,6 +107,7 @@ void TestFindNetDialog::filters()
             {"clk*", "clk"},
             {"*c?k", "CPU_clk clk"},
             {"d*[2]", "data[2]"},
+            {" data[1] ", "data[1]"}, // pasted
             {"(", ""},
         };
         for (const auto &[filter, expected] : cases) {

@@ -155,8 +155,11 @@ void TestVcdFileSetDialog::checksTimes()
         }
         form.pressOk();
         QCOMPARE(form.dialog.result(), int(QDialog::Accepted));
+        QString end = QLatin1String(times.end);
+        if (end.endsWith(QLatin1Char('.'))) // unfinished
+            end.chop(1);
         QCOMPARE(record.startTime + record.endTime + record.timeUnit,
-                 QLatin1String(times.start) + QLatin1String(times.end) + QLatin1String("ns"));
+                 QLatin1String(times.start) + end + QLatin1String("ns"));
     }
 }
 

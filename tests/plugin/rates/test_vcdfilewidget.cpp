@@ -79,6 +79,11 @@ private slots:
     void addsEditsAndRemoves();
     void survivesClosingUnderItsDialog();
     void refusesMissingFiles();
+    void renamedDesignStaysTheDesign();
+    void editsByKey();
+    void largestRateIsShownWhole();
+    void enterOnUnchangedNumberMarksNothing();
+    void cellsStoreNothing();
 
 private:
     const TestHost m_host;
@@ -246,6 +251,81 @@ void TestVcdFileWidget::refusesMissingFiles()
     QVERIFY(!f.page->checkData());
     QCOMPARE(driver.title(), QStringLiteral("Warning"));
     QCOMPARE(driver.text(), QStringLiteral("The vcd file '<i>%2.vcd' doesn't exist."));
+}
+
+void TestVcdFileWidget::renamedDesignStaysTheDesign()
+{
+    const TestHost host;
+    const Fixture f(host);
+    f.read(
+        files(R"(<File type="vcd" name="x" entity=""/><File type="vcd" name="y" entity="core"/>)"));
+    const QByteArray before = f.written();
+    host.useNetlist(TestHost::defaultNetlist().replace("\"top\"", "\"soc\""));
+    host.finishSynthesis();
+    QTRY_COMPARE(f.view->getNetlist()->name(), QStringLiteral("soc"));
+    QCOMPARE(f.written(), before);
+
+    // An edit of something else leaves it bound to the design.
+    host.write(QStringLiteral("x.vcd"), "");
+    ModalDriver driver([&](QWidget *dialog) {
+        dialog->findChild<QLineEdit *>(QStringLiteral("editFile"))
+            ->setText(host.path(QStringLiteral("x.vcd")));
+        qobject_cast<QDialog *>(dialog)->accept();
+    });
+    f.page->onEditData(f.table->model()->index(0, 0));
+    QVERIFY2(f.written().contains("x.vcd\" entity=\"\""), f.written());
+}
+
+void TestVcdFileWidget::editsByKey()
+{
+    const Fixture f(m_host);
+    f.read(files(R"(<File type="vcd" name="x" entity=""/>)"));
+    f.page->raise(); // in front of the view's own pages
+    f.page->show();
+    f.table->setCurrentIndex(f.table->model()->index(0, 0));
+    for (const Qt::Key key : {Qt::Key_F2, Qt::Key_Return, Qt::Key_Enter}) {
+        f.view->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(f.view.get()));
+        f.table->setFocus();
+        QTRY_VERIFY(f.table->hasFocus());
+        ModalDriver driver([](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
+        QTest::keyClick(f.table, key);
+        QTRY_VERIFY(driver.ran());
+        QTRY_VERIFY(!QApplication::activeModalWidget());
+    }
+}
+
+void TestVcdFileWidget::largestRateIsShownWhole()
+{
+    const Fixture f(m_host);
+    QCOMPARE(f.ioValue->minimumWidth(), 110);
+    f.ioUnit->setCurrentIndex(1);
+    f.ioValue->setValue(99999999);
+    f.view->grab(); // lays out
+    const auto *field = f.ioValue->findChild<QLineEdit *>();
+    QVERIFY(field->fontMetrics().horizontalAdvance(field->text()) < field->width());
+    f.ioUnit->setCurrentIndex(0);
+    QCOMPARE(f.ioValue->maximumWidth(), 110);
+}
+
+void TestVcdFileWidget::enterOnUnchangedNumberMarksNothing()
+{
+    const Fixture f(m_host);
+    QTest::keyClick(f.ioValue, Qt::Key_Return);
+    QVERIFY(!f.view->isModified());
+    f.ioValue->selectAll();
+    QTest::keyClicks(f.ioValue, QStringLiteral("7"));
+    QTest::keyClick(f.ioValue, Qt::Key_Return);
+    QVERIFY(f.view->isModified());
+    QCOMPARE(f.ioValue->value(), 7.0);
+}
+
+void TestVcdFileWidget::cellsStoreNothing()
+{
+    const Fixture f(m_host);
+    f.read(files(R"(<File type="vcd" name="x" entity=""/>)"));
+    for (int column = 0; column < 3; ++column)
+        QVERIFY(!f.table->model()->setData(f.table->model()->index(0, column), 1));
 }
 
 QTEST_MAIN(TestVcdFileWidget)
