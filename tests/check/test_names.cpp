@@ -226,12 +226,13 @@ void TestNames::proposes_data()
         "f missing> q likely; g missing> p likely");
     row("part not for all", {"u/f", "u/g"}, {}, {{"w/f", {}}, {"x/g", {}}},
         "u/f missing>; u/g missing>");
-    row("part still there", {"u/f", "u/g"}, {}, {{"w/f", {}}, {"w/g", {}}, {"u/g", {}}},
-        "u/f missing>; u/g unknown>");
+    row("part still there", {"u/f", "u/g", "u/h"}, {}, {{"w/f", {}}, {"w/g", {}}, {"u/h", {}}},
+        "u/f missing>; u/g missing>; u/h unknown>");
     row("two parts would do", {"u/f", "u/g"}, {},
         {{"w/f", {}}, {"w/g", {}}, {"x/f", {}}, {"x/g", {}}}, "u/f missing>; u/g missing>");
-    row("target of a part is listed", {"u/f", "u/g", "w/g"}, {}, {{"w/f", {}}, {"w/g", {}}},
-        "u/f missing>; u/g missing>; w/g unknown>");
+    row("only one part is free", {"u/f", "u/g", "w/g"}, {},
+        {{"w/f", {}}, {"w/g", {}}, {"x/f", {}}, {"x/g", {}}},
+        "u/f missing> x/f likely; u/g missing> x/g likely; w/g unknown>");
     row("similar", {"count"}, {}, {{"counter", {}}, {"count1", {}}}, "count missing>");
 }
 
