@@ -3,6 +3,7 @@
 #include "config/limits.h"
 #include "tables/document.h"
 #include "ui_vltcommonwidget.h"
+#include "widgets/dimlabels.h"
 #include "widgets/wheelguard.h"
 
 #include "core/idecore.h"
@@ -62,11 +63,11 @@ VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
 {
     QUtil::EventManager::instance()->subscribe(this, deviceChangeEvent());
     m_ui->setupUi(this);
-    alignColumns({{m_ui->gridConditions, 0},
-                  {m_ui->gridEnvironment, 0},
-                  {m_ui->gridVoltage, 0},
-                  insideOf(m_ui->groupHeat, m_ui->gridHeat),
-                  insideOf(m_ui->groupBoard, m_ui->gridBoard)});
+    alignGrids();
+    dimLabelsWithFields(this);
+    // Check boxes stand in for the labels of these two.
+    m_ui->lineEditJA->setAccessibleName(tr("Custom Theta JA"));
+    m_ui->spinJunctionTemp->setAccessibleName(tr("Junction Temperature"));
     // The page has the background of its tab, as the other pages.
     m_ui->scrollArea->viewport()->setAutoFillBackground(false);
     m_ui->contents->setAutoFillBackground(false);
@@ -74,6 +75,24 @@ VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
     // Before the page reads a file: one without voltages gets the device's defaults.
     if (updateVoltageInfo())
         setVoltageDefaults();
+}
+
+void VLTSettingWidget::alignGrids()
+{
+    alignColumns({{m_ui->gridConditions, 0},
+                  {m_ui->gridEnvironment, 0},
+                  {m_ui->gridVoltage, 0},
+                  insideOf(m_ui->groupHeat, m_ui->gridHeat),
+                  insideOf(m_ui->groupBoard, m_ui->gridBoard)});
+}
+
+bool VLTSettingWidget::event(QEvent *event)
+{
+    const bool handled = QWidget::event(event);
+    // The children have the new font by now, and with it other sizes.
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        alignGrids();
+    return handled;
 }
 
 VLTSettingWidget::~VLTSettingWidget()

@@ -72,7 +72,11 @@ public slots:
     void onValueChanged();
     void updateJunctionTempRange();
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
+    void alignGrids();
     void connectFields();
     void setVoltageDefaults();
     /// What saving writes: without what another entry overrules.

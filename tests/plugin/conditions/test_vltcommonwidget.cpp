@@ -3,6 +3,7 @@
 
 #include "host/core/viewarea.h"
 
+#include <QAccessible>
 #include <QTabWidget>
 #include <QtTest>
 
@@ -28,6 +29,9 @@ private slots:
     void disabledAncestorDropsNothing();
     void commaLocaleKeepsEveryValue();
     void wheelOverAComboChangesNothing();
+    void labelsDimWithTheirFields();
+    void columnsFollowTheFont();
+    void fieldsHaveNamesOfTheirOwn();
 
 private:
     VLT::VLTSettingPlugin m_plugin;
@@ -229,6 +233,51 @@ void TestVLTCommonWidget::wheelOverAComboChangesNothing()
                       Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(page.combo("comboGrade"), &event);
     QCOMPARE(page.combo("comboGrade")->currentIndex(), 0);
+}
+
+void TestVLTCommonWidget::labelsDimWithTheirFields()
+{
+    const ConditionsPage page(*m_host);
+    const auto *label = page.find<QLabel>("labelVCCX");
+    const auto color = [label] {
+        return label->palette().color(QPalette::Active, QPalette::WindowText);
+    };
+    const QColor bright = color();
+    DEV::DeviceArg fixed;
+    fixed.partName = QStringLiteral("QF1-01");
+    page.view->setDevice(fixed);
+    QVERIFY(label->isEnabledTo(page.page));
+    QCOMPARE(color(), label->palette().color(QPalette::Disabled, QPalette::WindowText));
+    page.view->setDevice({});
+    QCOMPARE(color(), bright);
+}
+
+void TestVLTCommonWidget::columnsFollowTheFont()
+{
+    const ConditionsPage page(*m_host);
+    QFont font = page.view->font();
+    font.setPointSize(font.pointSize() * 2);
+    page.view->setFont(font);
+    page.view->resize(1600, 1400);
+    page.view->show();
+    const auto left = [&page](const char *name) {
+        return page.find<QWidget>(name)->mapTo(page.page, QPoint()).x();
+    };
+    QTRY_COMPARE(left("doubleSpinVCC"), left("spinAmbTemp"));
+    for (const char *name : {"comboGrade", "lineEditSA", "spinBoardTemp", "spinJunctionTemp"})
+        QCOMPARE(left(name), left("spinAmbTemp"));
+}
+
+void TestVLTCommonWidget::fieldsHaveNamesOfTheirOwn()
+{
+    const ConditionsPage page(*m_host);
+    QSet<QString> names;
+    const auto fields = page.page->findChildren<QDoubleSpinBox *>();
+    for (QDoubleSpinBox *field : fields) {
+        const QString name = QAccessible::queryAccessibleInterface(field)->text(QAccessible::Name);
+        QVERIFY2(!name.isEmpty() && !names.contains(name), qPrintable(name));
+        names.insert(name);
+    }
 }
 
 QTEST_MAIN(TestVLTCommonWidget)
