@@ -50,15 +50,17 @@ QVector<PathPart> partsOf(const QString &name, const QStringList &cellTypes)
     if (name.endsWith(QLatin1Char(']')))
         add(begin, name.lastIndexOf(QLatin1Char('[')));
     for (const QString &type : cellTypes)
-        add(begin, name.indexOf(QLatin1Char('_') + type + QLatin1Char('_'), begin + 1));
+        add(begin, name.indexOf(type, begin + 1));
     return parts;
 }
 
 Substitutions::Substitutions(QVector<ReviewedRecord> *records, const DesignNames &design)
     : m_records(*records)
     , m_design(design)
-    , m_cellTypes(design.nets().cellTypes())
 {
+    const QStringList types = design.nets().cellTypes();
+    for (const QString &type : types)
+        m_cellTypes.append(QLatin1Char('_') + type + QLatin1Char('_'));
 }
 
 void Substitutions::propose()

@@ -15,8 +15,8 @@ struct PathPart
 };
 
 /// Every way to replace one part of `name`: a component, or the front of the last one, before its
-/// bit or what synthesis has put behind it for one of `cellTypes`. A part with nothing behind it is
-/// no way: anything would do in its place.
+/// bit or before one of `cellTypes` between underscores, which synthesis puts there. A part with
+/// nothing behind it is no way: anything would do in its place.
 QVector<PathPart> partsOf(const QString &name, const QStringList &cellTypes);
 
 /// Proposes names by substitutions, each of which explains a whole group of two or more: every
@@ -50,7 +50,7 @@ private:
 
     QVector<ReviewedRecord> &m_records;
     const DesignNames &m_design;
-    const QStringList m_cellTypes;
+    QStringList m_cellTypes; // each between underscores
     QHash<Prefix, QVector<Member>> m_groups;
     QSet<Prefix> m_kept;                    // of listed names that are as they were
     QSet<NamedRecord> m_taken;              // listed names that stay, and proposals
