@@ -32,9 +32,10 @@ ColumnSharing::ColumnSharing(QTableView *table)
     : QObject(table)
     , m_table(table)
     , m_header(table->horizontalHeader())
+    , m_headerViewport(m_header->viewport())
 {
     m_table->viewport()->installEventFilter(this);
-    m_header->viewport()->installEventFilter(this);
+    m_headerViewport->installEventFilter(this);
     connect(m_header, &QHeaderView::sectionResized, this, [this] {
         if (m_pressed && !m_sharing)
             m_moved = true;
@@ -45,7 +46,7 @@ bool ColumnSharing::eventFilter(QObject *watched, QEvent *event)
 {
     if (!sharingEnabled)
         return false;
-    const bool onHeader = watched == m_header->viewport();
+    const bool onHeader = watched == m_headerViewport;
     switch (event->type()) {
     case QEvent::Show:
     case QEvent::Resize:

@@ -8,6 +8,7 @@
 class QHeaderView;
 class QHelpEvent;
 class QTableView;
+class QWidget;
 
 namespace Utils {
 
@@ -42,6 +43,8 @@ private:
 
     QTableView *const m_table;
     QHeaderView *const m_header;
+    // Apart, because it goes on getting events when of the header only the widget is left.
+    QWidget *const m_headerViewport;
     QVector<int> m_start; // widths when the table was first shown; empty before
     bool m_sharing = false;
     bool m_pressed = false; // a mouse button, on the header
