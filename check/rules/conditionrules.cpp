@@ -1,13 +1,13 @@
 #include "check/rules/rules.h"
 
 #include "config/filenames.h"
-#include "config/limits.h"
 #include "config/plainnumber.h"
+#include "config/supplyrules.h"
 #include "host/dev/devicecatalogue.h"
 
 #include <QStringList>
 
-#include <cmath>
+#include <array>
 
 namespace Check {
 
@@ -15,33 +15,31 @@ namespace {
 
 using VLT::Conditions;
 
-// Decimals of the voltage fields; what is beyond them is lost when the file is opened.
-constexpr int VOLTAGE_DECIMALS = 3;
-
-double asInField(double voltage)
+VLT::Supplies suppliesOf(const DEV::SupplyData &data)
 {
-    const double limited = qBound(VLT::VOLTAGE.minimum, voltage, VLT::VOLTAGE.maximum);
-    return QString::number(limited, 'f', VOLTAGE_DECIMALS).toDouble();
+    const auto supply = [](const DEV::Supply &supply) {
+        return VLT::Supply{supply.min, supply.max, supply.defaultValue};
+    };
+    return {{supply(data.vcc), supply(data.vccx), supply(data.vccldo)},
+            data.vccVccx,
+            data.vccxVccldo,
+            data.vccVccldo};
 }
 
 /// One supply of a device, and what the file says of it.
 struct SupplyEntry
 {
     QString node;
-    DEV::Supply supply;
+    VLT::Supply supply;
     std::optional<double> stored;
 
-    bool exists() const { return !supply.defaultValue.isEmpty(); }
-    double defaultValue() const { return asInField(VLT::numberFromText(supply.defaultValue)); }
-
-    bool isOutside() const
-    {
-        return stored && (asInField(*stored) < asInField(VLT::numberFromText(supply.min)) ||
-                          asInField(*stored) > asInField(VLT::numberFromText(supply.max)));
-    }
+    bool isOutside() const { return stored && supply.isOutside(VLT::voltageInField(*stored)); }
 
     /// What the field shows before ties move it.
-    double opened() const { return !stored || isOutside() ? defaultValue() : asInField(*stored); }
+    double opened() const
+    {
+        return !stored || isOutside() ? supply.defaultVoltage() : VLT::voltageInField(*stored);
+    }
 };
 
 class ConditionCheck
@@ -123,16 +121,16 @@ void ConditionCheck::checkSupply(const SupplyEntry &entry, const QString &device
     if (!entry.stored)
         return;
     const QString value = VLT::numberText(*entry.stored);
-    if (!entry.exists())
+    if (!entry.supply.exists())
         add("supply-absent", entry.node,
             QStringLiteral("%1 does not have the supply %2: opening drops it")
                 .arg(device, entry.node));
     else if (entry.isOutside())
         add("supply-range", entry.node,
             QStringLiteral("%1 V is outside the %2 to %3 V of %4: opening replaces it by %5")
-                .arg(value, entry.supply.min, entry.supply.max, device,
-                     VLT::numberText(entry.defaultValue())),
-            VLT::numberText(entry.defaultValue()));
+                .arg(value, entry.supply.minimum, entry.supply.maximum, device,
+                     VLT::numberText(entry.supply.defaultVoltage())),
+            VLT::numberText(entry.supply.defaultVoltage()));
 }
 
 void ConditionCheck::checkTie(const SupplyEntry &leader, const SupplyEntry &follower,
@@ -154,26 +152,22 @@ void ConditionCheck::checkSupplies(const QString &device)
         return;
     }
     const DEV::ChipInfo chip = catalogue->chipInfo(device);
-    const DEV::SupplyData data = catalogue->supplies(chip.device, chip.package);
-    const SupplyEntry vcc = {VLT::NODE_VCC, data.vcc, m_conditions.vcc};
-    const SupplyEntry vccx = {VLT::NODE_VCCX, data.vccx, m_conditions.vccx};
-    const SupplyEntry vccLdo = {VLT::NODE_VCC_LDO, data.vccldo, m_conditions.vccLdo};
-    if (!vcc.exists()) {
+    const VLT::Supplies supplies = suppliesOf(catalogue->supplies(chip.device, chip.package));
+    const std::array<SupplyEntry, VLT::SUPPLY_COUNT> entries = {
+        {{VLT::NODE_VCC, supplies.supply[VLT::VCC], m_conditions.vcc},
+         {VLT::NODE_VCCX, supplies.supply[VLT::VCCX], m_conditions.vccx},
+         {VLT::NODE_VCC_LDO, supplies.supply[VLT::VCCLDO], m_conditions.vccLdo}}};
+    if (!entries[VLT::VCC].supply.exists()) {
         m_findings->add("device-unknown", 0, QString(),
                         QStringLiteral("%1 has no supply data: the editor does not open a "
                                        "configuration on it")
                             .arg(device));
         return;
     }
-    for (const SupplyEntry *entry : {&vcc, &vccx, &vccLdo})
-        checkSupply(*entry, device);
-    // Only the first tie that applies is kept.
-    if (data.vccVccx)
-        checkTie(vcc, vccx, device);
-    else if (data.vccxVccldo)
-        checkTie(vccx, vccLdo, device);
-    else if (data.vccVccldo)
-        checkTie(vcc, vccLdo, device);
+    for (const SupplyEntry &entry : entries)
+        checkSupply(entry, device);
+    if (const auto tie = supplies.tie())
+        checkTie(entries[tie->leader], entries[tie->follower], device);
 }
 
 } // namespace

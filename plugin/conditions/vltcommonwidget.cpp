@@ -1,6 +1,8 @@
 #include "conditions/vltcommonwidget.h"
 
-#include "config/limits.h"
+#include "conditions/conditionsform.h"
+#include "conditions/supplyfields.h"
+#include "config/sections.h"
 #include "tables/document.h"
 #include "ui_vltcommonwidget.h"
 #include "widgets/dimlabels.h"
@@ -54,6 +56,20 @@ void alignColumns(const QVector<Grid> &grids)
     }
 }
 
+Supplies suppliesOf(const ZUM::Voltage &voltage)
+{
+    Supplies supplies;
+    supplies.supply[VCC] = {voltage.getVCCMin(), voltage.getVCCMax(), voltage.getVCCDefaultValue()};
+    supplies.supply[VCCX] = {voltage.getVCCXMin(), voltage.getVCCXMax(),
+                             voltage.getVCCXDefaultValue()};
+    supplies.supply[VCCLDO] = {voltage.getVCCLDOMin(), voltage.getVCCLDOMax(),
+                               voltage.getVCCLDODefaultValue()};
+    supplies.vccIsVccx = voltage.isVCCVCCXShortCircuit();
+    supplies.vccxIsVccLdo = voltage.isVCCXVCCLDOShortCircuit();
+    supplies.vccIsVccLdo = voltage.isVCCVCCLDOShortCircuit();
+    return supplies;
+}
+
 } // namespace
 
 VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
@@ -72,9 +88,13 @@ VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
     m_ui->scrollArea->viewport()->setAutoFillBackground(false);
     m_ui->contents->setAutoFillBackground(false);
     connectFields();
+    m_supplies = new SupplyFields({{{m_ui->labelVCC, m_ui->doubleSpinVCC},
+                                    {m_ui->labelVCCX, m_ui->doubleSpinVCCX},
+                                    {m_ui->labelVCCLDO, m_ui->doubleSpinVCCLDO}}},
+                                  this);
     // Before the page reads a file: one without voltages gets the device's defaults.
     if (updateVoltageInfo())
-        setVoltageDefaults();
+        m_supplies->setDefaults();
 }
 
 void VLTSettingWidget::alignGrids()
@@ -125,6 +145,23 @@ void VLTSettingWidget::connectFields()
 
     for (QComboBox *combo : {m_ui->comboGrade, m_ui->comboProcess, m_ui->comboAirFlow})
         ignoreWheelWithoutFocus(combo);
+}
+
+void VLTSettingWidget::readData(QDomElement *root)
+{
+    showConditions(readConditions(*root), *m_ui);
+    onChangeThetaEnable();
+    onJunctionTempChanged();
+}
+
+void VLTSettingWidget::writeData(QXmlStreamWriter *writer) const
+{
+    writeConditions(writer, conditionsOf(*m_ui, this));
+}
+
+void VLTSettingWidget::collect(Configuration *configuration) const
+{
+    configuration->conditions = conditionsOf(*m_ui, this);
 }
 
 void VLTSettingWidget::modified()
@@ -191,6 +228,47 @@ void VLTSettingWidget::updateJunctionTempRange()
 {
     const Range range = junctionRange(m_ui->comboGrade->currentText());
     m_ui->spinJunctionTemp->setRange(range.minimum, range.maximum);
+}
+
+bool VLTSettingWidget::updateVoltageInfo()
+{
+    const DEV::ChipInfo chip = TE::ProInfoManager::instance()->chipInfo();
+    const Supplies supplies = suppliesOf(ZUM::Voltage(chip.device, chip.package));
+    if (!supplies.supply[VCC].exists())
+        return false;
+    m_supplies->setSupplies(supplies);
+    m_chipInfo = chip;
+    return true;
+}
+
+void VLTSettingWidget::checkVlotageShow()
+{
+    m_supplies->showExisting();
+}
+
+void VLTSettingWidget::setDevice(DEV::DeviceArg device)
+{
+    m_ui->doubleSpinVCCX->setEnabled(!hasFixedVccx(device.partName));
+}
+
+void VLTSettingWidget::checkVoltageRange()
+{
+    m_supplies->applyRanges();
+    updateDoubleSpin();
+}
+
+void VLTSettingWidget::updateDoubleSpin()
+{
+    if (m_supplies->keepTie())
+        modified();
+}
+
+void VLTSettingWidget::connectVlotageDoubleSpin()
+{
+    for (QDoubleSpinBox *spinBox :
+         {m_ui->doubleSpinVCC, m_ui->doubleSpinVCCX, m_ui->doubleSpinVCCLDO})
+        connect(spinBox, qOverload<double>(&QDoubleSpinBox::valueChanged), this,
+                &VLTSettingWidget::onValueChanged);
 }
 
 void VLTSettingWidget::handleIEvent(const QUtil::IEvent *event)

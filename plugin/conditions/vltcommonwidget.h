@@ -10,14 +10,10 @@
 
 #include <memory>
 
-namespace ZUM {
-class Voltage;
-}
-
 namespace VLT {
 
-struct Conditions;
 class Document;
+class SupplyFields;
 class VLTView;
 
 namespace Ui {
@@ -78,16 +74,11 @@ protected:
 private:
     void alignGrids();
     void connectFields();
-    void setVoltageDefaults();
-    /// What saving writes: without what another entry overrules.
-    Conditions conditions() const;
-    void addHeatSink(Conditions *conditions) const;
-    void addBoard(Conditions *conditions) const;
 
     Document *const m_document;
     const std::unique_ptr<Ui::VLTSettingWidget> m_ui;
-    std::unique_ptr<ZUM::Voltage> m_voltage; ///< null until a chip with supply data was seen
-    DEV::ChipInfo m_chipInfo;
+    SupplyFields *m_supplies = nullptr;
+    DEV::ChipInfo m_chipInfo; // the last one with supply data
 };
 
 } // namespace VLT

@@ -1,6 +1,10 @@
 #include "document/vltview.h"
 
 #include "conditions/vltcommonwidget.h"
+#include "config/configurationfile.h"
+#include "document/netlistreload.h"
+#include "document/openeditors.h"
+#include "document/saving.h"
 #include "document/vltenablesetwidget.h"
 #include "document/vltratewidget.h"
 #include "tables/doubledelegate.h"
@@ -10,15 +14,13 @@
 
 #include "core/viewmanager.h"
 #include "nlsdata/netlist.h"
-#include "nlsdata/netlistreader.h"
 #include "qutil/eventmanager.h"
 #include "qutil/ievent.h"
-#include "te/constants.h"
-#include "te/flowmanager.h"
-#include "te/taskengine.h"
 
 #include <QCloseEvent>
 #include <QDir>
+#include <QDomDocument>
+#include <QFile>
 #include <QFileInfo>
 #include <QStyle>
 #include <QTabWidget>
@@ -35,6 +37,18 @@ QString processStatusEvent()
 }
 
 constexpr int PROCESS_FINISHED = 2;
+
+/// Whether what the pages have written is what the library makes of it, too. Every save of a debug
+/// build asks.
+[[maybe_unused]] bool isReadAlike(const QByteArray &saved, const Configuration &pages)
+{
+    ReadReport report;
+    const Configuration read = readConfiguration(saved, &report);
+    QByteArray bytes;
+    QString offender;
+    return writeConfiguration(read, &bytes, &offender) && bytes == saved &&
+           writeConfiguration(pages, &bytes, &offender) && bytes == saved;
+}
 
 } // namespace
 
@@ -61,6 +75,9 @@ VLTView::VLTView(DEV::DeviceArg device, NlsData::Netlist *netlist)
     for (const auto *delegate : findChildren<DoubleEditorDelegate *>())
         connect(delegate, &DoubleEditorDelegate::pendingEditChanged, this,
                 &VLTView::pendingEditsChanged);
+    m_reload = new NetlistReload(this);
+    connect(m_reload, &NetlistReload::succeeded, this, &VLTView::takeNetlist);
+    connect(m_reload, &NetlistReload::failed, this, &VLTView::closeWithoutNetlist);
     QUtil::EventManager::instance()->subscribe(this, processStatusEvent());
 }
 
@@ -119,6 +136,99 @@ bool VLTView::getVoltageInfo()
     return available;
 }
 
+bool VLTView::readCfgFile(const QString &path)
+{
+    m_file = path;
+    const WaitCursor wait;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return false;
+    QByteArray bytes = file.readAll();
+    file.close();
+    QDomDocument document;
+    const VlrContent content = parseFile(bytes, &document);
+    if (content == VlrContent::Invalid)
+        return false;
+    if (content == VlrContent::NoRoot) {
+        setModified(true);
+        // Wired all the same: voltages edited after the first save mark the document again.
+        m_settingPage->connectVlotageDoubleSpin();
+        return true;
+    }
+    // Not kept any longer than needed; freed after the tree, a large text would make the allocator
+    // sweep all of the tree's nodes before the view can show.
+    bytes.clear();
+    QDomElement root = document.documentElement();
+    for (Page *page : pages())
+        page->readData(&root);
+    m_file = path;
+    setModified(false);
+    setTitle();
+    m_settingPage->connectVlotageDoubleSpin();
+    m_settingPage->checkVoltageRange();
+    return true;
+}
+
+QVector<Page *> VLTView::pages() const
+{
+    return {m_settingPage, m_ratePage, m_enablePage};
+}
+
+Configuration VLTView::configuration() const
+{
+    Configuration configuration;
+    for (const Page *page : pages())
+        page->collect(&configuration);
+    return configuration;
+}
+
+bool VLTView::writeToFile()
+{
+    if (m_file.isEmpty())
+        return false;
+    commitEdits();
+    // The checks and messages run event loops, in which the view may be destroyed.
+    QPointer<VLTView> self(this);
+    if (!m_settingPage->checkData() || !self)
+        return false;
+    if (!m_ratePage->checkData() || !self)
+        return false;
+    QByteArray bytes;
+    if (!composeText(&bytes) || !saveBytes(m_file, bytes, this))
+        return false;
+    setModified(false);
+    return true;
+}
+
+bool VLTView::composeText(QByteArray *bytes)
+{
+    const auto writeSections = [this](QXmlStreamWriter *writer) {
+        for (const Page *page : pages())
+            page->writeData(writer);
+    };
+    QString offender;
+    {
+        const WaitCursor wait;
+        if (composeFile(writeSections, bytes)) {
+            Q_ASSERT(isReadAlike(*bytes, configuration()));
+            return true;
+        }
+        offender = unwritableText(configuration()).value_or(QString());
+    }
+    reportUnwritableText(m_file, offender, this);
+    return false;
+}
+
+void VLTView::commitEdits()
+{
+    commitOpenEditors(this);
+}
+
+bool VLTView::hasPendingEdits() const
+{
+    return hasPendingEditor(this);
+}
+
 void VLTView::handleIEvent(const QUtil::IEvent *event)
 {
     if (event->type() != processStatusEvent())
@@ -132,32 +242,19 @@ void VLTView::handleIEvent(const QUtil::IEvent *event)
 
 void VLTView::onNetlistChanged()
 {
-    if (m_closed)
-        return;
-    const QString path =
-        TE::TaskEngine::instance()->flowManager()->resultFile(QString::fromLatin1(TE::RES_NETLIST));
-    std::shared_ptr<NlsData::Netlist> netlist;
-    {
-        const WaitCursor wait;
-        netlist.reset(NlsData::readNetlistFile(path, nullptr, true));
-    }
-    if (netlist) {
-        m_netlist = netlist;
-        showChangedBanner();
-        return;
-    }
-    // The message announces that the view closes; another failure meanwhile has nothing to add.
-    if (m_reloadFailureOpen)
-        return;
-    m_reloadFailureOpen = true;
-    QPointer<VLTView> self(this);
-    showMessage(QMessageBox::Critical, this, QStringLiteral("Error"),
-                QStringLiteral("Netlist file does not exist or some errors are in the netlist "
-                               "file. VLR view will be closed"));
-    if (!self)
-        return;
-    m_reloadFailureOpen = false;
-    if (!m_closed)
+    if (m_closing != Closing::Done)
+        m_reload->run();
+}
+
+void VLTView::takeNetlist(const std::shared_ptr<NlsData::Netlist> &netlist)
+{
+    m_netlist = netlist;
+    showChangedBanner();
+}
+
+void VLTView::closeWithoutNetlist()
+{
+    if (m_closing != Closing::Done)
         Core::ViewManager::instance()->closeView(this);
 }
 
@@ -193,46 +290,49 @@ void VLTView::closeWithoutQuestion()
 
 void VLTView::abandonEdits()
 {
-    m_editsAbandoned = true;
-    if (!m_closeQuestionOpen)
+    if (m_closing == Closing::Done)
         return;
-    const auto boxes = findChildren<QMessageBox *>(QString(), Qt::FindDirectChildrenOnly);
-    for (QMessageBox *box : boxes)
-        box->reject();
+    m_closing = Closing::Abandoned;
+    if (m_question)
+        m_question->reject();
+    // A host that refuses the close leaves a view like any other.
+    QTimer::singleShot(0, this, [this] {
+        if (m_closing == Closing::Abandoned)
+            m_closing = Closing::No;
+    });
 }
 
 void VLTView::closeEvent(QCloseEvent *event)
 {
-    if (!m_editsAbandoned)
+    if (m_closing != Closing::Abandoned)
         commitEdits();
     QPointer<VLTView> self(this);
     const bool closing = !isModified() || mayClose();
     event->setAccepted(closing);
     if (self && closing)
-        m_closed = true;
+        m_closing = Closing::Done;
 }
 
 bool VLTView::mayClose()
 {
     // The question that is already open decides.
-    if (m_closeQuestionOpen)
+    if (m_question)
         return false;
+    m_closing = Closing::Asking;
+    m_question =
+        newMessage(QMessageBox::Question, this, QStringLiteral("Save"),
+                   tr("Save changes to \"%1\" ?").arg(QDir::toNativeSeparators(m_file)),
+                   QMessageBox::Ok | QMessageBox::Cancel | QMessageBox::Discard, QMessageBox::Ok);
     QPointer<VLTView> self(this);
-    m_closeQuestionOpen = true;
-    const QMessageBox::StandardButton answer =
-        showMessage(QMessageBox::Question, this, QStringLiteral("Save"),
-                    tr("Save changes to \"%1\" ?").arg(QDir::toNativeSeparators(m_file)),
-                    QMessageBox::Ok | QMessageBox::Cancel | QMessageBox::Discard, QMessageBox::Ok);
-    if (!self)
+    const QMessageBox::StandardButton answer = runMessage(m_question);
+    if (!self || m_closing == Closing::Done)
         return false;
-    m_closeQuestionOpen = false;
-    if (m_closed)
-        return false;
+    m_closing = Closing::No;
     // A device change may have dropped the changes meanwhile.
     if (!isModified())
         return true;
     if (answer == QMessageBox::Ok)
-        return writeToFile() && self && !m_closed;
+        return writeToFile() && self && m_closing != Closing::Done;
     return answer == QMessageBox::Discard;
 }
 

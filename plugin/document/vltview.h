@@ -13,6 +13,7 @@
 
 #include <memory>
 
+class QMessageBox;
 class QVBoxLayout;
 
 namespace NlsData {
@@ -22,6 +23,7 @@ class Netlist;
 namespace VLT {
 
 struct Configuration;
+class NetlistReload;
 class Page;
 class VLTEnableSetWidget;
 class VLTRateWidget;
@@ -83,7 +85,8 @@ public:
     void showChangedBanner();
 
     /// The view is about to be closed without saving: what stands in open editors is not taken
-    /// over any more, and an open close question has nothing left to ask.
+    /// over any more, and an open close question has nothing left to ask. Holds until the event
+    /// loop runs: a host that refuses the close leaves a view like any other.
     VLT_EXPORT void abandonEdits();
 
     void handleIEvent(const QUtil::IEvent *event) override;
@@ -105,8 +108,16 @@ private slots:
     void onNetlistChanged();
 
 private:
+    enum class Closing {
+        No,
+        Asking,    // the user, whether to save
+        Abandoned, // what open editors hold does not count any more
+        Done,      // agreed to; the view only waits to be deleted
+    };
+
     bool composeText(QByteArray *bytes);
-    bool writeText(const QByteArray &bytes);
+    void takeNetlist(const std::shared_ptr<NlsData::Netlist> &netlist);
+    void closeWithoutNetlist();
     /// Whether a modified view may close: asks, and saves when told so. Runs the event loop.
     bool mayClose();
     void announceModified(bool before);
@@ -122,10 +133,9 @@ private:
     std::shared_ptr<NlsData::Netlist> m_netlist;
 
     std::unique_ptr<Ui::ChangedBanner> m_bannerForm;
-    bool m_closeQuestionOpen = false;
-    bool m_closed = false;
-    bool m_reloadFailureOpen = false;
-    bool m_editsAbandoned = false;
+    NetlistReload *m_reload = nullptr;
+    QPointer<QMessageBox> m_question; // whether to save before closing
+    Closing m_closing = Closing::No;
 };
 
 } // namespace VLT

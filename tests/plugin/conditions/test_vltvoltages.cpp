@@ -19,6 +19,7 @@ private slots:
     void tieMovesTheFollower();
     void hiddenSupplyIsLeftAlone();
     void fixedModels();
+    void rangeIsTold();
     void deviceChangeAppliesTheRules();
 
 private:
@@ -147,6 +148,36 @@ void TestVLTVoltages::fixedModels()
         page.page->checkVlotageShow();
         QVERIFY(vccx->isEnabledTo(page.page));
     }
+}
+
+void TestVLTVoltages::rangeIsTold()
+{
+    struct StatusTips : QObject
+    {
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            if (event->type() == QEvent::StatusTip)
+                tips << static_cast<QStatusTipEvent *>(event)->tip();
+            return false;
+        }
+        QStringList tips;
+    } told;
+    const TestHost host;
+    const ConditionsPage page(host);
+    QDoubleSpinBox *vcc = page.spin("doubleSpinVCC");
+    const QString range = QStringLiteral("VCC: 0.900 V to 1.100 V");
+    QCOMPARE(vcc->toolTip(), range);
+    vcc->installEventFilter(&told);
+    vcc->selectAll();
+    QTest::keyClicks(vcc, QStringLiteral("1.05"));
+    QCOMPARE(told.tips, QStringList());
+    vcc->selectAll();
+    QTest::keyClicks(vcc, QStringLiteral("7"));
+    QCOMPARE(told.tips, QStringList(range));
+    host.setDevice(QStringLiteral("QF2-16-LQ144"));
+    QVERIFY(page.spin("doubleSpinVCCX")
+                ->toolTip()
+                .endsWith(QLatin1String("; one supply with VCC on this device")));
 }
 
 void TestVLTVoltages::deviceChangeAppliesTheRules()

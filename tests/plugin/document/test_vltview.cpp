@@ -36,6 +36,7 @@ private slots:
     void reloadShowsTheBanner();
     void netlistIsKeptForWhoHoldsIt();
     void failedReloadClosesOnce();
+    void readableNetlistKeepsTheView();
     void closeQuestion_data();
     void closeQuestion();
     void viewMayGoWhileItAsks();
@@ -44,6 +45,8 @@ private slots:
     void halfAFileDoesNotOpen();
     void failedSaveKeepsTheChanges();
     void openEditorIsSaved();
+    void refusedCloseKeepsWhatIsTyped();
+    void messagesShowWholeNames();
     void savedFileIsValidAndStable();
 
 private:
@@ -60,6 +63,19 @@ private:
     static QWidget *banner(const VLTView *view)
     {
         return view->findChild<QWidget *>(QStringLiteral("VLT__ChangedBanner"));
+    }
+    /// Leaves an open editor with "new" in a table of the view; a change marks the view.
+    void typeIntoTable(VLTView *view, QStandardItemModel *model)
+    {
+        model->setItem(0, 0, new QStandardItem(QStringLiteral("old")));
+        auto *table = new QTableView(view);
+        table->setModel(model);
+        connect(model, &QStandardItemModel::itemChanged, view, [view] { view->setModified(true); });
+        table->setCurrentIndex(model->index(0, 0));
+        table->edit(model->index(0, 0));
+        auto *editor = table->findChild<QLineEdit *>();
+        QVERIFY(editor);
+        QTest::keyClicks(editor, QStringLiteral("new"));
     }
     void synthesise(const QByteArray &netlist)
     {
@@ -151,6 +167,22 @@ void TestVLTView::failedReloadClosesOnce()
     QCOMPARE(driver.title(), QStringLiteral("Error"));
     QCOMPARE(driver.text(), QStringLiteral("Netlist file does not exist or some errors are in the "
                                            "netlist file. VLR view will be closed"));
+}
+
+void TestVLTView::readableNetlistKeepsTheView()
+{
+    const QPointer<VLTView> view = open();
+    const NlsData::Netlist *old = view->getNetlist();
+    ModalDriver driver([&](QWidget *dialog) {
+        const QPointer<QWidget> message = dialog;
+        synthesise(TestHost::defaultNetlist()); // the next run, while the first one's end is told
+        QTRY_VERIFY(!message || !message->isVisible());
+    });
+    synthesise("{");
+    QTRY_VERIFY(banner(view));
+    QTest::qWait(0);
+    QVERIFY(view && VLTViewManager::vltViews().contains(view));
+    QVERIFY(view->getNetlist() != old);
 }
 
 void TestVLTView::closeQuestion_data()
@@ -274,21 +306,41 @@ void TestVLTView::openEditorIsSaved()
 {
     VLTView *view = open();
     QStandardItemModel model(1, 2);
-    model.setItem(0, 0, new QStandardItem(QStringLiteral("old")));
-    auto *table = new QTableView(view);
-    table->setModel(&model);
-    connect(&model, &QStandardItemModel::itemChanged, view, [view] { view->setModified(true); });
-    const QPersistentModelIndex cell = model.index(0, 0);
-    table->setCurrentIndex(cell);
-    table->edit(cell);
-    auto *editor = table->findChild<QLineEdit *>();
-    QVERIFY(editor);
-    QTest::keyClicks(editor, QStringLiteral("new"));
+    typeIntoTable(view, &model);
     QVERIFY(view->save());
-    QCOMPARE(cell.data().toString(), QStringLiteral("new"));
+    QCOMPARE(model.item(0)->text(), QStringLiteral("new"));
     QVERIFY(!view->isModified());
     finishDeletions();
     QVERIFY(!view->isModified()); // the editor has gone without a second commit
+}
+
+void TestVLTView::refusedCloseKeepsWhatIsTyped()
+{
+    VLTView *view = open();
+    QStandardItemModel model(1, 2);
+    typeIntoTable(view, &model);
+    view->abandonEdits();
+    QTest::qWait(0); // the host has not closed it
+    const ModalDriver driver(pressButton(QMessageBox::Cancel));
+    view->close();
+    QCOMPARE(model.item(0)->text(), QStringLiteral("new"));
+}
+
+void TestVLTView::messagesShowWholeNames()
+{
+    const QString name = QString(200, QLatin1Char('m')) + QStringLiteral("_end");
+    ModalDriver driver([&](QWidget *dialog) {
+        auto *text = dialog->findChild<QTextEdit *>();
+        QVERIFY(text && text->isVisible());
+        QVERIFY(text->document()->size().width() <= text->viewport()->width());
+        QVERIFY(text->document()->size().height() <= text->viewport()->height());
+        QTest::mouseClick(text->viewport(), Qt::LeftButton);
+        QTest::keySequence(text, QKeySequence::SelectAll);
+        QTest::keySequence(text, QKeySequence::Copy);
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    VLT::showMessage(QMessageBox::Warning, nullptr, QString(), QStringLiteral("<b>%1").arg(name));
+    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("<b>%1").arg(name));
 }
 
 void TestVLTView::savedFileIsValidAndStable()
