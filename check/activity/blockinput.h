@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QString>
+
+#include <string_view>
+#include <vector>
+
+class QIODevice;
+
+namespace Check {
+
+/// Ends the reading of an activity file.
+struct ActivityError
+{
+    QString cause; ///< without the place
+    qint64 offset; ///< of the byte in the file
+};
+
+/// The bytes of a file in blocks, so that memory stays flat however long it is. Not mapped: a
+/// simulator may be writing it.
+class BlockInput
+{
+public:
+    static constexpr int BLOCK = 1 << 20;
+    static constexpr qint64 MAXIMUM_TOKEN = 1 << 20;
+
+    /// Reads `device`, which is borrowed and open, from where it is.
+    explicit BlockInput(QIODevice *device);
+
+    /// The next token between blanks; valid until the next call. False at the end of the file.
+    /// Throws ActivityError.
+    bool next(std::string_view *token);
+
+    /// Where the last token begins.
+    qint64 tokenOffset() const { return m_base + (m_token - m_buffer.data()); }
+    /// Where the next byte is read.
+    qint64 offset() const { return m_base + (m_at - m_buffer.data()); }
+    /// Where the bytes end that have been read.
+    qint64 endOffset() const { return m_base + (m_end - m_buffer.data()); }
+
+protected:
+    /// Reads on, so that the bytes from `keep` on stay, at the front. False at the end of the file.
+    /// `m_at` and `m_token` are at the front then.
+    bool refill(const char *keep);
+
+    /// Throws when `size` bytes from `begin` on are too long for a token.
+    void checkLength(const char *begin, qint64 size) const;
+
+    const char *m_at = nullptr;    ///< next byte
+    const char *m_end = nullptr;   ///< of the bytes that have been read
+    const char *m_token = nullptr; ///< begin of the last token
+
+private:
+    QIODevice *const m_device;
+    std::vector<char> m_buffer;
+    qint64 m_base; ///< offset in the file of the buffer's first byte
+};
+
+} // namespace Check

@@ -1,0 +1,118 @@
+#include "check/activity/declarations.h"
+
+#include <limits>
+
+namespace Check {
+
+Declarations::Declarations()
+    : m_scopes{{0, 0, NONE}}
+{
+}
+
+quint32 Declarations::scope(quint32 parent, std::string_view name)
+{
+    const auto [entry, isNew] =
+        m_byName.try_emplace({parent, std::string(name)}, quint32(m_scopes.size()));
+    if (isNew)
+        m_scopes.push_back({m_text.add(name), quint32(name.size()), parent});
+    return entry->second;
+}
+
+int Declarations::depth(quint32 scope) const
+{
+    int depth = 0;
+    for (; m_scopes[scope].parent != NONE; scope = m_scopes[scope].parent)
+        ++depth;
+    return depth;
+}
+
+bool Declarations::addVariable(quint32 scope, const Reference &reference, qint64 width,
+                               quint32 signal)
+{
+    m_declaredBits += width;
+    if (m_declaredBits > MAXIMUM_BITS ||
+        m_text.size() + reference.base.size() > std::numeric_limits<qint32>::max())
+        return false;
+    Variable variable{scope,
+                      m_text.add(reference.base),
+                      quint32(reference.base.size()),
+                      signal,
+                      qint32(width - 1),
+                      0,
+                      0,
+                      0,
+                      0};
+    variable.width = quint32(width);
+    variable.hasRange = !reference.ranges.empty();
+    if (reference.ranges.size() == 1) {
+        variable.left = reference.ranges.front().left;
+        variable.right = reference.ranges.front().right;
+    } else if (reference.ranges.size() > 1) {
+        variable.isPacked = 1;
+        m_packed[quint32(m_variables.size())].assign(reference.ranges.begin(),
+                                                     reference.ranges.end());
+    }
+    m_variables.push_back(variable);
+    if (signal >= m_firstBits.size())
+        m_firstBits.resize(signal + 1, 0);
+    m_firstBits[signal] = qMax(m_firstBits[signal], quint32(width));
+    return true;
+}
+
+void Declarations::finish()
+{
+    quint32 end = 0;
+    for (quint32 &first : m_firstBits) {
+        const quint32 width = first;
+        first = end;
+        end += width;
+    }
+    m_firstBits.push_back(end);
+    m_text.shrink();
+    m_variables.shrink_to_fit();
+}
+
+std::string_view Declarations::name(const Scope &scope) const
+{
+    return m_text.at(scope.name, scope.nameSize);
+}
+
+std::string_view Declarations::name(const Variable &variable) const
+{
+    return m_text.at(variable.name, variable.nameSize);
+}
+
+const std::vector<BitRange> &Declarations::dimensions(const Variable &variable) const
+{
+    return m_packed.at(quint32(&variable - m_variables.data()));
+}
+
+qint32 Declarations::bitNumber(const Variable &variable, quint32 place)
+{
+    const qint64 number = variable.left >= variable.right ? qint64(variable.right) + place
+                                                          : qint64(variable.right) - place;
+    return qint32(number);
+}
+
+QString Declarations::path(quint32 scope) const
+{
+    QStringList names;
+    for (; m_scopes[scope].parent != NONE; scope = m_scopes[scope].parent) {
+        const std::string_view text = name(m_scopes[scope]);
+        names.prepend(QString::fromUtf8(text.data(), int(text.size())));
+    }
+    return names.join(QLatin1Char('/'));
+}
+
+QString Declarations::path(const Variable &variable, quint32 place) const
+{
+    const QString folder = path(variable.scope);
+    const std::string_view text = name(variable);
+    QString path = folder.isEmpty() ? QString() : folder + QLatin1Char('/');
+    path += QString::fromUtf8(text.data(), int(text.size()));
+    if (variable.hasRange || variable.width > 1)
+        path += QStringLiteral("[%1]").arg(bitNumber(variable, place));
+    return path;
+}
+
+} // namespace Check
