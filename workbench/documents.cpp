@@ -86,6 +86,14 @@ bool Documents::openProject(const QString &path)
     return true;
 }
 
+bool Documents::closeProject()
+{
+    if (!closeAll())
+        return false;
+    Core::ProjectSession::get()->close();
+    return true;
+}
+
 void Documents::openDocument(const QString &path)
 {
     const QPointer<Documents> self(this);

@@ -36,6 +36,9 @@ public:
     /// or the project cannot be read, which the user has been told.
     bool openProject(const QString &path);
 
+    /// Closes the current project and, before it, its views. False when one of them refuses.
+    bool closeProject();
+
     /// Closes the view by view what is open; false when one of them refuses.
     bool closeAll();
 

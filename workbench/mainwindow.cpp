@@ -3,6 +3,7 @@
 #include "workbench/devicedialog.h"
 #include "workbench/documents.h"
 #include "workbench/messagespane.h"
+#include "workbench/projects/projectcommands.h"
 #include "workbench/projecttree.h"
 #include "workbench/synthesis.h"
 
@@ -67,6 +68,7 @@ MainWindow::MainWindow(QWidget *parent)
     , m_tree(new ProjectTree)
     , m_messages(new MessagesPane)
     , m_documents(new Documents(this))
+    , m_projects(new ProjectCommands(m_documents, this))
     , m_synthesis(new Synthesis(this))
 {
     setObjectName(QStringLiteral("workbench"));
@@ -98,6 +100,7 @@ void MainWindow::connectParts()
     connect(m_documents, &Documents::opened, &m_recent, &RecentFiles::add);
     connect(m_documents, &Documents::message, m_messages, &MessagesPane::note);
     connect(m_documents, &Documents::failed, m_messages, &MessagesPane::fail);
+    connect(m_projects, &ProjectCommands::message, m_messages, &MessagesPane::note);
     connect(m_synthesis, &Synthesis::output, m_messages, &MessagesPane::output);
     connect(m_synthesis, &Synthesis::message, m_messages, &MessagesPane::note);
     connect(m_synthesis, &Synthesis::failed, m_messages, &MessagesPane::fail);
@@ -121,12 +124,12 @@ void MainWindow::takeUpPlugins()
     const auto *plugins = ExtSys::PluginManager::instance();
     const auto wizards = plugins->objects<Core::IWizardFactory>();
     for (int i = 0; i < wizards.size(); ++i) {
-        QAction *action = m_newMenu->addAction(wizards.at(i)->icon(), wizards.at(i)->displayName());
+        auto *action = new QAction(wizards.at(i)->icon(), wizards.at(i)->displayName(), m_newMenu);
+        m_newMenu->insertAction(m_projects->newAction(), action);
         action->setObjectName(wizards.at(i)->id());
         action->setStatusTip(wizards.at(i)->description());
         connect(action, &QAction::triggered, this, [this, i] { newFile(i); });
     }
-    m_newMenu->setEnabled(!wizards.isEmpty());
 
     const auto failures = plugins->failures();
     for (const ExtSys::PluginManager::Failure &failure : failures)

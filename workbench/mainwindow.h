@@ -13,6 +13,7 @@ namespace Workbench {
 
 class Documents;
 class MessagesPane;
+class ProjectCommands;
 class ProjectTree;
 class Synthesis;
 
@@ -67,6 +68,7 @@ private:
     ProjectTree *m_tree;
     MessagesPane *m_messages;
     Documents *m_documents;
+    ProjectCommands *m_projects;
     Synthesis *m_synthesis;
     RecentFiles m_recent;
     QMenu *m_newMenu = nullptr;

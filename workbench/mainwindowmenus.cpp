@@ -4,6 +4,7 @@
 
 #include "workbench/documents.h"
 #include "workbench/messagespane.h"
+#include "workbench/projects/projectcommands.h"
 #include "workbench/projecttree.h"
 #include "workbench/synthesis.h"
 
@@ -61,6 +62,7 @@ void MainWindow::createFileMenu()
     QMenu *menu = menuBar()->addMenu(tr("&File"));
     m_newMenu = menu->addMenu(tr("&New"));
     m_newMenu->setObjectName(QStringLiteral("newMenu"));
+    m_newMenu->addAction(m_projects->newAction());
 
     QAction *open = menu->addAction(tr("&Open..."), this, &MainWindow::chooseFile);
     open->setObjectName(QStringLiteral("open"));
@@ -78,6 +80,9 @@ void MainWindow::createFileMenu()
     m_close->setObjectName(QStringLiteral("closeView"));
     m_close->setShortcuts({Qt::CTRL + Qt::Key_W, Qt::CTRL + Qt::Key_F4});
     m_close->setStatusTip(tr("Close the view in front"));
+    menu->addSeparator();
+    menu->addAction(m_projects->settingsAction());
+    menu->addAction(m_projects->closeAction());
     menu->addSeparator();
     QAction *quit = menu->addAction(tr("&Quit"), this, &MainWindow::close);
     quit->setObjectName(QStringLiteral("quit"));

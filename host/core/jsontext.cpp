@@ -205,6 +205,23 @@ void JsonText::add(const QStringList &path, const QJsonValue &value)
     addItem(open(path, QJsonArray()), compact(value), false);
 }
 
+void JsonText::insert(const QStringList &path, int index, const QJsonValue &value)
+{
+    const int container = open(path, QJsonArray());
+    const QVector<Item> present = items(container);
+    const QByteArray item = compact(value);
+    if (present.isEmpty())
+        return addItem(container, item, false);
+    const bool isLast = index >= present.size();
+    const Range at = isLast ? present.last().value : present.at(index).value;
+    const QByteArray lineBreak = breakBefore(at.begin);
+    const QByteArray gap = lineBreak.isEmpty() ? QByteArray(" ") : lineBreak;
+    if (isLast)
+        m_text.insert(at.end, ',' + gap + item);
+    else
+        m_text.insert(at.begin, item + ',' + gap);
+}
+
 void JsonText::removeAt(const QStringList &path, int index)
 {
     removeItem(open(path, QJsonArray()), index);

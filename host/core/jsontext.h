@@ -35,6 +35,10 @@ public:
     /// its values on one line, else on a line of its own before the others. One line changes.
     void add(const QStringList &path, const QJsonValue &value);
 
+    /// Puts a value before the one at `index` of an array, or at its end: on a line of its own
+    /// where the others have that. The array is made when it is missing.
+    void insert(const QStringList &path, int index, const QJsonValue &value);
+
     /// Removes a value of an array, and the line that it had to itself.
     void removeAt(const QStringList &path, int index);
 

@@ -11,6 +11,7 @@
 #include <QSaveFile>
 
 #include <algorithm>
+#include <functional>
 
 namespace Core {
 
@@ -18,6 +19,7 @@ namespace {
 
 const QLatin1String NAME("name");
 const QLatin1String DEVICE("device");
+const QLatin1String TOP("top");
 const QLatin1String SOURCES("sources");
 const QLatin1String FILES("files");
 const QLatin1String SYNTHESIS("synthesis");
@@ -169,6 +171,17 @@ void ProjectFile::setDevice(const QString &id)
     set({DEVICE}, id);
 }
 
+QString ProjectFile::top() const
+{
+    return m_data[TOP].toString();
+}
+
+void ProjectFile::setTop(const QString &module)
+{
+    if (module != top())
+        set({TOP}, module.isEmpty() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(module));
+}
+
 QStringList ProjectFile::sources() const
 {
     return absolutePaths(SOURCES);
@@ -181,10 +194,31 @@ QStringList ProjectFile::files() const
 
 void ProjectFile::setSources(const QStringList &paths)
 {
-    QJsonArray list;
-    for (const QString &path : paths)
-        list.append(relativePath(path));
-    set({SOURCES}, list);
+    QStringList present = sources();
+    if (paths == present)
+        return;
+    for (int i = present.size() - 1; i >= 0; --i) {
+        if (paths.contains(present.at(i)))
+            continue;
+        m_text.removeAt({SOURCES}, i);
+        present.removeAt(i);
+    }
+    // What is left is in the order that it had, or the list is written anew.
+    const auto isKept = [&present](const QString &path) { return present.contains(path); };
+    QStringList kept = paths;
+    kept.erase(std::remove_if(kept.begin(), kept.end(), std::not_fn(isKept)), kept.end());
+    const bool anew = kept != present || present.isEmpty();
+    if (anew) {
+        QJsonArray list;
+        for (const QString &path : paths)
+            list.append(relativePath(path));
+        m_text.set({SOURCES}, list);
+    }
+    for (int i = 0; !anew && i < paths.size(); ++i) {
+        if (!present.contains(paths.at(i)))
+            m_text.insert({SOURCES}, i, relativePath(paths.at(i)));
+    }
+    update();
 }
 
 void ProjectFile::addFile(const QString &path)
@@ -218,8 +252,16 @@ QStringList ProjectFile::synthesisArguments() const
 
 void ProjectFile::setSynthesis(const QString &program, const QStringList &arguments)
 {
-    set({SYNTHESIS, PROGRAM}, program);
-    set({SYNTHESIS, ARGUMENTS}, QJsonArray::fromStringList(arguments));
+    if (program == synthesisProgram() && arguments == synthesisArguments())
+        return;
+    const QJsonValue none(QJsonValue::Undefined);
+    changeTogether([&] {
+        set({SYNTHESIS, PROGRAM}, program.isEmpty() ? none : QJsonValue(program));
+        set({SYNTHESIS, ARGUMENTS},
+            program.isEmpty() ? none : QJsonValue(QJsonArray::fromStringList(arguments)));
+        if (m_data[SYNTHESIS].toObject().isEmpty())
+            set({SYNTHESIS}, none);
+    });
 }
 
 QString ProjectFile::resultFile(const QString &key) const
@@ -229,7 +271,10 @@ QString ProjectFile::resultFile(const QString &key) const
 
 void ProjectFile::setResultFile(const QString &key, const QString &path)
 {
-    set({RESULTS, key}, relativePath(path));
+    if (path != resultFile(key)) {
+        set({RESULTS, key},
+            path.isEmpty() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(relativePath(path)));
+    }
 }
 
 QStringList ProjectFile::resultFiles() const
@@ -280,13 +325,30 @@ void ProjectFile::set(const QStringList &member, const QJsonValue &value)
         update();
 }
 
-void ProjectFile::update()
+bool ProjectFile::changeTogether(const std::function<void()> &changes)
+{
+    if (m_together) {
+        changes();
+        return true;
+    }
+    const QByteArray before = m_text.text();
+    m_together = true;
+    changes();
+    m_together = false;
+    return m_text.text() == before || update();
+}
+
+bool ProjectFile::update()
 {
     m_data = QJsonDocument::fromJson(m_text.text()).object();
+    if (m_together)
+        return true;
     QString error;
-    if (!save(&error))
+    const bool saved = save(&error);
+    if (!saved)
         emit saveFailed(error);
     emit changed();
+    return saved;
 }
 
 } // namespace Core

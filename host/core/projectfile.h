@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 namespace Core {
@@ -16,7 +17,7 @@ class Project;
 
 /// The host's side of a project. Its file is JSON with the suffix ".fpgaproj":
 ///
-///     {"name": "...", "device": "<id>", "sources": ["..."], "files": ["..."],
+///     {"name": "...", "device": "<id>", "top": "...", "sources": ["..."], "files": ["..."],
 ///      "synthesis": {"program": "...", "arguments": ["..."]},
 ///      "results": {"RES.netlist": "..."}}
 ///
@@ -49,9 +50,15 @@ public:
     QString device() const;
     void setDevice(const QString &id);
 
+    /// The module that synthesis starts from; empty when the project does not name it.
+    QString top() const;
+    void setTop(const QString &module);
+
     /// Absolute paths, in the order of the project file.
     QStringList sources() const;
     QStringList files() const;
+
+    /// Lines of sources that stay in their order are not changed.
     void setSources(const QStringList &paths);
 
     /// A new file comes first in a list that has one file per line, else last: one line changes.
@@ -61,6 +68,8 @@ public:
     /// The synthesis command; an empty program when the project has none.
     QString synthesisProgram() const;
     QStringList synthesisArguments() const;
+
+    /// An empty program takes the command out of the project.
     void setSynthesis(const QString &program, const QStringList &arguments);
 
     /// Absolute path of the result; empty when the project does not name it.
@@ -72,6 +81,10 @@ public:
 
     /// Writes the project file; false on failure, with one sentence in `error`.
     bool save(QString *error) const;
+
+    /// Saves what `changes` does to the project once, behind its last change. False when it could
+    /// not be saved; saveFailed() has said why.
+    bool changeTogether(const std::function<void()> &changes);
 
 signals:
     void changed();
@@ -86,11 +99,12 @@ private:
     QString absolutePath(const QString &path) const;
     QString relativePath(const QString &path) const;
     void set(const QStringList &member, const QJsonValue &value);
-    void update();
+    bool update();
 
     const QString m_path;
     JsonText m_text;
     QJsonObject m_data; // what the text says
+    bool m_together = false;
 };
 
 } // namespace Core

@@ -1,0 +1,131 @@
+#include "workbench/projects/synthesisfield.h"
+
+#include "workbench/projects/argumentline.h"
+#include "workbench/projects/synthesistemplate.h"
+
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QPlainTextEdit>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+#include <iterator>
+
+namespace Workbench {
+
+namespace {
+
+constexpr int VisibleLines = 4;
+constexpr int None = 0;
+constexpr int FirstTemplate = 1;
+constexpr int Own = FirstTemplate + int(std::size(SynthesisTemplates));
+
+} // namespace
+
+SynthesisField::SynthesisField(QWidget *parent)
+    : QWidget(parent)
+    , m_choice(new QComboBox)
+    , m_editor(new QPlainTextEdit)
+{
+    m_choice->setObjectName(QStringLiteral("synthesisTemplate"));
+    m_choice->addItem(tr("None: the netlist is made elsewhere"));
+    for (const SynthesisTemplate &base : SynthesisTemplates)
+        m_choice->addItem(tr("%1, by Yosys").arg(tr(base.title)));
+    m_choice->addItem(tr("Own command, for example make"));
+    m_editor->setObjectName(QStringLiteral("synthesisCommand"));
+    m_editor->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_editor->setTabChangesFocus(true);
+    m_editor->setPlaceholderText(tr("No command: Run synthesis is not available."));
+    m_editor->setToolTip(tr("Runs in the project's folder, without a shell. Quotes keep words "
+                            "together."));
+    const QMargins margins = m_editor->contentsMargins();
+    m_editor->setFixedHeight(m_editor->fontMetrics().lineSpacing() * VisibleLines +
+                             2 * int(m_editor->document()->documentMargin()) + margins.top() +
+                             margins.bottom() + 2 * m_editor->frameWidth());
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(fontMetrics().height() / 3);
+    layout->addWidget(m_choice);
+    layout->addWidget(m_editor);
+    connect(m_choice, QOverload<int>::of(&QComboBox::activated), this, &SynthesisField::onChosen);
+    connect(m_editor, &QPlainTextEdit::textChanged, this, &SynthesisField::onTyped);
+}
+
+QWidget *SynthesisField::choice() const
+{
+    return m_choice;
+}
+
+QWidget *SynthesisField::editor() const
+{
+    return m_editor;
+}
+
+bool SynthesisField::isTemplate() const
+{
+    return m_choice->currentIndex() != None && m_choice->currentIndex() != Own;
+}
+
+void SynthesisField::setSettings(const ProjectSettings &settings)
+{
+    m_settings = settings;
+    const int base = templateOf(settings);
+    if (base >= 0)
+        m_choice->setCurrentIndex(FirstTemplate + base);
+    else
+        m_choice->setCurrentIndex(settings.command.isEmpty() ? None : Own);
+    const QScopedValueRollback<bool> filling(m_filling, true);
+    m_editor->setPlainText(joinArguments(settings.command));
+}
+
+void SynthesisField::follow(const ProjectSettings &settings)
+{
+    m_settings = settings;
+    if (isTemplate())
+        fill();
+}
+
+void SynthesisField::propose(const char *command)
+{
+    for (int i = 0; !m_chosen && i < int(std::size(SynthesisTemplates)); ++i) {
+        if (qstrcmp(SynthesisTemplates[i].command, command) == 0)
+            m_choice->setCurrentIndex(FirstTemplate + i);
+    }
+    if (!m_chosen)
+        fill();
+}
+
+bool SynthesisField::command(QStringList *command) const
+{
+    return splitArguments(m_editor->toPlainText(), command);
+}
+
+void SynthesisField::onChosen()
+{
+    m_chosen = true;
+    emit edited();
+    if (m_choice->currentIndex() != Own)
+        return fill();
+    m_editor->setFocus();
+    m_editor->selectAll();
+}
+
+void SynthesisField::onTyped()
+{
+    if (m_filling)
+        return;
+    m_chosen = true;
+    m_choice->setCurrentIndex(m_editor->toPlainText().trimmed().isEmpty() ? None : Own);
+    emit edited();
+}
+
+void SynthesisField::fill()
+{
+    const QScopedValueRollback<bool> filling(m_filling, true);
+    const int base = m_choice->currentIndex() - FirstTemplate;
+    m_editor->setPlainText(isTemplate()
+                               ? joinArguments(commandFrom(SynthesisTemplates[base], m_settings))
+                               : QString());
+}
+
+} // namespace Workbench
