@@ -145,17 +145,19 @@ void TestVLTViewManager::oneFileIsOpenOnce()
 {
     const VLT::VLTView *first = open("a.vlr");
     open("b.vlr");
-    QCOMPARE(VLTViewManager::vltViews().size(), 2);
-    m_host->useNetlist("{"); // which would be told if it was read
-    VLTViewManager::openView(m_host->device(), m_host->path(QStringLiteral("impl/../a.vlr")));
-    VLTViewManager::openView(m_host->device(),
-                             QDir().relativeFilePath(m_host->path(QStringLiteral("a.vlr"))));
     const QString link = m_host->path(QStringLiteral("link.vlr"));
     QVERIFY(QFile::link(first->file(), link));
     VLTViewManager::openView(m_host->device(), link);
     QCOMPARE(VLTViewManager::vltViews().size(), 2);
     QCOMPARE(m_host->viewManager()->activeView(), first);
+    m_host->useNetlist("{"); // which would be told if it was read
+    VLTViewManager::openView(m_host->device(), m_host->path(QStringLiteral("impl/../a.vlr")));
+    VLTViewManager::openView(m_host->device(),
+                             QDir().relativeFilePath(m_host->path(QStringLiteral("a.vlr"))));
+    QCOMPARE(VLTViewManager::vltViews().size(), 2);
     QVERIFY(!first->isModified());
+    VLTViewManager::closeView(link);
+    QCOMPARE(VLTViewManager::vltViews().size(), 1);
 }
 
 void TestVLTViewManager::fileOpenedAgainWhileTheNetlistIsRead()
