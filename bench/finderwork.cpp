@@ -132,16 +132,16 @@ void finderWork(Suite &suite)
     const auto bareList = [&names] { return fillBareList(names); };
     suite.compare(
         QStringLiteral("net picker, %1 nets, first use until shown").arg(objects), bareList,
-        [&] { return openNetPicker(*fresh()); }, 0);
+        [&] { return openNetPicker(*fresh()); }, 5);
     suite.compare(
         QStringLiteral("instance dialog, %1 instances, first use until complete").arg(objects),
-        bareList, [&] { return openInstanceDialog(fresh().get()); }, 0);
+        bareList, [&] { return openInstanceDialog(fresh().get()); }, 8);
 
     int found = 0;
     const QString everything = QStringLiteral("*");
     suite.compare(
         QStringLiteral("finder, %1 objects, pattern * until shown").arg(objects), bareList,
-        [&] { return search(everything, &found); }, 2);
+        [&] { return search(everything, &found); }, 1.8);
     if (found != objects)
         qFatal("the finder lists %d of %d objects", found, objects);
 
@@ -149,5 +149,5 @@ void finderWork(Suite &suite)
     search(some, &found);
     suite.compare(
         QStringLiteral("finder, %1 objects, pattern %2").arg(QString::number(objects), some),
-        [&] { return matchAll(names, some, found); }, [&] { return search(some, &found); }, 1.2);
+        [&] { return matchAll(names, some, found); }, [&] { return search(some, &found); }, 0.3);
 }

@@ -74,7 +74,7 @@ void netlistWork(Suite &suite)
 
     suite.compare(
         QStringLiteral("read a flat netlist of %1 cells").arg(cells),
-        [&] { return parseDom(files[0]); }, [&] { return readNetlist(files[0]); }, 1.8);
+        [&] { return parseDom(files[0]); }, [&] { return readNetlist(files[0]); }, 1.4);
     suite.memory(QStringLiteral("peak memory of reading it, against the file's size"),
                  double(QFileInfo(files[0]).size()),
                  numberFromChild({QStringLiteral("--peak"), files[0]}), 4);

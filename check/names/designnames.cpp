@@ -1,5 +1,6 @@
 #include "check/names/designnames.h"
 
+#include "config/environmentcodes.h"
 #include "config/filenames.h"
 
 #include "nlsdata/netlist.h"
@@ -10,16 +11,13 @@ namespace Check {
 
 namespace {
 
-constexpr int MEMORY_CATEGORY = 5;
-constexpr int FLIP_FLOP_CATEGORY = 50;
-
 bool isOfKind(ObjectKind kind, const NlsData::Instance &instance)
 {
     switch (kind) {
     case ObjectKind::Memory:
-        return instance.category() == MEMORY_CATEGORY;
+        return instance.category() == VLT::Environment::CATEGORY_BSRAM;
     case ObjectKind::FlipFlop:
-        return instance.category() == FLIP_FLOP_CATEGORY;
+        return instance.category() == VLT::Environment::CATEGORY_DFF;
     default:
         return kind == ObjectKind::Instance;
     }

@@ -1,6 +1,7 @@
 #include "check/rules/rules.h"
 
 #include "config/bsramkinds.h"
+#include "config/environmentcodes.h"
 #include "config/filenames.h"
 #include "config/porttype.h"
 
@@ -11,9 +12,6 @@
 namespace Check {
 
 namespace {
-
-constexpr int BSRAM_CATEGORY = 5;
-constexpr int DFF_CATEGORY = 50;
 
 enum class Kind { Net, Port, BlockSram, FlipFlop };
 
@@ -39,9 +37,9 @@ bool isOfKind(const NamedObjects &objects, Kind kind)
     case Kind::Port:
         return objects.port;
     case Kind::BlockSram:
-        return objects.instance && objects.instance->category() == BSRAM_CATEGORY;
+        return objects.instance && objects.instance->category() == VLT::Environment::CATEGORY_BSRAM;
     default:
-        return objects.instance && objects.instance->category() == DFF_CATEGORY;
+        return objects.instance && objects.instance->category() == VLT::Environment::CATEGORY_DFF;
     }
 }
 

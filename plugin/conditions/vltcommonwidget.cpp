@@ -2,6 +2,7 @@
 
 #include "conditions/conditionsform.h"
 #include "conditions/supplyfields.h"
+#include "config/environmentcodes.h"
 #include "config/sections.h"
 #include "tables/document.h"
 #include "ui_vltcommonwidget.h"
@@ -20,11 +21,6 @@
 namespace VLT {
 
 namespace {
-
-QString deviceChangeEvent()
-{
-    return QStringLiteral("TE.Device.Change");
-}
 
 /// A grid of labels and fields, and how far its left edge is from that of the outer grids.
 struct Grid
@@ -77,7 +73,8 @@ VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
     , m_document(documentOf(view))
     , m_ui(std::make_unique<Ui::VLTSettingWidget>())
 {
-    QUtil::EventManager::instance()->subscribe(this, deviceChangeEvent());
+    QUtil::EventManager::instance()->subscribe(
+        this, QString::fromLatin1(Environment::EVENT_DEVICE_CHANGE));
     m_ui->setupUi(this);
     alignGrids();
     dimLabelsWithFields(this);
@@ -117,7 +114,8 @@ bool VLTSettingWidget::event(QEvent *event)
 
 VLTSettingWidget::~VLTSettingWidget()
 {
-    QUtil::EventManager::instance()->unsubscribe(this, deviceChangeEvent());
+    QUtil::EventManager::instance()->unsubscribe(
+        this, QString::fromLatin1(Environment::EVENT_DEVICE_CHANGE));
 }
 
 void VLTSettingWidget::connectFields()
@@ -273,7 +271,7 @@ void VLTSettingWidget::connectVlotageDoubleSpin()
 
 void VLTSettingWidget::handleIEvent(const QUtil::IEvent *event)
 {
-    if (event->type() != deviceChangeEvent())
+    if (event->type() != QString::fromLatin1(Environment::EVENT_DEVICE_CHANGE))
         return;
     if (updateVoltageInfo()) {
         checkVlotageShow();

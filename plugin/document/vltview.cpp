@@ -2,6 +2,7 @@
 
 #include "conditions/vltcommonwidget.h"
 #include "config/configurationfile.h"
+#include "config/environmentcodes.h"
 #include "document/netlistreload.h"
 #include "document/openeditors.h"
 #include "document/saving.h"
@@ -30,13 +31,6 @@
 namespace VLT {
 
 namespace {
-
-QString processStatusEvent()
-{
-    return QStringLiteral("TE.Process.Status.Change");
-}
-
-constexpr int PROCESS_FINISHED = 2;
 
 /// Whether what the pages have written is what the library makes of it, too. Every save of a debug
 /// build asks.
@@ -78,7 +72,8 @@ VLTView::VLTView(DEV::DeviceArg device, NlsData::Netlist *netlist)
     m_reload = new NetlistReload(this);
     connect(m_reload, &NetlistReload::succeeded, this, &VLTView::takeNetlist);
     connect(m_reload, &NetlistReload::failed, this, &VLTView::closeWithoutNetlist);
-    QUtil::EventManager::instance()->subscribe(this, processStatusEvent());
+    QUtil::EventManager::instance()->subscribe(
+        this, QString::fromLatin1(Environment::EVENT_PROCESS_STATUS));
 }
 
 VLTView::~VLTView()
@@ -87,7 +82,8 @@ VLTView::~VLTView()
     for (const auto *delegate : findChildren<DoubleEditorDelegate *>())
         delegate->disconnect(this);
     m_netlist.reset();
-    QUtil::EventManager::instance()->unsubscribe(this, processStatusEvent());
+    QUtil::EventManager::instance()->unsubscribe(
+        this, QString::fromLatin1(Environment::EVENT_PROCESS_STATUS));
 }
 
 void VLTView::setDevice(DEV::DeviceArg device)
@@ -231,12 +227,14 @@ bool VLTView::hasPendingEdits() const
 
 void VLTView::handleIEvent(const QUtil::IEvent *event)
 {
-    if (event->type() != processStatusEvent())
+    if (event->type() != QString::fromLatin1(Environment::EVENT_PROCESS_STATUS))
         return;
-    const QString process = event->value(QStringLiteral("process")).toString();
-    const int status = event->value(QStringLiteral("status")).toInt();
+    const QString process =
+        event->value(QString::fromLatin1(Environment::VALUE_PROCESS)).toString();
+    const int status = event->value(QString::fromLatin1(Environment::VALUE_STATUS)).toInt();
     // The reload may close and destroy the view, so it waits until the event has been delivered.
-    if (process == QLatin1String("Process.Syn") && status == PROCESS_FINISHED)
+    if (process == QLatin1String(Environment::PROCESS_SYNTHESIS) &&
+        status == Environment::STATUS_FINISHED)
         QTimer::singleShot(0, this, &VLTView::onNetlistChanged);
 }
 

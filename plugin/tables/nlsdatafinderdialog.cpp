@@ -1,5 +1,6 @@
 #include "tables/nlsdatafinderdialog.h"
 
+#include "config/environmentcodes.h"
 #include "tables/rowselection.h"
 #include "ui_nlsdatafinderdialog.h"
 #include "widgets/uniformrows.h"
@@ -18,12 +19,6 @@
 namespace VLT {
 
 namespace {
-
-// The environment's codes.
-constexpr int categoryBsram = 5;
-constexpr int categoryDff = 50;
-constexpr int directionOut = 1;
-constexpr int directionInOut = 2;
 
 bool matchesEverything(const QRegExp &pattern)
 {
@@ -168,7 +163,9 @@ void NlsDataFinderDialog::searchDff(const QRegExp &pattern)
 {
     search<NlsData::Instance>(
         m_netlist->instances(), pattern,
-        [](const NlsData::Instance *instance) { return instance->category() == categoryDff; },
+        [](const NlsData::Instance *instance) {
+            return instance->category() == Environment::CATEGORY_DFF;
+        },
         nullptr);
 }
 
@@ -176,7 +173,9 @@ void NlsDataFinderDialog::searchBsram(const QRegExp &pattern)
 {
     search<NlsData::Instance>(
         m_netlist->instances(), pattern,
-        [](const NlsData::Instance *instance) { return instance->category() == categoryBsram; },
+        [](const NlsData::Instance *instance) {
+            return instance->category() == Environment::CATEGORY_BSRAM;
+        },
         &m_instances);
 }
 
@@ -185,7 +184,8 @@ void NlsDataFinderDialog::searchOBuff(const QRegExp &pattern)
     search<NlsData::Port>(
         m_netlist->ports(), pattern,
         [](const NlsData::Port *port) {
-            return port->direction() == directionOut || port->direction() == directionInOut;
+            return port->direction() == Environment::DIRECTION_OUT ||
+                   port->direction() == Environment::DIRECTION_IN_OUT;
         },
         &m_ports);
 }
