@@ -2,6 +2,7 @@
 
 #include "workbench/devicedialog.h"
 #include "workbench/documents.h"
+#include "workbench/editmenu.h"
 #include "workbench/messagespane.h"
 #include "workbench/projects/projectcommands.h"
 #include "workbench/projecttree.h"
@@ -70,14 +71,11 @@ MainWindow::MainWindow(QWidget *parent)
     , m_documents(new Documents(this))
     , m_projects(new ProjectCommands(m_documents, this))
     , m_synthesis(new Synthesis(this))
+    , m_edit(new EditMenu(this))
 {
     setObjectName(QStringLiteral("workbench"));
     setAcceptDrops(true);
-    m_views->setObjectName(QStringLiteral("views"));
-    m_views->setDocumentMode(true);
-    m_views->setTabsClosable(true);
-    m_views->setMovable(true);
-    setCentralWidget(m_views);
+    createCenter();
     Core::ViewArea::get()->setArea(m_views);
     Core::ViewArea::get()->setDialogParent(this);
 

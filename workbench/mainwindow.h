@@ -12,6 +12,7 @@ class QTabWidget;
 namespace Workbench {
 
 class Documents;
+class EditMenu;
 class MessagesPane;
 class ProjectCommands;
 class ProjectTree;
@@ -45,6 +46,7 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    void createCenter();
     void createDocks();
     using MenuIcons = QVector<QPair<QAction *, QStyle::StandardPixmap>>;
     void setIconsWhenShown(QMenu *menu, const MenuIcons &icons);
@@ -70,6 +72,7 @@ private:
     Documents *m_documents;
     ProjectCommands *m_projects;
     Synthesis *m_synthesis;
+    EditMenu *m_edit;
     RecentFiles m_recent;
     QMenu *m_newMenu = nullptr;
     QMenu *m_viewMenu = nullptr;

@@ -3,12 +3,14 @@
 #include "workbench/mainwindow.h"
 
 #include "workbench/documents.h"
+#include "workbench/editmenu.h"
 #include "workbench/messagespane.h"
 #include "workbench/projects/projectcommands.h"
 #include "workbench/projecttree.h"
 #include "workbench/synthesis.h"
 
 #include "host/core/commandregistry.h"
+#include "host/utils/findbar.h"
 
 #include "core/constants.h"
 
@@ -20,8 +22,24 @@
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QStyle>
+#include <QVBoxLayout>
 
 namespace Workbench {
+
+void MainWindow::createCenter()
+{
+    m_views->setObjectName(QStringLiteral("views"));
+    m_views->setDocumentMode(true);
+    m_views->setTabsClosable(true);
+    m_views->setMovable(true);
+    auto *center = new QWidget;
+    auto *layout = new QVBoxLayout(center);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_views);
+    layout->addWidget(m_edit->findBar());
+    setCentralWidget(center);
+}
 
 void MainWindow::createDocks()
 {
@@ -95,6 +113,7 @@ void MainWindow::createFileMenu()
 
 void MainWindow::createOtherMenus()
 {
+    menuBar()->addMenu(m_edit->menu());
     QMenu *flow = menuBar()->addMenu(tr("F&low"));
     flow->addAction(m_synthesis->runAction());
     flow->addAction(m_synthesis->stopAction());

@@ -2,16 +2,14 @@
 
 #include "host/utils/celltyper_p.h"
 #include "host/utils/columnsharing.h"
-#include "host/utils/tableclipboard_p.h"
+#include "host/utils/tablecommands.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QElapsedTimer>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMetaMethod>
-#include <QStatusTipEvent>
 #include <QStyle>
 #include <QTextDocument>
 #include <QToolTip>
@@ -44,18 +42,6 @@ bool holdsNumber(const QModelIndex &index)
     bool isNumber = false;
     value.toDouble(&isNumber);
     return isNumber || value.toString().isEmpty();
-}
-
-/// Runs an editing command and tells in the status bar what became of the cells.
-template<class Command>
-void run(QTableView *table, Command command)
-{
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const EditCount count = command();
-    QApplication::restoreOverrideCursor();
-    table->viewport()->update(); // the model need not tell what its setData changed
-    QStatusTipEvent tip(count.text());
-    QCoreApplication::sendEvent(table, &tip);
 }
 
 } // namespace
@@ -95,18 +81,16 @@ bool TableView::event(QEvent *event)
 void TableView::keyPressEvent(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Copy)) {
-        const QString text = selectionText(this);
-        if (!text.isEmpty())
-            QApplication::clipboard()->setText(text);
+        TableCommands(this).copy();
     } else if (state() == EditingState) {
         // What an open editor does not take itself must not change cells behind its back.
         QTableView::keyPressEvent(event);
     } else if (event->matches(QKeySequence::Paste)) {
-        run(this, [this] { return pasteText(this, QApplication::clipboard()->text()); });
+        TableCommands(this).paste();
     } else if (isFillDown(event)) {
-        run(this, [this] { return fillDown(this); });
+        TableCommands(this).fillDown();
     } else if (isEnter(event, Qt::ControlModifier)) {
-        run(this, [this] { return fillSelection(this); });
+        TableCommands(this).fillSelection();
     } else if ((isEnter(event, Qt::NoModifier) || isEnter(event, Qt::ShiftModifier)) &&
                !isSignalConnected(QMetaMethod::fromSignal(&QTableView::activated))) {
         move(isEnter(event, Qt::NoModifier) ? 1 : -1);
@@ -154,7 +138,7 @@ bool TableView::eventFilter(QObject *watched, QEvent *event)
         isEnter(static_cast<QKeyEvent *>(event), Qt::ControlModifier)) {
         commitData(editor);
         closeEditor(editor, QAbstractItemDelegate::NoHint);
-        run(this, [this] { return fillSelection(this); });
+        TableCommands(this).fillSelection();
         return true;
     }
     return QTableView::eventFilter(watched, event);

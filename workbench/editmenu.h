@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+class QAction;
+class QKeySequence;
+class QLineEdit;
+class QMenu;
+class QPlainTextEdit;
+class QTableView;
+
+namespace Utils {
+class FindBar;
+}
+
+namespace Workbench {
+
+/// The menu of commands that act on the table or text field that has the focus, or had it before
+/// the menu was opened. A command is enabled when it has something to work on.
+class EditMenu : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `window` is the window whose fields are meant, not owned; it owns the object.
+    explicit EditMenu(QWidget *window);
+
+    /// Owned by the window.
+    QMenu *menu() const { return m_menu; }
+
+    /// To be placed by the window. Searches the table that has the focus.
+    Utils::FindBar *findBar() const { return m_findBar; }
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    /// Where the commands go: one of these, or nothing.
+    struct Target
+    {
+        QLineEdit *line = nullptr;
+        QPlainTextEdit *text = nullptr;
+        QTableView *table = nullptr;
+    };
+
+    QAction *add(const char *name, const QString &text, const QKeySequence &keys,
+                 void (EditMenu::*command)());
+    void onFocusChanged(QWidget *now);
+    Target target() const;
+    void restoreSelection();
+    void update();
+    void cut();
+    void copy();
+    void paste();
+    void fillDown();
+    void selectAll();
+    void find();
+
+    QWidget *const m_window;
+    QMenu *const m_menu;
+    Utils::FindBar *const m_findBar;
+    QPointer<QWidget> m_focus; // never a menu
+    // Of the line that had the focus: giving it to the menu bar drops the selection.
+    int m_selectionStart = -1;
+    int m_selectionLength = 0;
+    QAction *m_cut;
+    QAction *m_copy;
+    QAction *m_paste;
+    QAction *m_fillDown;
+    QAction *m_selectAll;
+    QAction *m_find;
+    QAction *m_findNext;
+    QAction *m_findPrevious;
+};
+
+} // namespace Workbench
