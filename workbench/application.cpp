@@ -2,8 +2,18 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QGuiApplication>
 
 namespace Workbench {
+
+namespace {
+
+QString inPrefix(const QString &path)
+{
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../") + path);
+}
+
+} // namespace
 
 bool hasDisplay()
 {
@@ -16,14 +26,20 @@ void prepareApplication()
     QCoreApplication::setApplicationName(QStringLiteral("workbench"));
     QCoreApplication::setOrganizationName(QStringLiteral("workbench"));
     QCoreApplication::setApplicationVersion(QStringLiteral(WORKBENCH_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("workbench"));
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 
+QString pluginFolder()
+{
+    const QDir beside(QCoreApplication::applicationDirPath() + QStringLiteral("/plugins"));
+    return beside.exists() ? beside.path() : inPrefix(QStringLiteral("lib/workbench/plugins"));
+}
+
 QString sampleFolder()
 {
-    return QDir::cleanPath(QCoreApplication::applicationDirPath() +
-                           QStringLiteral("/../share/workbench/sample"));
+    return inPrefix(QStringLiteral("share/workbench/sample"));
 }
 
 } // namespace Workbench

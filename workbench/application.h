@@ -13,6 +13,9 @@ bool hasDisplay();
 /// Names the program and sets what holds for all of its windows; before any QApplication.
 void prepareApplication();
 
+/// Where the plug-ins are: beside the program, or where an installation has them.
+QString pluginFolder();
+
 /// The sample project that is installed with the program: in `share/workbench/sample` beside the
 /// program's `bin`.
 QString sampleFolder();

@@ -1,26 +1,23 @@
 #include "workbench/session.h"
 
+#include "workbench/application.h"
+
 #include "host/core/projectsession.h"
 #include "host/core/viewarea.h"
 #include "host/extsys/pluginmanager.h"
 #include "host/utils/columnsharing.h"
 
 #include <QCoreApplication>
-#include <QDir>
 
 namespace Workbench {
 
-Session::Session(const QString &pluginFolder)
+Session::Session(const QString &plugins)
     : m_window(std::make_unique<MainWindow>())
 {
     Utils::ColumnSharing::setEnabled(true);
-    const QString folder =
-        pluginFolder.isEmpty()
-            ? QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("plugins"))
-            : pluginFolder;
-    auto *plugins = ExtSys::PluginManager::instance();
-    plugins->loadFolder(folder);
-    plugins->initializePlugins();
+    auto *manager = ExtSys::PluginManager::instance();
+    manager->loadFolder(plugins.isEmpty() ? pluginFolder() : plugins);
+    manager->initializePlugins();
     m_window->takeUpPlugins();
 }
 

@@ -11,8 +11,8 @@ namespace Workbench {
 class Session
 {
 public:
-    /// An empty `pluginFolder` means `plugins` beside the program.
-    explicit Session(const QString &pluginFolder);
+    /// `plugins` is a folder; empty for pluginFolder().
+    explicit Session(const QString &plugins);
     ~Session();
 
     MainWindow &window() { return *m_window; }

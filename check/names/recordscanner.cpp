@@ -203,13 +203,14 @@ RecordScanner::RecordScanner(const QByteArray &bytes)
 
 void RecordScanner::findEncoding()
 {
-    const auto starts = [this](const char *start, int size) {
-        return m_bytes.startsWith(QByteArray(start, size));
+    const auto starts = [this](char first, char second) {
+        return m_bytes.size() >= 2 && m_bytes[0] == first && m_bytes[1] == second;
     };
-    const bool little = starts("\xff\xfe", 2) || starts("<\0", 2);
-    if (little || starts("\xfe\xff", 2) || starts("\0<", 2)) {
+    const bool marked = starts('\xff', '\xfe') || starts('\xfe', '\xff');
+    const bool little = starts('\xff', '\xfe') || starts('<', '\0');
+    if (marked || little || starts('\0', '<')) {
         m_width = 2;
-        m_offset = starts("\xff\xfe", 2) || starts("\xfe\xff", 2) ? 2 : 0;
+        m_offset = marked ? 2 : 0;
         m_codec = QTextCodec::codecForName(little ? "UTF-16LE" : "UTF-16BE");
         return;
     }
