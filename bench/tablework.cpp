@@ -31,10 +31,10 @@ using namespace VLT;
 namespace {
 
 /// A view on a design of flip-flops whose page lists the first `listed` of them, on the screen.
-class Page
+class FlipFlopPage
 {
 public:
-    Page(const TestHost &host, const QString &netlist, const QString &configuration)
+    FlipFlopPage(const TestHost &host, const QString &netlist, const QString &configuration)
         : m_view(host.device(), NlsData::readNetlistFile(netlist, nullptr, false))
         , m_page(m_view.findChild<DFFSetWidget *>())
         , m_table(m_page->findChild<QTableView *>(QStringLiteral("tableView")))
@@ -208,7 +208,7 @@ void tableWork(Suite &suite)
 
     const auto open = [&](const char *file, int objects) {
         const QString number = QString::number(objects);
-        return std::make_unique<Page>(
+        return std::make_unique<FlipFlopPage>(
             host, host.path(QStringLiteral("design%1.json").arg(number)),
             host.path(QLatin1String(file) + number + QStringLiteral(".vlr")));
     };
