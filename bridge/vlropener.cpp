@@ -5,6 +5,8 @@
 
 #include "host/utils/documentpath.h"
 
+#include "core/viewmanager.h"
+
 using VLT::VLTView;
 using VLT::VLTViewManager;
 
@@ -54,6 +56,22 @@ void VlrOpener::setFileMissing(const QString &path, bool missing)
 {
     if (VLTView *view = find(path))
         view->setFileMissing(missing);
+}
+
+bool VlrOpener::showRecord(const QString &path, const QString &section, const QString &name,
+                           int occurrence)
+{
+    VLTView *view = find(path);
+    if (!view)
+        return false;
+    Core::ViewManager::instance()->showView(view);
+    return view->showRecord(section, name, occurrence);
+}
+
+bool VlrOpener::save(const QString &path)
+{
+    VLTView *view = find(path);
+    return view && view->save();
 }
 
 // Paths are compared as the plug-in compares them.

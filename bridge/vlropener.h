@@ -20,6 +20,9 @@ public:
     QString filePath(const Core::IView *view) const override;
     bool isModified(const QString &path) const override;
     void setFileMissing(const QString &path, bool missing) override;
+    bool showRecord(const QString &path, const QString &section, const QString &name,
+                    int occurrence) override;
+    bool save(const QString &path) override;
 
 private:
     static VLT::VLTView *find(const QString &path);

@@ -87,6 +87,7 @@ int main(int argc, char *argv[])
     prepareApplication();
     if (const Command *command = findCommand(arguments.value(1))) {
         QCoreApplication application(argc, argv);
+        exitWhenInterrupted();
         return command->run(arguments.mid(2));
     }
     const CommandLine commandLine = CommandLine::parse(arguments);

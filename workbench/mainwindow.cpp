@@ -1,9 +1,10 @@
 #include "workbench/mainwindow.h"
 
+#include "workbench/checks/checks.h"
 #include "workbench/devicedialog.h"
 #include "workbench/documents.h"
 #include "workbench/editmenu.h"
-#include "workbench/messagespane.h"
+#include "workbench/panes/messagespane.h"
 #include "workbench/projects/projectcommands.h"
 #include "workbench/projecttree.h"
 #include "workbench/synthesis.h"
@@ -72,6 +73,7 @@ MainWindow::MainWindow(QWidget *parent)
     , m_projects(new ProjectCommands(m_documents, this))
     , m_synthesis(new Synthesis(this))
     , m_edit(new EditMenu(this))
+    , m_checks(new Checks(this))
 {
     setObjectName(QStringLiteral("workbench"));
     setAcceptDrops(true);
@@ -102,6 +104,8 @@ void MainWindow::connectParts()
     connect(m_synthesis, &Synthesis::output, m_messages, &MessagesPane::output);
     connect(m_synthesis, &Synthesis::message, m_messages, &MessagesPane::note);
     connect(m_synthesis, &Synthesis::failed, m_messages, &MessagesPane::fail);
+    connect(m_checks, &Checks::message, m_messages, &MessagesPane::note);
+    connect(m_checks, &Checks::failed, m_messages, &MessagesPane::fail);
     connect(&m_recent, &RecentFiles::chosen, this, &MainWindow::open);
 
     connect(

@@ -11,6 +11,7 @@ class QTabWidget;
 
 namespace Workbench {
 
+class Checks;
 class Documents;
 class EditMenu;
 class MessagesPane;
@@ -73,6 +74,7 @@ private:
     ProjectCommands *m_projects;
     Synthesis *m_synthesis;
     EditMenu *m_edit;
+    Checks *m_checks;
     RecentFiles m_recent;
     QMenu *m_newMenu = nullptr;
     QMenu *m_viewMenu = nullptr;

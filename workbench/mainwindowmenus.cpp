@@ -2,9 +2,10 @@
 
 #include "workbench/mainwindow.h"
 
+#include "workbench/checks/checks.h"
 #include "workbench/documents.h"
 #include "workbench/editmenu.h"
-#include "workbench/messagespane.h"
+#include "workbench/panes/messagespane.h"
 #include "workbench/projects/projectcommands.h"
 #include "workbench/projecttree.h"
 #include "workbench/synthesis.h"
@@ -22,6 +23,7 @@
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QStyle>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace Workbench {
@@ -53,6 +55,10 @@ void MainWindow::createDocks()
     messages->setWidget(m_messages);
     addDockWidget(Qt::BottomDockWidgetArea, messages);
 
+    addDockWidget(Qt::BottomDockWidgetArea, m_checks->dock());
+    tabifyDockWidget(messages, m_checks->dock());
+    messages->raise();
+
     // The tree keeps the whole height.
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     resizeDocks({project}, {fontMetrics().averageCharWidth() * 34}, Qt::Horizontal);
@@ -61,6 +67,7 @@ void MainWindow::createDocks()
     m_viewMenu = new QMenu(tr("&View"), this);
     m_viewMenu->addAction(project->toggleViewAction());
     m_viewMenu->addAction(messages->toggleViewAction());
+    m_viewMenu->addAction(m_checks->dock()->toggleViewAction());
 }
 
 /// The icons of a menu come when it is first opened: the style decodes several pictures for each,
@@ -126,6 +133,7 @@ void MainWindow::createOtherMenus()
     setIconsWhenShown(device, {{choose, QStyle::SP_ComputerIcon}});
     choose->setStatusTip(tr("Choose the project's device from the catalogue"));
 
+    menuBar()->addMenu(m_checks->menu());
     menuBar()->addMenu(m_viewMenu);
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
@@ -138,6 +146,7 @@ void MainWindow::createStatusBar()
     m_device->setObjectName(QStringLiteral("deviceLabel"));
     m_device->setTextFormat(Qt::PlainText);
     statusBar()->addPermanentWidget(m_synthesis->progress());
+    statusBar()->addPermanentWidget(m_checks->status());
     statusBar()->addPermanentWidget(m_device);
     m_synthesis->progress()->hide();
 }

@@ -194,12 +194,12 @@ QVector<DesignObject> DesignNames::objectsOf(ObjectKind kind, NlsData::Net *net)
 
 QVector<DesignObject> DesignNames::instancesOf(const QString &module) const
 {
-    if (m_modules.isEmpty()) {
+    std::call_once(m_modulesFound, [this] {
         for (NlsData::Instance *instance : m_netlist.instances()) {
             if (m_nets.isModule(instance))
                 m_modules.insert(m_nets.module(instance), instance);
         }
-    }
+    });
     QVector<DesignObject> objects;
     const QList<NlsData::Instance *> instances = m_modules.values(module);
     for (NlsData::Instance *instance : instances) {

@@ -7,6 +7,9 @@
 #include <QStringList>
 #include <QVector>
 
+#include <functional>
+#include <mutex>
+
 namespace NlsData {
 class Port;
 } // namespace NlsData
@@ -55,7 +58,7 @@ struct Meaning
 QString plainSpelling(QString name);
 
 /// Finds objects by what they are called and by what they drive. For a netlist that was read with
-/// all names, which is borrowed.
+/// all names, which is borrowed. Calls from several threads at once are safe.
 class DesignNames
 {
 public:
@@ -95,6 +98,7 @@ private:
     const NlsData::Netlist &m_netlist;
     const NlsData::NetNames m_nets;
     QMultiHash<const NlsData::Net *, NlsData::Port *> m_ports;
+    mutable std::once_flag m_modulesFound;
     mutable QMultiHash<QString, NlsData::Instance *> m_modules; ///< filled when first asked for
 };
 

@@ -3,6 +3,7 @@
 #include "check/finding.h"
 
 #include <QByteArray>
+#include <QString>
 
 namespace Check {
 
@@ -23,6 +24,9 @@ struct Report
 
 /// One finding per line, `file:line: level: message [rule]`, and a line with the numbers.
 QByteArray textReport(const Report &report);
+
+/// The line of one finding in the text report, without its end.
+QString textLine(const Finding &finding);
 
 QByteArray jsonReport(const Report &report);
 

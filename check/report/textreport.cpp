@@ -13,17 +13,21 @@ QString oneLine(QString text)
 
 } // namespace
 
+QString textLine(const Finding &finding)
+{
+    QString text = oneLine(finding.file);
+    if (finding.line > 0)
+        text += QLatin1Char(':') + QString::number(finding.line);
+    return text + QStringLiteral(": ") + levelName(finding.rule->level) + QStringLiteral(": ") +
+           oneLine(finding.message) + QStringLiteral(" [") + QLatin1String(finding.rule->id) +
+           QLatin1Char(']');
+}
+
 QByteArray textReport(const Report &report)
 {
     QString text;
-    for (const Finding &finding : report.findings) {
-        text += oneLine(finding.file);
-        if (finding.line > 0)
-            text += QLatin1Char(':') + QString::number(finding.line);
-        text += QStringLiteral(": ") + levelName(finding.rule->level) + QStringLiteral(": ") +
-                oneLine(finding.message) + QStringLiteral(" [") + QLatin1String(finding.rule->id) +
-                QStringLiteral("]\n");
-    }
+    for (const Finding &finding : report.findings)
+        text += textLine(finding) + QLatin1Char('\n');
     return (text + summary(countsOf(report.findings)) + QLatin1Char('\n')).toUtf8();
 }
 

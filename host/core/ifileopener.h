@@ -50,6 +50,17 @@ public:
     /// has put it back as it was, so that only edits count again.
     virtual void setFileMissing(const QString &path, bool missing) = 0;
 
+    /// Shows a record of an open file in its view: selected, and scrolled to. It is found by the
+    /// element's name, the object's name and its number among the records of that name, from 1.
+    /// Without an object's name the page with the element is shown. False when the file is not open
+    /// or the view does not list the record any more.
+    virtual bool showRecord(const QString &path, const QString &section, const QString &name,
+                            int occurrence) = 0;
+
+    /// Saves an open file that is modified. False when it was refused or failed, which the user
+    /// has been told; runs the event loop then.
+    virtual bool save(const QString &path) = 0;
+
     /// The opener in the pool for the file name's suffix; null when there is none.
     static IFileOpener *forFile(const QString &path);
 };

@@ -26,6 +26,7 @@ const QLatin1String SYNTHESIS("synthesis");
 const QLatin1String PROGRAM("program");
 const QLatin1String ARGUMENTS("arguments");
 const QLatin1String RESULTS("results");
+const QLatin1String RECORD_NAMES("recordNames");
 
 bool isText(const QJsonValue &value)
 {
@@ -262,6 +263,17 @@ void ProjectFile::setSynthesis(const QString &program, const QStringList &argume
         if (m_data[SYNTHESIS].toObject().isEmpty())
             set({SYNTHESIS}, none);
     });
+}
+
+bool ProjectFile::recordsNames() const
+{
+    return m_data[RECORD_NAMES].toBool(true);
+}
+
+void ProjectFile::setRecordsNames(bool records)
+{
+    if (records != recordsNames())
+        set({RECORD_NAMES}, records);
 }
 
 QString ProjectFile::resultFile(const QString &key) const

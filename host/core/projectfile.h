@@ -19,7 +19,7 @@ class Project;
 ///
 ///     {"name": "...", "device": "<id>", "top": "...", "sources": ["..."], "files": ["..."],
 ///      "synthesis": {"program": "...", "arguments": ["..."]},
-///      "results": {"RES.netlist": "..."}}
+///      "results": {"RES.netlist": "..."}, "recordNames": true}
 ///
 /// Paths are relative to the project file's folder. Members that are not listed are kept, and so
 /// are the order and the spelling of what a change does not concern. Every change is saved at once.
@@ -71,6 +71,11 @@ public:
 
     /// An empty program takes the command out of the project.
     void setSynthesis(const QString &program, const QStringList &arguments);
+
+    /// Whether saving a configuration also records what its names mean; so it is unless the project
+    /// turns it off.
+    bool recordsNames() const;
+    void setRecordsNames(bool records);
 
     /// Absolute path of the result; empty when the project does not name it.
     QString resultFile(const QString &key) const;

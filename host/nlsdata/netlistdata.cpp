@@ -159,18 +159,20 @@ Net *NetlistData::netOf(quint32 port) const
 
 const QMap<QString, Net *> &NetlistData::netMap() const
 {
-    if (m_netMap.isEmpty())
+    std::call_once(m_netMapMade, [this] {
         m_netMap = byPath(m_nets, nets,
                           [this](const NetRow &row) { return path(row.scope, row.name, row.bit); });
+    });
     return m_netMap;
 }
 
 const QMap<QString, Instance *> &NetlistData::instanceMap() const
 {
-    if (m_instanceMap.isEmpty())
+    std::call_once(m_instanceMapMade, [this] {
         m_instanceMap = byPath(m_instances, instances, [this](const InstanceRow &row) {
             return path(row.scope, row.name, scalar);
         });
+    });
     return m_instanceMap;
 }
 

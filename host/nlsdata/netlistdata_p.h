@@ -7,6 +7,7 @@
 
 #include <limits>
 #include <memory>
+#include <mutex>
 #include <string_view>
 #include <vector>
 
@@ -103,6 +104,8 @@ private:
     mutable std::vector<Net> m_nets;
     mutable std::vector<Instance> m_instances;
     std::vector<Port> m_ports;
+    mutable std::once_flag m_netMapMade;
+    mutable std::once_flag m_instanceMapMade;
     mutable QMap<QString, Net *> m_netMap;
     mutable QMap<QString, Instance *> m_instanceMap;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "hostexport.h"
+
 #include <QObject>
 
 #include <atomic>
@@ -10,7 +12,7 @@ namespace TE {
 
 /// Runs a function in a thread of its own. The destructor waits for the function's end, so that it
 /// may use what its owner holds; a long function watches isCancelled().
-class Worker : public QObject
+class HOST_EXPORT Worker : public QObject
 {
     Q_OBJECT
 

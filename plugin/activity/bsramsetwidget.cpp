@@ -1,6 +1,7 @@
 #include "activity/bsramsetwidget.h"
 
 #include "config/bsramkinds.h"
+#include "config/filenames.h"
 #include "ui_bsramsetwidget.h"
 
 #include "nlsdata/netlist.h"
@@ -82,7 +83,7 @@ BsramSetWidget::BsramSetWidget(VLTView *view, QWidget *parent)
     , m_ui(std::make_unique<Ui::BsramSetWidget>())
 {
     m_ui->setupUi(this);
-    setUpTable(m_ui->tableView, &m_model, {200, 120, 130, 130, 120, 130});
+    setUpTable(m_ui->tableView, &m_model, NODE_BSRAM, {200, 120, 130, 130, 120, 130});
     m_ui->tableView->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     connectCommands(m_ui->btnAdd, m_ui->btnRemove, &BsramSetWidget::onAdd,
                     &BsramSetWidget::onShowContextMenu);

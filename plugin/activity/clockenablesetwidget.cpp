@@ -1,5 +1,6 @@
 #include "activity/clockenablesetwidget.h"
 
+#include "config/filenames.h"
 #include "ui_clockenablesetwidget.h"
 
 #include <QCursor>
@@ -43,7 +44,7 @@ ClockEnableSetWidget::ClockEnableSetWidget(VLTView *view, QWidget *parent)
     , m_ui(std::make_unique<Ui::ClockEnableSetWidget>())
 {
     m_ui->setupUi(this);
-    setUpTable(m_ui->tableView, &m_model, {150, 120, 120, 120, 120, 120});
+    setUpTable(m_ui->tableView, &m_model, NODE_CLOCK, {150, 120, 120, 120, 120, 120});
     connectCommands(m_ui->btnAdd, m_ui->btnRemove, &ClockEnableSetWidget::onAdd,
                     &ClockEnableSetWidget::onShowContextMenu);
     connect(m_ui->spinGlobalEnable, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,

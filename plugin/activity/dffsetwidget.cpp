@@ -1,5 +1,6 @@
 #include "activity/dffsetwidget.h"
 
+#include "config/filenames.h"
 #include "ui_dffsetwidget.h"
 
 #include <QCursor>
@@ -21,7 +22,7 @@ DFFSetWidget::DFFSetWidget(VLTView *view, QWidget *parent)
     , m_ui(std::make_unique<Ui::DFFSetWidget>())
 {
     m_ui->setupUi(this);
-    setUpTable(m_ui->tableView, &m_model);
+    setUpTable(m_ui->tableView, &m_model, NODE_INSTANCE);
     connectCommands(m_ui->btnAdd, m_ui->btnRemove, &DFFSetWidget::onAdd,
                     &DFFSetWidget::onShowContextMenu);
 }

@@ -1,5 +1,6 @@
 #include "activity/portsetwidget.h"
 
+#include "config/filenames.h"
 #include "config/porttype.h"
 #include "ui_portsetwidget.h"
 
@@ -50,7 +51,7 @@ PortSetWidget::PortSetWidget(VLTView *view, QWidget *parent)
     , m_ui(std::make_unique<Ui::PortSetWidget>())
 {
     m_ui->setupUi(this);
-    setUpTable(m_ui->tableView, &m_model, {320, 120});
+    setUpTable(m_ui->tableView, &m_model, NODE_PORT, {320, 120});
     connectCommands(m_ui->btnAdd, m_ui->btnRemove, &PortSetWidget::onAdd,
                     &PortSetWidget::onShowContextMenu);
 }

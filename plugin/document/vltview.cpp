@@ -3,12 +3,14 @@
 #include "conditions/vltcommonwidget.h"
 #include "config/configurationfile.h"
 #include "config/environmentcodes.h"
+#include "config/filenames.h"
 #include "document/netlistreload.h"
 #include "document/openeditors.h"
 #include "document/saving.h"
 #include "document/vltenablesetwidget.h"
 #include "document/vltratewidget.h"
 #include "tables/doubledelegate.h"
+#include "tables/tablepage.h"
 #include "ui_changedbanner.h"
 #include "widgets/plainmessage.h"
 #include "widgets/waitcursor.h"
@@ -61,11 +63,11 @@ VLTView::VLTView(DEV::DeviceArg device, NlsData::Netlist *netlist)
     m_ratePage = new VLTRateWidget(this, nullptr);
     m_enablePage = new VLTEnableSetWidget(this, nullptr);
     m_settingPage->setDevice(device);
-    auto *tabs = new QTabWidget(this);
-    tabs->addTab(m_settingPage, tr("General Setting"));
-    tabs->addTab(m_ratePage, tr("Rate Setting"));
-    tabs->addTab(m_enablePage, tr("Clock Setting"));
-    m_layout->addWidget(tabs);
+    m_tabs = new QTabWidget(this);
+    m_tabs->addTab(m_settingPage, tr("General Setting"));
+    m_tabs->addTab(m_ratePage, tr("Rate Setting"));
+    m_tabs->addTab(m_enablePage, tr("Clock Setting"));
+    m_layout->addWidget(m_tabs);
     for (const auto *delegate : findChildren<DoubleEditorDelegate *>())
         connect(delegate, &DoubleEditorDelegate::pendingEditChanged, this,
                 &VLTView::pendingEditsChanged);
@@ -123,6 +125,30 @@ void VLTView::setTitle()
         title += QLatin1Char('*');
     setWindowTitle(title);
     setShortTitle(title);
+}
+
+bool VLTView::showRecord(const QString &section, const QString &name, int occurrence)
+{
+    const auto pages = findChildren<TablePage *>();
+    bool isListed = false;
+    for (TablePage *page : pages) {
+        if (section.isEmpty() || page->section() != section)
+            continue;
+        isListed = true;
+        m_tabs->setCurrentWidget(m_ratePage->isAncestorOf(page) ? static_cast<QWidget *>(m_ratePage)
+                                                                : m_enablePage);
+        // An activity file without an instance is one of the whole design.
+        if (page->showRecord(name.isEmpty() && m_netlist ? m_netlist->name() : name, occurrence))
+            return true;
+    }
+    if (isListed)
+        return false;
+    const QStringList rates = {NODE_NET_RATE, NODE_DEFAULT_CFG, NODE_SIMU_FILE, NODE_FILTER_GLITCH};
+    const QStringList enables = {NODE_GLOBAL_ENABLE, NODE_PORT_OUT_ENABLE, NODE_BSRAM_ENABLE,
+                                 NODE_LOCAL_ENABLE};
+    const bool isRate = rates.contains(section) || section.startsWith(QLatin1String("Default"));
+    m_tabs->setCurrentIndex(isRate ? 1 : enables.contains(section) ? 2 : 0);
+    return name.isEmpty();
 }
 
 bool VLTView::getVoltageInfo()

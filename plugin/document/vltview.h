@@ -14,6 +14,7 @@
 #include <memory>
 
 class QMessageBox;
+class QTabWidget;
 class QVBoxLayout;
 
 namespace NlsData {
@@ -67,7 +68,7 @@ public:
     bool readCfgFile(const QString &path);
 
     /// Validates and saves; false when it was refused or failed, which the user has been told.
-    bool writeToFile();
+    VLT_EXPORT bool writeToFile();
     bool save() { return writeToFile(); }
 
     /// Takes over what the user has typed and not yet confirmed, in cells and in spin boxes.
@@ -75,6 +76,11 @@ public:
 
     /// Whether the open editor of a cell has another text than the one that it opened on.
     bool hasPendingEdits() const;
+
+    /// Selects a record and scrolls to it: the `occurrence`-th, from 1, of those called `name` in
+    /// the table of the elements `section`. Without a name, or for an element that no table lists,
+    /// the tab with the element is shown. False when the table does not list the record.
+    VLT_EXPORT bool showRecord(const QString &section, const QString &name, int occurrence);
 
     /// The top-level pages, in the file's order; owned by the view.
     QVector<Page *> pages() const;
@@ -128,6 +134,7 @@ private:
     VLTSettingWidget *m_settingPage = nullptr;
     VLTRateWidget *m_ratePage = nullptr;
     VLTEnableSetWidget *m_enablePage = nullptr;
+    QTabWidget *m_tabs = nullptr;
     QVBoxLayout *m_layout = nullptr;
     QWidget *m_banner = nullptr;
     std::shared_ptr<NlsData::Netlist> m_netlist;

@@ -1,5 +1,6 @@
 #include "rates/ratetableview.h"
 
+#include "config/filenames.h"
 #include "config/limits.h"
 #include "tables/document.h"
 #include "tables/doubledelegate.h"
@@ -30,7 +31,7 @@ RateTableView::RateTableView(QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_table);
-    setUpTable(m_table, &m_model, {NAME_WIDTH});
+    setUpTable(m_table, &m_model, NODE_NET, {NAME_WIDTH});
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     delegate()->setMaximum(TOGGLE_RATE.maximum);
     connectCommands(nullptr, nullptr, &RateTableView::onNew, &RateTableView::onShowContextMenu);

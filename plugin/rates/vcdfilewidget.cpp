@@ -1,6 +1,7 @@
 #include "rates/vcdfilewidget.h"
 
 #include "config/activityfile.h"
+#include "config/filenames.h"
 #include "config/limits.h"
 #include "config/sections.h"
 #include "rates/vcdfilesetdialog.h"
@@ -29,7 +30,7 @@ VcdFileWidget::VcdFileWidget(VLTView *view, QWidget *parent)
     , m_ui(std::make_unique<Ui::VcdFileTableView>())
 {
     m_ui->setupUi(this);
-    setUpTable(m_ui->tableView, &m_model, {100, 240, 120}, tr("Add Input File"));
+    setUpTable(m_ui->tableView, &m_model, NODE_FILE, {100, 240, 120}, tr("Add Input File"));
     m_ui->tableView->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     connectCommands(m_ui->btnAdd, m_ui->btnRemove, &VcdFileWidget::onNew,
                     &VcdFileWidget::onShowContextMenu);

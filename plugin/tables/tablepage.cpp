@@ -34,9 +34,10 @@ void TablePage::setView(VLTView *view)
     m_model->setDocument(m_document);
 }
 
-void TablePage::setUpTable(QTableView *table, TableModel *model, const QVector<int> &widths,
-                           const QString &addText)
+void TablePage::setUpTable(QTableView *table, TableModel *model, const QString &section,
+                           const QVector<int> &widths, const QString &addText)
 {
+    m_section = section;
     m_table = table;
     m_model = model;
     m_delegate = new DoubleEditorDelegate(this, 0.0, 100.0);
@@ -70,6 +71,22 @@ void TablePage::setUpTable(QTableView *table, TableModel *model, const QVector<i
     m_removeAction->setShortcut(QKeySequence::Delete);
     m_removeAction->setShortcutContext(Qt::WidgetShortcut);
     table->addAction(m_removeAction);
+}
+
+bool TablePage::showRecord(const QString &name, int occurrence)
+{
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        const QModelIndex index = m_model->index(row, 0);
+        if (index.data().toString() != name || --occurrence > 0)
+            continue;
+        commitEditor();
+        m_table->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                              QItemSelectionModel::Rows);
+        m_table->scrollTo(index, QAbstractItemView::PositionAtCenter);
+        m_table->setFocus();
+        return true;
+    }
+    return false;
 }
 
 void TablePage::commitEditor()

@@ -26,7 +26,7 @@ class VLTView;
 ///         : RecordPage(view, parent), m_ui(...)
 ///     {
 ///         m_ui->setupUi(this);
-///         setUpTable(m_ui->tableView, &m_model, {320, 120});
+///         setUpTable(m_ui->tableView, &m_model, NODE_INSTANCE, {320, 120});
 ///         connectCommands(m_ui->btnAdd, m_ui->btnRemove, &DFFSetWidget::onAdd,
 ///                         &DFFSetWidget::onShowContextMenu);
 ///     }
@@ -39,6 +39,13 @@ class TablePage : public QWidget
 
 public:
     ~TablePage() override;
+
+    /// Name of the elements that the records are in the file; empty for records of another page's.
+    QString section() const { return m_section; }
+
+    /// Selects the `occurrence`-th record, from 1, whose first column shows `name`, and scrolls to
+    /// it. False when there is none.
+    bool showRecord(const QString &name, int occurrence);
 
     /// Stores what is being typed into a cell and closes that editor.
     void commitEditor();
@@ -54,9 +61,10 @@ protected:
     Document *document() const { return m_document; }
     void setView(VLTView *view);
 
-    /// To be called once, before `connectCommands`. `widths` are those of the first columns, in
-    /// pixels; the last column stretches.
-    void setUpTable(QTableView *table, TableModel *model, const QVector<int> &widths = {},
+    /// To be called once, before `connectCommands`. `section` is as above; `widths` are those of
+    /// the first columns, in pixels; the last column stretches.
+    void setUpTable(QTableView *table, TableModel *model, const QString &section,
+                    const QVector<int> &widths = {},
                     const QString &addText = QStringLiteral("Add    "));
 
     /// The numeric editor of the table, from 0 to 100.
@@ -87,6 +95,7 @@ protected:
 
 private:
     Document *m_document;
+    QString m_section;
     QTableView *m_table = nullptr;
     TableModel *m_model = nullptr;
     DoubleEditorDelegate *m_delegate = nullptr;

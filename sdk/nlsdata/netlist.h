@@ -69,7 +69,7 @@ private:
 };
 
 /// The synthesised netlist of a design. It owns its objects, which stay where they are as long as
-/// it lives; it never changes.
+/// it lives; it never changes, and any thread may ask it.
 class HOST_EXPORT Netlist
 {
 public:

@@ -60,6 +60,21 @@ for entry in report["inputs"]:
 assert {"good.vlr", "wrong.vlr", "p.fpgaproj", "netlist.json"} == {e["path"] for e in report["inputs"]}
 PY
 
+# Interrupted while it waits for a reader of its report.
+mkfifo report.fifo
+python3 - "$program" <<'PY'
+import signal, subprocess, sys, time
+process = subprocess.Popen([sys.argv[1], "check", "--output", "report.fifo", "good.vlr"])
+deadline = time.monotonic() + 20
+while time.monotonic() < deadline:
+    fields = dict(line.split(":", 1) for line in open("/proc/%d/status" % process.pid))
+    if int(fields["SigCgt"], 16) & 1 << signal.SIGINT - 1:
+        break
+    time.sleep(0.01)
+process.send_signal(signal.SIGINT)
+assert process.wait(20) == 130, process.returncode
+PY
+
 # Without a project no netlist is found, and the rules that need none still apply.
 mkdir alone
 cp wrong.vlr alone

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workbench/messagespane.h"
+#include "workbench/panes/messagespane.h"
 #include "workbench/session.h"
 
 #include "support/testhost.h"

@@ -8,7 +8,9 @@
 #include <QSaveFile>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 
 namespace Workbench {
 
@@ -29,6 +31,12 @@ const Command *findCommand(const QString &name)
             return name == QLatin1String(candidate.name);
         });
     return command == commands.end() ? nullptr : command;
+}
+
+void exitWhenInterrupted()
+{
+    // Files are replaced whole, so there is nothing to clean up.
+    std::signal(SIGINT, [](int) { std::_Exit(Interrupted); });
 }
 
 bool parseArguments(QCommandLineParser *parser, const char *command, const QStringList &arguments,

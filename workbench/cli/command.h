@@ -30,6 +30,9 @@ const QVector<Command> &allCommands();
 /// The command called exactly `name`; null when there is none.
 const Command *findCommand(const QString &name);
 
+/// From here on, an interrupt (Ctrl+C) ends the process with the status Interrupted.
+void exitWhenInterrupted();
+
 /// Parses the arguments of a command. Prints help or what is wrong; then false, with the exit
 /// status in `status`.
 bool parseArguments(QCommandLineParser *parser, const char *command, const QStringList &arguments,

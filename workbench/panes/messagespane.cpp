@@ -1,4 +1,4 @@
-#include "workbench/messagespane.h"
+#include "workbench/panes/messagespane.h"
 
 #include <QContextMenuEvent>
 #include <QFontDatabase>

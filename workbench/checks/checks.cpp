@@ -1,0 +1,104 @@
+#include "workbench/checks/checks.h"
+
+#include "workbench/checks/checkservice.h"
+#include "workbench/panes/checkspane.h"
+#include "workbench/panes/findingsmodel.h"
+
+#include "host/core/ifileopener.h"
+#include "host/core/projectfile.h"
+#include "host/core/projectsession.h"
+
+#include <QAction>
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QMenu>
+#include <QStatusBar>
+#include <QToolButton>
+
+namespace Workbench {
+
+Checks::Checks(QMainWindow *window)
+    : QObject(window)
+    , m_window(window)
+    , m_service(new CheckService(this))
+    , m_dock(new QDockWidget(tr("Checks"), window))
+    , m_menu(new QMenu(tr("&Checks"), window))
+    , m_status(new QToolButton(window))
+{
+    auto *pane = new ChecksPane(m_service, {});
+    m_dock->setObjectName(QStringLiteral("checksDock"));
+    m_dock->setWidget(pane);
+    m_status->setObjectName(QStringLiteral("checksStatus"));
+    m_status->setAutoRaise(true);
+    m_status->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_status->setFocusPolicy(Qt::NoFocus);
+    m_status->setToolTip(tr("Show the checks"));
+    createMenu();
+    connect(m_status, &QToolButton::clicked, this, &Checks::showPane);
+    connect(pane, &ChecksPane::recordWanted, this, &Checks::goTo);
+    connect(m_service, &CheckService::changed, this, &Checks::update);
+    connect(m_service, &CheckService::message, this, &Checks::message);
+    connect(m_service, &CheckService::failed, this, &Checks::failed);
+    update();
+}
+
+void Checks::createMenu()
+{
+    QAction *show = m_menu->addAction(tr("&Show Checks"), this, &Checks::showPane);
+    show->setObjectName(QStringLiteral("showChecks"));
+    m_menu->addSeparator();
+    m_recording = m_menu->addAction(tr("Record &Meaning of Names on Save"));
+    m_recording->setObjectName(QStringLiteral("recordNames"));
+    m_recording->setCheckable(true);
+    m_recording->setStatusTip(
+        tr("Keep what the names mean beside the configuration, in a file with the suffix .names"));
+    connect(m_recording, &QAction::triggered, this, [](bool records) {
+        if (Core::ProjectFile *project = Core::ProjectFile::current())
+            project->setRecordsNames(records);
+    });
+    connect(m_menu, &QMenu::aboutToShow, this, &Checks::updateRecording);
+    connect(Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this,
+            &Checks::updateRecording);
+    updateRecording();
+}
+
+void Checks::updateRecording()
+{
+    const Core::ProjectFile *project = Core::ProjectFile::current();
+    m_recording->setEnabled(project);
+    m_recording->setChecked(project && project->recordsNames());
+}
+
+void Checks::update()
+{
+    const CheckService::State *state = m_service->state(m_service->current());
+    const bool isChecked = state && state->isChecked;
+    m_status->setVisible(isChecked);
+    if (!isChecked) {
+        m_dock->setWindowTitle(tr("Checks"));
+        return;
+    }
+    const Check::Counts counts = countsOf(state->result.findings);
+    const Check::Level worst = counts.errors     ? Check::Level::Error
+                               : counts.warnings ? Check::Level::Warning
+                                                 : Check::Level::Note;
+    m_dock->setWindowTitle(tr("Checks (%1)").arg(summary(counts)));
+    m_status->setText(summary(counts));
+    m_status->setIcon(FindingsModel::icon(worst));
+}
+
+void Checks::showPane()
+{
+    m_dock->show();
+    m_dock->raise();
+    m_dock->widget()->setFocus();
+}
+
+void Checks::goTo(const Check::Finding &finding, int occurrence)
+{
+    Core::IFileOpener *opener = Core::IFileOpener::forFile(finding.file);
+    if (opener && !opener->showRecord(finding.file, finding.section, finding.name, occurrence))
+        m_window->statusBar()->showMessage(tr("\"%1\" is no longer listed.").arg(finding.name));
+}
+
+} // namespace Workbench

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "check/finding.h"
+
+#include <QObject>
+
+class QAction;
+class QDockWidget;
+class QMainWindow;
+class QMenu;
+class QToolButton;
+
+namespace Workbench {
+
+class CheckService;
+
+/// The window's checks: the service that runs them, the pane that lists what they find, and the
+/// counts in the pane's title and in the status bar.
+class Checks : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Dock, menu and status are for `window` to place; it is their parent in the end.
+    explicit Checks(QMainWindow *window);
+
+    QDockWidget *dock() const { return m_dock; }
+    QMenu *menu() const { return m_menu; }
+
+    /// Shows the counts; a click shows the pane.
+    QToolButton *status() const { return m_status; }
+
+signals:
+    void message(const QString &text);
+    void failed(const QString &text);
+
+private:
+    void createMenu();
+    void update();
+    void updateRecording();
+    void showPane();
+    void goTo(const Check::Finding &finding, int occurrence);
+
+    QMainWindow *const m_window;
+    CheckService *const m_service;
+    QDockWidget *const m_dock;
+    QMenu *const m_menu;
+    QToolButton *const m_status;
+    QAction *m_recording = nullptr;
+};
+
+} // namespace Workbench

@@ -1,0 +1,96 @@
+#pragma once
+
+#include "workbench/checks/checkrun.h"
+#include "workbench/checks/shareddesign.h"
+
+#include "host/utils/filewatcher.h"
+
+#include "qutil/ieventhandler.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace Core {
+class IView;
+}
+
+namespace NlsData {
+class ReadControl;
+}
+
+namespace TE {
+class Worker;
+}
+
+namespace Workbench {
+
+/// Checks the configurations that are open, as their files are, one after the other in a thread:
+/// when one is opened or saved, and all of them when there is a new netlist or device. What a run
+/// was started for may change meanwhile: its result is then dropped, and it runs again. Saving also
+/// records what the names mean, unless the project turns that off. No document is changed.
+class CheckService : public QObject, public QUtil::IEventHandler
+{
+    Q_OBJECT
+
+public:
+    explicit CheckService(QObject *parent);
+    /// Waits for a record of names to be written, and for nothing else.
+    ~CheckService() override;
+
+    struct State
+    {
+        CheckResult result;
+        bool isChecked = false;  ///< there is a result
+        bool isWaiting = false;  ///< a newer one is on its way
+        bool isModified = false; ///< the view has changes that the file has not
+    };
+
+    /// The configuration whose view is in front, or was last; empty when none is open.
+    QString current() const { return m_current; }
+
+    /// Null when the configuration is not open.
+    const State *state(const QString &path) const;
+
+    SharedDesign *design() { return &m_design; }
+
+    /// What a run for the configuration would take.
+    static CheckJob jobFor(const QString &path);
+
+    void handleIEvent(const QUtil::IEvent *event) override;
+
+signals:
+    /// current() is another one, or its state has changed.
+    void changed();
+    void message(const QString &text);
+    void failed(const QString &text);
+
+private:
+    void onViewActivated(Core::IView *view);
+    void onViewClosed(Core::IView *view);
+    void onTitleChanged(Core::IView *view);
+    void schedule(const QString &path, bool recordNames);
+    void scheduleAll();
+    void startNext();
+    void onDone();
+    void dropDesignWhenIdle();
+
+    struct OpenFile
+    {
+        QString path;
+        Utils::FileStamp stamp; ///< as last read or written
+    };
+
+    SharedDesign m_design;
+    QHash<Core::IView *, OpenFile> m_views; // not owned
+    QHash<QString, State> m_states;         // by path
+    QString m_current;
+    QVector<CheckJob> m_waiting;
+    CheckJob m_running; // while there is a worker
+    bool m_isSuperseded = false;
+    CheckResult m_result; // of the worker
+    std::unique_ptr<NlsData::ReadControl> m_control;
+    std::unique_ptr<TE::Worker> m_worker;
+};
+
+} // namespace Workbench

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "check/finding.h"
+
+#include <QWidget>
+
+class QAction;
+class QLabel;
+class QToolButton;
+class QTreeView;
+
+namespace Workbench {
+
+class CheckService;
+class FindingsFilter;
+class FindingsModel;
+
+/// The findings on the configuration in front: filtered by level, copied as text, and the way to
+/// the records that they are about.
+class ChecksPane : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `service` is not owned and outlives the pane. `commands` are also offered here.
+    ChecksPane(CheckService *service, const QList<QAction *> &commands, QWidget *parent = nullptr);
+
+signals:
+    /// The user wants to see the record: the `occurrence`-th of its name.
+    void recordWanted(const Check::Finding &finding, int occurrence);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void update();
+    void updateState();
+    void updateButtons();
+    void activate(const QModelIndex &index);
+    void copy();
+    void showMenu(const QPoint &position);
+    /// The selected findings in their order; all that are shown when none is selected.
+    QVector<Check::Finding> chosen() const;
+
+    CheckService *const m_service;
+    FindingsModel *const m_model;
+    FindingsFilter *const m_filter;
+    const QList<QAction *> m_commands;
+    QAction *m_goTo;
+    QAction *m_copy;
+    QTreeView *m_list;
+    QLabel *m_state;
+    QVector<QToolButton *> m_levels; // errors, warnings, notes
+    QString m_path;                  // whose findings are listed
+};
+
+} // namespace Workbench
