@@ -13,6 +13,7 @@
 #include <QMainWindow>
 #include <QMenu>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolButton>
 
 namespace Workbench {
@@ -79,12 +80,14 @@ void Checks::update()
         return;
     }
     const Check::Counts counts = countsOf(state->result.findings);
+    const bool isClean = counts.errors + counts.warnings + counts.notes == 0;
     const Check::Level worst = counts.errors     ? Check::Level::Error
                                : counts.warnings ? Check::Level::Warning
                                                  : Check::Level::Note;
     m_dock->setWindowTitle(tr("Checks (%1)").arg(summary(counts)));
     m_status->setText(summary(counts));
-    m_status->setIcon(FindingsModel::icon(worst));
+    m_status->setIcon(isClean ? m_status->style()->standardIcon(QStyle::SP_DialogApplyButton)
+                              : FindingsModel::icon(worst));
 }
 
 void Checks::showPane()
