@@ -19,17 +19,6 @@ namespace Workbench {
 
 namespace {
 
-/// The table that the widget is, or that it edits a cell of.
-QTableView *tableAround(QWidget *widget)
-{
-    auto *table = qobject_cast<QTableView *>(widget);
-    while (widget && !table) {
-        widget = widget->parentWidget();
-        table = qobject_cast<QTableView *>(widget);
-    }
-    return table && table->model() ? table : nullptr;
-}
-
 /// The line that the widget is, or that it has the focus for.
 QLineEdit *lineOf(QWidget *widget)
 {
@@ -95,7 +84,7 @@ void EditMenu::onFocusChanged(QWidget *now)
         m_focus->removeEventFilter(this);
     m_focus = now;
     m_focus->installEventFilter(this);
-    QTableView *table = tableAround(now);
+    QTableView *table = Utils::TableCommands::tableAround(now);
     if (table || !m_findBar->isAncestorOf(now))
         m_findBar->setTable(table ? table : m_findBar->isVisible() ? m_findBar->table() : nullptr);
     update();

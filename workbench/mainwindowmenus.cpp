@@ -9,6 +9,7 @@
 #include "workbench/projects/projectcommands.h"
 #include "workbench/projecttree.h"
 #include "workbench/synthesis.h"
+#include "workbench/tablestatus.h"
 
 #include "host/core/commandregistry.h"
 #include "host/utils/findbar.h"
@@ -145,6 +146,7 @@ void MainWindow::createStatusBar()
     m_device = new QLabel;
     m_device->setObjectName(QStringLiteral("deviceLabel"));
     m_device->setTextFormat(Qt::PlainText);
+    new TableStatus(statusBar());
     statusBar()->addPermanentWidget(m_synthesis->progress());
     statusBar()->addPermanentWidget(m_checks->status());
     statusBar()->addPermanentWidget(m_device);

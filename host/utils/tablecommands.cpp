@@ -31,6 +31,16 @@ TableCommands::TableCommands(QTableView *table)
 {
 }
 
+QTableView *TableCommands::tableAround(QWidget *widget)
+{
+    auto *table = qobject_cast<QTableView *>(widget);
+    while (widget && !table) {
+        widget = widget->parentWidget();
+        table = qobject_cast<QTableView *>(widget);
+    }
+    return table && table->model() ? table : nullptr;
+}
+
 bool TableCommands::canCopy() const
 {
     return m_table->selectionModel()->hasSelection();

@@ -3,6 +3,7 @@
 #include "hostexport.h"
 
 class QTableView;
+class QWidget;
 
 namespace Utils {
 
@@ -14,6 +15,9 @@ class HOST_EXPORT TableCommands
 public:
     /// `table` has a model, is not owned and must outlive the object.
     explicit TableCommands(QTableView *table);
+
+    /// The table with a model that `widget` is or is inside of, as a cell's editor is; else null.
+    static QTableView *tableAround(QWidget *widget);
 
     bool canCopy() const;
     bool canPaste() const;

@@ -26,10 +26,14 @@ SupplyFields::SupplyFields(const std::array<Field, SUPPLY_COUNT> &fields, QWidge
     for (const Field &field : m_fields) {
         QDoubleSpinBox *spinBox = field.spinBox;
         // What the range does not allow cannot be typed; the window tells why nothing happens.
-        connect(spinBox->findChild<QLineEdit *>(), &QLineEdit::inputRejected, spinBox, [spinBox] {
-            QStatusTipEvent tip(spinBox->toolTip());
+        const auto tell = [spinBox](const QString &text) {
+            QStatusTipEvent tip(text);
             QCoreApplication::sendEvent(spinBox, &tip);
-        });
+        };
+        const auto *line = spinBox->findChild<QLineEdit *>();
+        connect(line, &QLineEdit::inputRejected, spinBox,
+                [tell, spinBox] { tell(spinBox->toolTip()); });
+        connect(line, &QLineEdit::textEdited, spinBox, [tell] { tell(QString()); });
     }
 }
 

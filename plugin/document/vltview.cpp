@@ -237,6 +237,10 @@ bool VLTView::composeText(QByteArray *bytes)
         }
         offender = unwritableText(configuration()).value_or(QString());
     }
+    for (TablePage *table : findChildren<TablePage *>()) {
+        if (table->revealText(offender))
+            break;
+    }
     reportUnwritableText(m_file, offender, this);
     return false;
 }

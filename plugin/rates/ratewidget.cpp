@@ -8,6 +8,8 @@
 
 #include <QPointer>
 
+#include <algorithm>
+
 namespace VLT {
 
 RateWidget::RateWidget(VLTView *view, QWidget *parent)
@@ -66,15 +68,17 @@ bool RateWidget::checkData()
            checkValues(m_ui->tableviewPort, tr("Rate value of Port '%1' is empty."));
 }
 
-bool RateWidget::checkValues(const RateTableView *table, const QString &text)
+bool RateWidget::checkValues(RateTableView *table, const QString &text)
 {
-    for (const VLT_Rate *rate : table->getData()) {
-        if (rate->value.isEmpty()) {
-            showMessage(QMessageBox::Warning, this, tr("Warning"), text.arg(rate->name));
-            return false;
-        }
-    }
-    return true;
+    const QList<VLT_Rate *> &rates = table->getData();
+    const auto empty = std::find_if(rates.begin(), rates.end(),
+                                    [](const VLT_Rate *rate) { return rate->value.isEmpty(); });
+    if (empty == rates.end())
+        return true;
+    const QString name = (*empty)->name;
+    table->reveal(int(empty - rates.begin()));
+    showMessage(QMessageBox::Warning, this, tr("Warning"), text.arg(name));
+    return false;
 }
 
 void RateWidget::modified()

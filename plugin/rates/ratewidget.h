@@ -44,7 +44,7 @@ public slots:
 
 private:
     RateUnit unit() const;
-    bool checkValues(const RateTableView *table, const QString &text);
+    bool checkValues(RateTableView *table, const QString &text);
     void changeUnit(RateTableView *table, QRadioButton *toggle, QRadioButton *signal);
 
     Document *const m_document;

@@ -138,16 +138,19 @@ QString VcdFileWidget::designName() const
 
 bool VcdFileWidget::checkData()
 {
+    const QList<VLT_VcdFile *> &files = m_records.list();
     QSet<QString> found; // one file often serves many instances
-    for (const VLT_VcdFile *file : m_records.list()) {
-        if (found.contains(file->file))
+    for (int row = 0; row < files.size(); ++row) {
+        const QString path = files.at(row)->file;
+        if (found.contains(path))
             continue;
-        if (!isActivityFile(file->file)) {
+        if (!isActivityFile(path)) {
+            reveal(row);
             showMessage(QMessageBox::Warning, this, tr("Warning"),
-                        tr("The vcd file '%1' doesn't exist.").arg(file->file));
+                        tr("The vcd file '%1' doesn't exist.").arg(path));
             return false;
         }
-        found.insert(file->file);
+        found.insert(path);
     }
     return true;
 }

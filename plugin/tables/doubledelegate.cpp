@@ -1,7 +1,9 @@
 #include "tables/doubledelegate.h"
 
 #include "tables/celleditor.h"
+#include "tables/elidedpath.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QLocale>
@@ -157,6 +159,28 @@ void DoubleEditorDelegate::noteOpened() const
     m_openedOn = textOf(m_openEditor);
     m_isConfirmed = false;
     emit pendingEditChanged();
+}
+
+void DoubleEditorDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                                 const QModelIndex &index) const
+{
+    QStyleOptionViewItem cell = option;
+    initStyleOption(&cell, index);
+    const QStyle *style = cell.widget ? cell.widget->style() : QApplication::style();
+    const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &cell, cell.widget) + 1;
+    const int width =
+        style->subElementRect(QStyle::SE_ItemViewItemText, &cell, cell.widget).width();
+    cell.text = elidedPath(cell.text, cell.fontMetrics, width - 2 * margin - 1);
+    if (cell.backgroundBrush.style() != Qt::NoBrush) {
+        // Shines through a selection, which covers it.
+        const QColor highlight = cell.palette.color(QPalette::Highlight);
+        const QColor gray = cell.backgroundBrush.color();
+        const auto mixed = [](int a, int b) { return (a + 2 * b) / 3; };
+        cell.palette.setColor(QPalette::Highlight, QColor(mixed(highlight.red(), gray.red()),
+                                                          mixed(highlight.green(), gray.green()),
+                                                          mixed(highlight.blue(), gray.blue())));
+    }
+    style->drawControl(QStyle::CE_ItemViewItem, &cell, painter, cell.widget);
 }
 
 void DoubleEditorDelegate::initStyleOption(QStyleOptionViewItem *option,

@@ -9,7 +9,8 @@ namespace VLT {
 /// between a minimum and a maximum. An emptied editor, or one with a negative number, commits -1,
 /// which stands for "not set". An editor that the user leaves with the text it opened on commits
 /// nothing, unless Enter or Tab confirms a default that it offers for a cell that is not set.
-/// Numbers are shown with a point as decimal sign in every locale.
+/// Numbers are shown with a point as decimal sign in every locale, paths that do not fit without
+/// what is in front of their last part, and a cell's background through a selection, too.
 class DoubleEditorDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -34,6 +35,8 @@ public:
                       const QModelIndex &index) const override;
     void destroyEditor(QWidget *editor, const QModelIndex &index) const override;
     QString displayText(const QVariant &value, const QLocale &locale) const override;
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
 
 signals:
     /// `hasPendingEdit()` may have changed.

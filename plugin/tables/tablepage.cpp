@@ -7,11 +7,38 @@
 #include "widgets/waitcursor.h"
 
 #include <QHeaderView>
+#include <QLocale>
 #include <QMenu>
+#include <QTabWidget>
 
 #include <algorithm>
 
 namespace VLT {
+
+namespace {
+
+/// Each selected row once, ascending.
+QVector<int> sortedRows(const QItemSelectionModel *selection)
+{
+    QVector<int> rows = selectedRows(selection);
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+/// Brings the tabs around a widget to the front.
+void showTabsOf(const QWidget *widget)
+{
+    for (QWidget *outer = widget->parentWidget(); outer; outer = outer->parentWidget()) {
+        auto *tabs = qobject_cast<QTabWidget *>(outer);
+        for (int i = 0; tabs && i < tabs->count(); ++i) {
+            if (tabs->widget(i)->isAncestorOf(widget))
+                tabs->setCurrentIndex(i);
+        }
+    }
+}
+
+} // namespace
 
 TablePage::TablePage(VLTView *view, QWidget *parent)
     : QWidget(parent)
@@ -47,7 +74,7 @@ void TablePage::setUpTable(QTableView *table, TableModel *model, const QString &
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     table->setWordWrap(false);
-    table->setTextElideMode(Qt::ElideMiddle); // paths differ at their ends
+    table->setTextElideMode(Qt::ElideMiddle);
     table->verticalHeader()->hide();
     QHeaderView *header = table->horizontalHeader();
     header->setHighlightSections(false);
@@ -100,15 +127,16 @@ void TablePage::onRemove()
     QItemSelectionModel *selection = m_table->selectionModel();
     if (!selection->hasSelection())
         return;
-    const auto answer =
-        showMessage(QMessageBox::Question, this, tr("Confirm"), tr("Sure to remove?"),
-                    QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-    if (answer != QMessageBox::Yes)
+    QMessageBox *question =
+        newMessage(QMessageBox::Question, this, tr("Confirm"), tr("Sure to remove?"),
+                   QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
+    const int count = sortedRows(selection).size();
+    setDetail(question, count == 1 ? tr("1 row is selected.")
+                                   : tr("%1 rows are selected.").arg(QLocale::c().toString(count)));
+    if (runMessage(question) != QMessageBox::Yes)
         return; // possibly because the page is gone
 
-    QVector<int> rows = selectedRows(selection);
-    std::sort(rows.begin(), rows.end());
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    const QVector<int> rows = sortedRows(selection);
     if (rows.isEmpty())
         return;
     const WaitCursor wait;
@@ -143,12 +171,44 @@ void TablePage::showAdded(int oldCount)
         return;
     // The new rows stand at the end, whatever the list was sorted by.
     m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-    const QModelIndex first = m_model->index(oldCount, 0);
-    const QModelIndex last = m_model->index(count - 1, m_model->columnCount() - 1);
+    selectRows(oldCount, count - 1);
+}
+
+void TablePage::reveal(int row)
+{
+    showTabsOf(this);
+    selectRows(row, row);
+}
+
+bool TablePage::revealText(const QString &text)
+{
+    for (int row = 0; row < m_model->rowCount(); ++row) {
+        for (int column = 0; column < m_model->columnCount(); ++column) {
+            const QModelIndex index = m_model->index(row, column);
+            if (index.data().toString() == text || index.data(Qt::ToolTipRole).toString() == text) {
+                reveal(row);
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+/// Selects the rows, and gives the focus to the first cell of them that the user may edit.
+void TablePage::selectRows(int first, int last)
+{
+    const int lastColumn = m_model->columnCount() - 1;
+    int column = 0;
+    while (column <= lastColumn &&
+           !m_model->index(first, column).flags().testFlag(Qt::ItemIsEditable))
+        ++column;
+    const QModelIndex current = m_model->index(first, column > lastColumn ? 0 : column);
     QItemSelectionModel *selection = m_table->selectionModel();
-    selection->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
-    selection->select({first, last}, QItemSelectionModel::ClearAndSelect);
-    m_table->scrollTo(first);
+    selection->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    selection->select({m_model->index(first, 0), m_model->index(last, lastColumn)},
+                      QItemSelectionModel::ClearAndSelect);
+    m_table->scrollTo(current);
+    m_table->setFocus();
 }
 
 } // namespace VLT

@@ -50,6 +50,13 @@ public:
     /// Stores what is being typed into a cell and closes that editor.
     void commitEditor();
 
+    /// Shows the user the row: its tab, the row selected and in sight, the focus in it.
+    void reveal(int row);
+
+    /// Shows the first row with a cell that is, or stands for, exactly this text; false when there
+    /// is none.
+    bool revealText(const QString &text);
+
 public slots:
     /// Asks, and removes the selected rows.
     void onRemove();
@@ -90,10 +97,12 @@ protected:
     void showMenu(const QPoint &globalPos);
 
     /// Reloads the model; when the list grew to more than `oldCount` rows, selects the new ones and
-    /// scrolls to the first of them.
+    /// gives the focus to the first of them.
     void showAdded(int oldCount);
 
 private:
+    void selectRows(int first, int last);
+
     Document *m_document;
     QString m_section;
     QTableView *m_table = nullptr;

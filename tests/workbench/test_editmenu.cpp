@@ -7,10 +7,12 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDoubleSpinBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QStatusBar>
 #include <QTabWidget>
 #include <QtTest>
 
@@ -23,6 +25,7 @@ private slots:
     void actsOnTheTable();
     void actsOnTheField();
     void findsInTheTableOfTheFocus();
+    void statusBarFollowsTheFocus();
 
 private:
     Utils::TableView *ports();
@@ -135,6 +138,25 @@ void TestEditMenu::findsInTheTableOfTheFocus()
     m_open->findChild<QTabWidget *>()->setCurrentIndex(0);
     QVERIFY(!bar->isVisible());
     QVERIFY(!action("find")->isEnabled() || bar->table() != table);
+}
+
+void TestEditMenu::statusBarFollowsTheFocus()
+{
+    Utils::TableView *table = ports();
+    auto *status = window().findChild<QLabel *>(QStringLiteral("tableStatus"));
+    QStatusBar *bar = window().statusBar();
+    table->setCurrentIndex(table->model()->index(1, 2));
+    QCOMPARE(status->text(), QStringLiteral("3 rows, 1 selected"));
+    QTest::keyClick(table, Qt::Key_D, Qt::ControlModifier);
+    QVERIFY(bar->currentMessage().contains(QLatin1String("changed")));
+    QTest::keyClick(table, Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(status->text(), QStringLiteral("3 rows, 2 selected"));
+    QVERIFY(bar->currentMessage().isEmpty());
+    QTest::keyClick(table, Qt::Key_D, Qt::ControlModifier);
+    QVERIFY(!bar->currentMessage().isEmpty());
+    window().messages()->setFocus();
+    QVERIFY(bar->currentMessage().isEmpty());
+    QVERIFY(!status->isVisible());
 }
 
 QTEST_MAIN(TestEditMenu)

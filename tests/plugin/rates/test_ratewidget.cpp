@@ -304,6 +304,8 @@ void TestRateWidget::checksBothTables()
     QCOMPARE(refusal(), port);
     f.read(R"(<NetRate><Net name="x" value="1"/><Net name="y"/><Net name="z"/></NetRate>)");
     QCOMPARE(refusal(), QStringLiteral("Warning: Rate value of Net 'y' is empty."));
+    QCOMPARE(f.table->currentIndex(), f.table->model()->index(1, 1));
+    QVERIFY(f.table->selectionModel()->isRowSelected(1, {}));
     f.type(1, "5");
     f.type(2, "0");
     QCOMPARE(refusal(), port);

@@ -251,6 +251,7 @@ void TestVcdFileWidget::refusesMissingFiles()
     QVERIFY(!f.page->checkData());
     QCOMPARE(driver.title(), QStringLiteral("Warning"));
     QCOMPARE(driver.text(), QStringLiteral("The vcd file '<i>%2.vcd' doesn't exist."));
+    QVERIFY(f.find<QTableView>("tableView")->selectionModel()->isRowSelected(1, {}));
 }
 
 void TestVcdFileWidget::renamedDesignStaysTheDesign()

@@ -1,4 +1,5 @@
 #include "tables/doubledelegate.h"
+#include "tables/elidedpath.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -15,6 +16,8 @@ private slots:
     void cleanup();
     void commitsWhatIsTyped();
     void committedByOthers();
+    void elidesInFrontOfTheLastPart();
+    void backgroundShinesThroughASelection();
 
 private:
     QDoubleSpinBox *edit()
@@ -88,6 +91,37 @@ void TestDoubleDelegate::committedByOthers()
     m_delegate->commitOpenEditor();
     QCOMPARE(stored(), QStringLiteral("8.00"));
     m_delegate->commitOpenEditor(); // nothing is open
+}
+
+void TestDoubleDelegate::elidesInFrontOfTheLastPart()
+{
+    const QFontMetrics metrics(m_table->font());
+    const auto width = [&metrics](const char *text) {
+        return metrics.horizontalAdvance(QString::fromUtf8(text));
+    };
+    const QString path = QStringLiteral("u_core/u_decoder/state_reg[12]");
+    QCOMPARE(VLT::elidedPath(path, metrics, width("u_core/u_decoder/state_reg[12]")), path);
+    const QString shorter = VLT::elidedPath(path, metrics, width("u_core/u_…/state_reg[12]") + 1);
+    QVERIFY2(shorter.startsWith(QLatin1String("u_core/u")) &&
+                 shorter.endsWith(QStringLiteral("…/state_reg[12]")),
+             qPrintable(shorter));
+    QVERIFY(VLT::elidedPath(path, metrics, width("…_reg[12]") + 1).endsWith(QLatin1String("[12]")));
+}
+
+// What does not apply stays so to the eye when its row is selected.
+void TestDoubleDelegate::backgroundShinesThroughASelection()
+{
+    m_model->setData(m_model->index(0, 1), QVariant());
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->selectRow(0);
+    const auto shown = [this] {
+        const QRect cell = m_table->visualRect(m_model->index(0, 1));
+        return m_table->viewport()->grab().toImage().pixelColor(cell.center());
+    };
+    const QColor selected = shown();
+    m_model->setData(m_model->index(0, 1), QBrush(Qt::gray), Qt::BackgroundRole);
+    const QColor gray = shown();
+    QVERIFY2(gray.saturation() < selected.saturation() / 2, qPrintable(gray.name()));
 }
 
 QTEST_MAIN(TestDoubleDelegate)

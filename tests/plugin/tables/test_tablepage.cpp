@@ -59,6 +59,7 @@ private slots:
     void init();
     void cleanup();
     void startsUnsorted();
+    void newRowsHaveTheFocus();
     void removesWhatIsSelected();
     void asksBeforeRemoving();
     void selectionFollowsItsRecords();
@@ -113,12 +114,34 @@ void TestTablePage::startsUnsorted()
     QCOMPARE(m_page->model.names(), QStringLiteral("5 4 3 2 1 0 6"));
 }
 
+void TestTablePage::newRowsHaveTheFocus()
+{
+    m_page->setFocus();
+    m_page->onAdd();
+    QCOMPARE(QApplication::focusWidget(), m_page->table);
+    QCOMPARE(m_page->table->currentIndex(), m_page->model.index(6, 1)); // to type its value
+    // The first cell that can be edited, not one that does not apply.
+    m_page->records.list().at(2)->fixed = true;
+    QTabWidget tabs;
+    tabs.addTab(new QWidget, QString());
+    tabs.addTab(m_page.get(), QString());
+    m_page->reveal(2);
+    QCOMPARE(tabs.currentIndex(), 1);
+    m_page->setParent(nullptr);
+    QCOMPARE(m_page->table->currentIndex(), m_page->model.index(2, 2));
+    QCOMPARE(m_page->table->selectionModel()->selectedRows().size(), 1);
+}
+
 void TestTablePage::removesWhatIsSelected()
 {
     select({2, 5, 3});
     m_page->table->setFocus();
     QVERIFY(QTest::qWaitForWindowActive(m_page.get()));
-    const ModalDriver driver(pressButton(QMessageBox::Yes));
+    const ModalDriver driver([](QWidget *box) {
+        QCOMPARE(qobject_cast<QMessageBox *>(box)->informativeText(),
+                 QStringLiteral("3 rows are selected."));
+        pressButton(QMessageBox::Yes)(box);
+    });
     QTest::keyClick(m_page->table, Qt::Key_Delete);
     QCOMPARE(driver.title(), QStringLiteral("Confirm"));
     QCOMPARE(driver.text(), QStringLiteral("Sure to remove?"));
