@@ -115,4 +115,17 @@ QString Declarations::path(const Variable &variable, quint32 place) const
     return path;
 }
 
+QString Declarations::variablePath(quint32 index) const
+{
+    const Variable &variable = m_variables[index];
+    QString text = path(variable, 0);
+    if (variable.width > 1) {
+        text.truncate(text.lastIndexOf(QLatin1Char('[')));
+        text += QStringLiteral("[%1:%2]")
+                    .arg(bitNumber(variable, variable.width - 1))
+                    .arg(bitNumber(variable, 0));
+    }
+    return text;
+}
+
 } // namespace Check

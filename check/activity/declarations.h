@@ -66,6 +66,8 @@ public:
     /// Names joined by "/"; empty for the root.
     QString path(quint32 scope) const;
     QString path(const Variable &variable, quint32 place) const;
+    /// With its range as a whole: "tb/dut/count[7:0]".
+    QString variablePath(quint32 variable) const;
 
     /// Bits have numbers: those of a signal follow each other, the lowest first.
     quint32 firstBit(quint32 signal) const { return m_firstBits[signal]; }

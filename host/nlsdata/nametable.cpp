@@ -29,15 +29,6 @@ void NameTable::addModule(quint32 index, const ModulePlan &plan, quint32 firstNa
     module.firstName = firstName;
     module.firstCell = firstName + vectorCount;
     module.first.assign(plan.bits.size() + 1, 0);
-    module.vectors.reserve(vectorCount);
-    for (quint32 i = 0; i < vectorCount; ++i) {
-        const RawVector &vector = plan.vector(i);
-        const auto begin = raw.bits.begin() + vector.first;
-        module.vectors.push_back({firstName + i, quint32(module.bits.size()), vector.count,
-                                  vector.offset, vector.isVector, vector.upto,
-                                  vector.generatedName});
-        module.bits.insert(module.bits.end(), begin, begin + vector.count);
-    }
     // The file has every port a second time, as a net.
     std::unordered_set<std::string_view> ports;
     for (const RawVector &port : raw.ports)
@@ -45,7 +36,15 @@ void NameTable::addModule(quint32 index, const ModulePlan &plan, quint32 firstNa
     std::vector<bool> repeated(vectorCount);
     for (quint32 i = quint32(raw.ports.size()); i < vectorCount; ++i)
         repeated[i] = ports.count(plan.vector(i).name) > 0;
-
+    module.vectors.reserve(vectorCount);
+    for (quint32 i = 0; i < vectorCount; ++i) {
+        const RawVector &vector = plan.vector(i);
+        const auto begin = raw.bits.begin() + vector.first;
+        module.vectors.push_back({firstName + i, quint32(module.bits.size()), vector.count,
+                                  vector.offset, vector.isVector, vector.upto, vector.generatedName,
+                                  repeated[i]});
+        module.bits.insert(module.bits.end(), begin, begin + vector.count);
+    }
     for (const quint32 bit : module.bits) {
         if (bit != constantBit)
             ++module.first[bit];
@@ -248,6 +247,35 @@ quint32 NameTable::findBelow(const NetlistData &data, const Copy &copy, std::str
             found = findBelow(data, m_copies[*child], path.substr(slash + 1));
     }
     return found;
+}
+
+void NameTable::forEachVector(const NetlistData &data,
+                              const std::function<void(const VectorRow &)> &use) const
+{
+    std::vector<quint32> netOfSlot(m_next.size(), none);
+    for (quint32 net = 0; net < data.nets.size(); ++net) {
+        const Copy &copy = copyOf(data.nets[net].scope);
+        const quint32 begin = copy.firstSlot + bitOf(data.nets[net], copy);
+        quint32 slot = begin;
+        do {
+            netOfSlot[slot] = net;
+            slot = m_next[slot];
+        } while (slot != begin);
+    }
+    std::vector<quint32> nets;
+    for (const Copy &copy : m_copies) {
+        const Module &module = m_modules[copy.module];
+        for (const Vector &vector : module.vectors) {
+            if (vector.repeated)
+                continue;
+            nets.clear();
+            for (quint32 place = 0; place < vector.count; ++place) {
+                const quint32 bit = module.bits[vector.first + place];
+                nets.push_back(bit == constantBit ? constant : netOfSlot[copy.firstSlot + bit]);
+            }
+            use({copy.scope, vector.name, vector.offset, vector.isVector, vector.upto, nets});
+        }
+    }
 }
 
 quint32 NameTable::source(const NetlistData &data, quint32 instance) const

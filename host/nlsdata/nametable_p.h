@@ -56,6 +56,20 @@ public:
     /// none.
     quint32 find(const NetlistData &data, std::string_view path) const;
 
+    /// A name of a copy, with the nets of its bits, the lowest first: `constant` for fixed values.
+    struct VectorRow
+    {
+        quint32 scope;
+        quint32 name;
+        qint32 offset;
+        bool isVector;
+        bool upto;
+        const std::vector<quint32> &nets;
+    };
+    /// Calls `use` with every name of every copy, copies in the order of their scopes.
+    void forEachVector(const NetlistData &data,
+                       const std::function<void(const VectorRow &)> &use) const;
+
     /// The name that holds the source position of an instance, or none.
     quint32 source(const NetlistData &data, quint32 instance) const;
 
@@ -69,6 +83,7 @@ private:
         bool isVector;
         bool upto;
         bool generated;
+        bool repeated; ///< the net of a port, which is listed as such
     };
     struct BitName
     {

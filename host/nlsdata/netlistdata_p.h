@@ -76,6 +76,8 @@ public:
     Instance *driver(quint32 net) const;
     Net *netOf(quint32 port) const;
     Net *net(quint32 row) const { return &m_nets[row]; }
+    /// Null for none.
+    Instance *instance(quint32 row) const { return row == none ? nullptr : &m_instances[row]; }
     static quint32 row(const Net &net) { return net.m_row; }
     static quint32 row(const Instance &instance) { return instance.m_row; }
 

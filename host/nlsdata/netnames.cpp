@@ -137,6 +137,41 @@ void NetNames::forEachNet(const std::function<void(Net *)> &use) const
         use(m_data.net(net));
 }
 
+quint32 NetNames::netCount() const
+{
+    return quint32(m_data.nets.size());
+}
+
+Net *NetNames::net(quint32 number) const
+{
+    return m_data.net(number);
+}
+
+quint32 NetNames::number(const Net *net) const
+{
+    return NetlistData::row(*net);
+}
+
+void NetNames::forEachVector(const std::function<void(const Vector &)> &use) const
+{
+    static_assert(Vector::CONSTANT == NameTable::constant);
+    m_data.allNames->forEachVector(m_data, [&](const NameTable::VectorRow &row) {
+        use({m_data.instance(row.scope), m_data.nameText(row.name), row.isVector, row.offset,
+             row.upto, row.nets});
+    });
+}
+
+void NetNames::forEachModule(
+    const std::function<void(const Instance *, const Instance *, std::string_view)> &use) const
+{
+    for (quint32 row = 0; row < m_data.instances.size(); ++row) {
+        if (!m_data.kind(row).isModule)
+            continue;
+        const NetlistData::InstanceRow &instance = m_data.instances[row];
+        use(m_data.instance(row), m_data.instance(instance.scope), m_data.nameText(instance.name));
+    }
+}
+
 Net *NetNames::find(const QString &name) const
 {
     const quint32 net = m_data.allNames->find(m_data, view(name.toUtf8()));

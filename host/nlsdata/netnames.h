@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace NlsData {
@@ -41,6 +42,32 @@ public:
 
     /// All nets, in the order of the netlist.
     void forEachNet(const std::function<void(Net *)> &use) const;
+
+    /// Nets have numbers, in the order of the netlist.
+    quint32 netCount() const;
+    Net *net(quint32 number) const;
+    quint32 number(const Net *net) const;
+
+    /// A name that a level of the hierarchy gives to one bit or to a vector of them.
+    struct Vector
+    {
+        static constexpr quint32 CONSTANT = 0xfffffffe;
+
+        const Instance *scope; ///< the module instance that has it; null at the top
+        std::string_view name; ///< in UTF-8; valid as long as the netlist
+        bool isVector;         ///< its bits have numbers, the lowest of which is `offset`
+        qint32 offset;
+        bool isUpwards; ///< the lowest bit has the highest number
+        /// Numbers of the nets, from the lowest bit on; CONSTANT for a bit with a fixed value.
+        const std::vector<quint32> &nets;
+    };
+    /// Calls `use` with all names of all nets, a level after those above it.
+    void forEachVector(const std::function<void(const Vector &)> &use) const;
+
+    /// Calls `use` with the module instances, in the order of the netlist, and the instance that
+    /// each is in (null at the top) and its name there.
+    void forEachModule(const std::function<void(const Instance *, const Instance *parent,
+                                                std::string_view name)> &use) const;
 
     /// The net that has this name, at whatever level; null when there is none. The first is found
     /// when two are spelled alike, which takes an escaped name.

@@ -1,17 +1,14 @@
-#include "check/activity/activityfile.h"
+#include "activitydesign.h"
 
-#include <QBuffer>
 #include <QtTest>
 
 using namespace Check;
 
 namespace {
 
-std::shared_ptr<const ActivityFile> read(QByteArray bytes, bool counts = false)
+std::shared_ptr<const ActivityFile> read(const QByteArray &bytes, bool counts = false)
 {
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::ReadOnly);
-    return readActivity(&buffer, QStringLiteral("file"), counts);
+    return activityFile(bytes, counts);
 }
 
 /// Every bit as "path=signal.place", the least significant one of a variable first.

@@ -2,6 +2,7 @@
 
 #include "workbench/cli/checkcommand.h"
 #include "workbench/cli/namescommand.h"
+#include "workbench/cli/scopescommand.h"
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -19,6 +20,7 @@ const QVector<Command> &allCommands()
     static const QVector<Command> commands = {
         {"check", "Check configurations against netlist, device and activity files.", runCheck},
         {"names", "Review what the names in a configuration mean, and mend them.", runNames},
+        {"scopes", "Find the instances that activity files are of.", runScopes},
     };
     return commands;
 }

@@ -3,6 +3,7 @@
 #include "check/names/designnames.h"
 #include "host/core/projectfile.h"
 #include "host/nlsdata/readnetlist.h"
+#include "workbench/cli/command.h"
 
 #include "core/project.h"
 #include "nlsdata/netlist.h"
@@ -12,6 +13,8 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
+
+#include <cstdio>
 
 namespace Workbench {
 
@@ -91,6 +94,19 @@ void DesignOptions::readNetlist(Check::DesignInput *design)
     }
     design->names = std::make_shared<Check::DesignNames>(*design->netlist);
     m_inputs.append({design->netlistPath, design->netlistSha256});
+}
+
+int DesignOptions::reportFailures(const char *command) const
+{
+    if (m_findings.isEmpty())
+        std::fprintf(stderr,
+                     "workbench %s: there is no netlist: give --netlist or --project, or put one "
+                     "project into the folder of the file.\n",
+                     command);
+    for (const Check::Finding &finding : m_findings)
+        std::fprintf(stderr, "workbench %s: %s: %s\n", command, qPrintable(finding.file),
+                     qPrintable(finding.message));
+    return Unreadable;
 }
 
 void DesignOptions::addInput(const QString &path)

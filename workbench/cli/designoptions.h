@@ -25,6 +25,9 @@ public:
     /// Whether every design had a netlist, and everything could be read.
     bool isComplete() const { return m_complete; }
 
+    /// Prints why there is no netlist on standard error, and returns Unreadable.
+    int reportFailures(const char *command) const;
+
     const QVector<Check::InputFile> &inputs() const { return m_inputs; }
     const QVector<Check::Finding> &findings() const { return m_findings; }
 
