@@ -16,6 +16,8 @@ constexpr int MEMORY = 5;
 constexpr int FLIP_FLOP = 50;
 constexpr int PAD = 8;
 constexpr int CONSTANT = 11;
+constexpr int INPUT_PAD = 8001; // primitives
+constexpr int BIDIRECTIONAL_PAD = 8004;
 
 NetKind kindOfDriver(int category)
 {
@@ -255,11 +257,14 @@ void DesignTree::addNets(const NlsData::Netlist &netlist)
     const quint32 count = m_names.netCount();
     m_kinds.assign(count, NetKind::Undriven);
     m_constant.assign(count, false);
+    m_fromPad.assign(count, false);
     m_scopeOfNet.assign(count, 0);
     for (quint32 net = 0; net < count; ++net) {
         if (const NlsData::Instance *driver = m_names.net(net)->driver()) {
             m_kinds[net] = kindOfDriver(driver->category());
             m_constant[net] = driver->category() == CONSTANT;
+            m_fromPad[net] =
+                driver->primitive() == INPUT_PAD || driver->primitive() == BIDIRECTIONAL_PAD;
         }
     }
     // What a bidirectional pad drives at its port is an input, too.

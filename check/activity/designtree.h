@@ -85,6 +85,8 @@ public:
     quint32 netCount() const { return quint32(m_kinds.size()); }
     NetKind kind(quint32 net) const { return m_kinds[net]; }
     bool isConstant(quint32 net) const { return m_constant[net]; }
+    /// Whether the net is an input of the design, or what an input pad makes of it.
+    bool isFromInput(quint32 net) const { return m_kinds[net] == NetKind::Input || m_fromPad[net]; }
     /// The innermost instance that the net's path is in.
     quint32 scopeOf(quint32 net) const { return m_scopeOfNet[net]; }
     QString netPath(quint32 net) const;
@@ -120,6 +122,7 @@ private:
     std::vector<Scope> m_scopes;
     std::vector<NetKind> m_kinds;
     std::vector<bool> m_constant;
+    std::vector<bool> m_fromPad; ///< driven by an input or bidirectional pad
     std::vector<quint32> m_scopeOfNet;
 };
 

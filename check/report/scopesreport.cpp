@@ -8,18 +8,6 @@ namespace Check {
 
 namespace {
 
-/// Names come from files: they may hold line breaks, which would forge a line of the report.
-QString oneLine(QString text)
-{
-    return text.replace(QLatin1Char('\n'), QLatin1String("\\n"))
-        .replace(QLatin1Char('\r'), QLatin1String("\\r"));
-}
-
-QString orPlaceholder(const QString &path, const char *placeholder)
-{
-    return path.isEmpty() ? QLatin1String(placeholder) : oneLine(path);
-}
-
 QString names(const QString &title, const QStringList &list)
 {
     return list.isEmpty()
@@ -38,6 +26,17 @@ QString candidateText(const ScopeCandidate &candidate, const ActivityFile &file,
 }
 
 } // namespace
+
+QString oneLine(QString text)
+{
+    return text.replace(QLatin1Char('\n'), QLatin1String("\\n"))
+        .replace(QLatin1Char('\r'), QLatin1String("\\r"));
+}
+
+QString orPlaceholder(const QString &path, const char *placeholder)
+{
+    return path.isEmpty() ? QLatin1String(placeholder) : oneLine(path);
+}
 
 QString describeFile(const ActivityFile &file)
 {

@@ -1,6 +1,7 @@
 #include "workbench/cli/command.h"
 
 #include "workbench/cli/checkcommand.h"
+#include "workbench/cli/coveragecommand.h"
 #include "workbench/cli/namescommand.h"
 #include "workbench/cli/scopescommand.h"
 
@@ -19,6 +20,7 @@ const QVector<Command> &allCommands()
 {
     static const QVector<Command> commands = {
         {"check", "Check configurations against netlist, device and activity files.", runCheck},
+        {"coverage", "Tell where the rates of the design's nets come from.", runCoverage},
         {"names", "Review what the names in a configuration mean, and mend them.", runNames},
         {"scopes", "Find the instances that activity files are of.", runScopes},
     };
