@@ -33,6 +33,8 @@ public:
         for (int i = 0; i < rates.size(); ++i) {
             if (Coverage::Net *net = find(rates.at(i).name))
                 net->rate = i;
+            else
+                m_coverage.m_unresolvedRates.append(i);
         }
         for (const VLT::VLT_ClkEnable &clock : m_configuration.clocks.records) {
             if (Coverage::Net *net = find(clock.name))
@@ -82,6 +84,7 @@ private:
                          isSeen[bit.net] = true;
                          Coverage::Net &net = m_coverage.m_nets[bit.net];
                          net.overlaps = net.overlaps || net.file >= 0;
+                         net.lastFile = number;
                          if (net.file >= 0)
                              return;
                          net.file = number;

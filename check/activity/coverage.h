@@ -60,6 +60,7 @@ public:
         bool overlaps = false; ///< has a rate and a file, or two files
         bool isClock = false;
         qint32 file = -1; ///< the first one that covers it
+        qint32 lastFile = -1;
         quint32 signal = 0;
         quint32 place = 0;
         qint32 rate = -1; ///< record of its rate
@@ -77,6 +78,9 @@ public:
     /// What the net does according to its file; null when that is not known.
     const BitActivity *activity(quint32 net) const;
 
+    /// Records of rates whose names are no nets.
+    const QVector<int> &unresolvedRates() const { return m_unresolvedRates; }
+
     /// Paths of the nets that are left to a default.
     QStringList uncovered(const DesignTree &design) const;
 
@@ -87,6 +91,7 @@ private:
     std::vector<CoveringFile> m_files;
     std::vector<InstanceCoverage> m_own;
     std::vector<InstanceCoverage> m_whole;
+    QVector<int> m_unresolvedRates;
     quint32 m_overlaps = 0;
     quint32 m_clocks = 0;
     bool m_hasToggles = false;

@@ -326,7 +326,7 @@ private:
             m_ranking.verdict = ScopeVerdict::FitsSeveral;
         else if (best.isComplete() && covered >= 2 * rival)
             m_ranking.verdict = ScopeVerdict::Fits;
-        else if (covered >= PART * best.counts.allNets())
+        else if (best.isPart())
             m_ranking.verdict = ScopeVerdict::FitsInPart;
     }
 
@@ -438,6 +438,11 @@ QString ScopeRanking::verdictText() const
     default:
         return QStringLiteral("does not fit");
     }
+}
+
+bool ScopeCandidate::isPart() const
+{
+    return counts.coveredNets() > 0 && counts.coveredNets() >= PART * counts.allNets();
 }
 
 ScopeRanking rankScopes(const ActivityFile &file, const DesignTree &design)

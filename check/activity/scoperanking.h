@@ -35,6 +35,8 @@ struct ScopeCandidate
 
     /// Whether the registers, memories and inputs are covered to 80 %.
     bool isComplete() const;
+    /// Whether it covers enough not to be chance.
+    bool isPart() const;
 };
 
 enum class ScopeVerdict { Fits, FitsSeveral, FitsInPart, DoesNotFit };

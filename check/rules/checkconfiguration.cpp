@@ -7,7 +7,7 @@
 namespace Check {
 
 QVector<Finding> checkConfiguration(const ConfigurationInput &input, const DesignInput &design,
-                                    const QSet<QString> &disabled)
+                                    const QSet<QString> &disabled, const ActivityOptions &activity)
 {
     Findings findings(input.path, disabled);
     if (!input.readable) {
@@ -22,6 +22,7 @@ QVector<Finding> checkConfiguration(const ConfigurationInput &input, const Desig
         checkFile(input, &findings);
         checkConditions(input, design.device, &findings);
         checkActivityFiles(input, design.netlist.get(), names, &findings);
+        checkActivityContents(input, design, activity, &findings);
         checkObjects(input, names, &findings);
         if (design.names)
             checkMeanings(input, *design.names, &findings);

@@ -1,15 +1,32 @@
 #pragma once
 
+#include "check/activity/designtree.h"
 #include "check/configurationinput.h"
 #include "check/designinput.h"
 #include "check/findings.h"
 #include "check/names/designnames.h"
 
+#include <QMap>
+
 namespace Check {
+
+/// How closely the rules look at activity files.
+enum class ActivityLevel {
+    None,   ///< whether they exist
+    Header, ///< what they declare
+    Full    ///< their values, too
+};
+
+struct ActivityOptions
+{
+    ActivityLevel level = ActivityLevel::None;
+    QMap<NetKind, double> minimum; ///< coverage below this is a finding, in percent
+};
 
 /// The findings on one configuration, sorted. An input that cannot be read is one of them.
 QVector<Finding> checkConfiguration(const ConfigurationInput &input, const DesignInput &design,
-                                    const QSet<QString> &disabled = {});
+                                    const QSet<QString> &disabled = {},
+                                    const ActivityOptions &activity = {});
 
 // The rules by what they need.
 
@@ -22,6 +39,10 @@ void checkConditions(const ConfigurationInput &input, const QString &device, Fin
 /// Rates and the files that they come from. `index` is null without a netlist.
 void checkActivityFiles(const ConfigurationInput &input, const NlsData::Netlist *netlist,
                         const NameIndex *index, Findings *findings);
+
+/// What activity files are, and what they cover. Without a netlist the files alone.
+void checkActivityContents(const ConfigurationInput &input, const DesignInput &design,
+                           const ActivityOptions &options, Findings *findings);
 
 /// Listed objects: once each, and in the netlist. `index` is null without a netlist.
 void checkObjects(const ConfigurationInput &input, const NameIndex *index, Findings *findings);

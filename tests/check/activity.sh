@@ -103,3 +103,47 @@ if sys.argv[1] == "full":
     assert instances[""]["toggles"] > instances["u_uart"]["toggles"] > 100
 PY
 done
+
+# Check
+status 1 check --activity none broken.vlr
+status 0 check --activity none covered.vlr
+status 0 check covered.vlr
+grep -q '\[overlap\]$' out
+! grep -q '\[static\]$' out
+status 0 check --activity full covered.vlr
+grep -q 'address\[9\].* \[static\]$' out
+status 0 check --min-coverage flip-flop=100 --min-coverage logic=16 covered.vlr
+status 1 check --min-coverage logic=17 covered.vlr
+grep -q '^covered.vlr: error: .* \[coverage-low\]$' out
+status 2 check --min-coverage logic covered.vlr
+status 2 check --min-coverage all=1 covered.vlr
+status 2 check --activity all covered.vlr
+
+# Export
+status 0 export covered.vlr --to csv -o out.csv
+status 0 export covered.vlr --to sta -o out.tcl
+grep -q 'read_vcd -scope {sample_tb/dut} {activity.vcd}' out.tcl
+python3 - <<'PY'
+import csv
+rows = {row["path"]: row for row in csv.DictReader(open("out.csv", newline=""))}
+assert len(rows) == 489
+# 50 MHz in the bench, in a window that begins and ends with an edge.
+assert rows["clk_sys"] == {"path": "clk_sys", "kind": "input", "source": "file",
+                           "value": "1e+08", "unit": "transitions/s"}, rows["clk_sys"]
+assert [rows["step"][c] for c in ("kind", "source", "value", "unit")] == ["logic", "rate", "12.5", "%"]
+PY
+sed 's/"step"/"stop"/' covered.vlr >missing.vlr
+status 1 export missing.vlr --to sta -o missing.tcl
+grep -qx '# not in the netlist: net "stop"' missing.tcl
+status 1 export missing.vlr --to csv -o missing.csv
+sed 's/type="toggle"/type="signal"/' covered.vlr >signal.vlr
+rm -f signal.tcl
+status 3 export signal.vlr --to sta -o signal.tcl
+[ ! -e signal.tcl ] && grep -q 'give --clock' err
+status 0 export signal.vlr --to sta -o signal.tcl --clock clk_sense=50ns --clock clk_sys=20ns
+grep -qx 'set period 2e-08' signal.tcl
+status 2 export covered.vlr --to sta
+status 2 export covered.vlr --to xml -o f
+for clock in clk clk=10 clk=0ns =1ns clk=xns; do
+    status 2 export covered.vlr --to sta -o f --clock $clock
+done

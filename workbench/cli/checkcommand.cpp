@@ -20,7 +20,7 @@ struct CheckOptions
 {
     explicit CheckOptions(QCommandLineParser *parser)
     {
-        parser->addOptions({format, output, failOn, disable, maxPerRule});
+        parser->addOptions({format, output, failOn, disable, maxPerRule, activity, minCoverage});
     }
 
     QCommandLineOption format{QStringLiteral("format"),
@@ -40,6 +40,16 @@ struct CheckOptions
         QStringLiteral("max-per-rule"),
         QStringLiteral("List at most N results of a rule in a sarif report (default 100)."),
         QStringLiteral("N"), QStringLiteral("100")};
+    QCommandLineOption activity{
+        QStringLiteral("activity"),
+        QStringLiteral("Look at activity files: none, header (default) for what they declare, or "
+                       "full for their values, too."),
+        QStringLiteral("LEVEL"), QStringLiteral("header")};
+    QCommandLineOption minCoverage{
+        QStringLiteral("min-coverage"),
+        QStringLiteral("Report it when fewer nets of a kind have a rate of their own: input, "
+                       "flip-flop, memory, pad, logic or undriven. May be repeated."),
+        QStringLiteral("KIND=PERCENT")};
 };
 
 /// The lowest level that makes the command fail; a number over all levels for "never", below 0
@@ -49,6 +59,29 @@ int failLevel(const QString &word)
     const QStringList words = {QStringLiteral("note"), QStringLiteral("warning"),
                                QStringLiteral("error"), QStringLiteral("never")};
     return words.indexOf(word);
+}
+
+/// False for a word that is no level.
+bool parseLevel(const QString &word, Check::ActivityOptions *options)
+{
+    const QStringList words = {QStringLiteral("none"), QStringLiteral("header"),
+                               QStringLiteral("full")};
+    options->level = Check::ActivityLevel(words.indexOf(word));
+    return words.contains(word);
+}
+
+/// False for what is no "KIND=PERCENT".
+bool parseMinimum(const QString &text, Check::ActivityOptions *options)
+{
+    bool isNumber = false;
+    const double percent = text.section(QLatin1Char('='), 1).toDouble(&isNumber);
+    for (const Check::NetKind kind : Check::ALL_NET_KINDS) {
+        if (text.section(QLatin1Char('='), 0, 0) != Check::netKindName(kind))
+            continue;
+        options->minimum.insert(kind, percent);
+        return isNumber && percent >= 0 && percent <= 100;
+    }
+    return false;
 }
 
 QByteArray rendered(const Check::Report &report, const QString &format, int maxPerRule)
@@ -101,13 +134,26 @@ int runCheck(const QStringList &arguments)
         disabled.insert(rule);
     }
 
+    Check::ActivityOptions activity;
+    if (!parseLevel(parser.value(options.activity), &activity))
+        return badUsage(NAME, QStringLiteral("--activity takes none, header or full."));
+    const QStringList minima = parser.values(options.minCoverage);
+    for (const QString &minimum : minima) {
+        if (!parseMinimum(minimum, &activity))
+            return badUsage(
+                NAME,
+                QStringLiteral("--min-coverage takes KIND=PERCENT, not \"%1\".").arg(minimum));
+    }
+    if (!minima.isEmpty() && activity.level == Check::ActivityLevel::None)
+        return badUsage(NAME, QStringLiteral("--min-coverage needs the headers of the files."));
+
     Check::Report report;
     bool readable = true;
     for (const QString &file : files) {
         const Check::DesignInput &design = designs.designFor(file);
         const Check::ConfigurationInput input = Check::readConfigurationInput(file);
         report.inputs.append({file, input.sha256});
-        report.findings += checkConfiguration(input, design, disabled);
+        report.findings += checkConfiguration(input, design, disabled, activity);
         readable = readable && input.isUsable() && input.namesError.isEmpty();
     }
     report.inputs += designs.inputs();

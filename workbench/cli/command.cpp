@@ -2,6 +2,7 @@
 
 #include "workbench/cli/checkcommand.h"
 #include "workbench/cli/coveragecommand.h"
+#include "workbench/cli/exportcommand.h"
 #include "workbench/cli/namescommand.h"
 #include "workbench/cli/scopescommand.h"
 
@@ -21,6 +22,7 @@ const QVector<Command> &allCommands()
     static const QVector<Command> commands = {
         {"check", "Check configurations against netlist, device and activity files.", runCheck},
         {"coverage", "Tell where the rates of the design's nets come from.", runCoverage},
+        {"export", "Write the activity of a configuration for another tool.", runExport},
         {"names", "Review what the names in a configuration mean, and mend them.", runNames},
         {"scopes", "Find the instances that activity files are of.", runScopes},
     };
