@@ -302,7 +302,9 @@ bool ProjectFile::save(QString *error) const
 {
     QSaveFile file(m_path);
     const QByteArray &bytes = m_text.text();
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    // Flushed first: commit() does not notice that what it has still to write does not fit.
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
+        file.commit())
         return true;
     if (error)
         *error = tr("Cannot save the project %1: %2")

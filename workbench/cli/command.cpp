@@ -83,9 +83,11 @@ bool writeOutput(const QString &path, const QByteArray &bytes)
         return written && std::fflush(stdout) == 0;
     }
     QSaveFile file(path);
-    // What cannot be replaced, such as a pipe, is written directly.
+    // What cannot be replaced, such as a pipe, is written directly. Flushed before commit(), which
+    // does not notice when what it has still to write does not fit.
     file.setDirectWriteFallback(true);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
+        file.commit())
         return true;
     std::fprintf(stderr, "workbench: cannot write %s: %s\n",
                  qPrintable(QDir::toNativeSeparators(path)), qPrintable(file.errorString()));
