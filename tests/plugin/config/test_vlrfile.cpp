@@ -1,5 +1,6 @@
 #include "config/vlrfile.h"
 
+#include <QTextCodec>
 #include <QXmlStreamWriter>
 #include <QtTest>
 
@@ -38,7 +39,16 @@ void TestVlrFile::contentIsRecognised_data()
     add("undeclared prefix", type + "<x:Config/>", VlrContent::Document);
     add("deepest", nested(256), VlrContent::Document);
     add("too deep", nested(257), VlrContent::Invalid);
-    add("far too deep", nested(200000), VlrContent::Invalid);
+    add("a million levels", nested(1000000), VlrContent::Invalid);
+    add("a hundred megabytes", type + "<Config>" + QByteArray(100 << 20, ' ') + "</Config>",
+        VlrContent::Document);
+    add("an attribute of a megabyte", type + "<Config a='" + QByteArray(1 << 20, 'x') + "'/>",
+        VlrContent::Document);
+    add("a NUL", type + QByteArray("<Config a='\0'/>", 15), VlrContent::Invalid);
+    add("UTF-16 with Windows line ends",
+        QTextCodec::codecForName("UTF-16")->fromUnicode(
+            QStringLiteral("<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>\r\n<Config>\r\n</Config>\r\n")),
+        VlrContent::Document);
     add("declarations alone", type, VlrContent::NoRoot);
     add("then blanks, comment, instruction", type + "\n<!-- c --> <?p q?>\n", VlrContent::NoRoot);
     add("comment cut short", type + "<!-- c", VlrContent::Invalid);

@@ -14,6 +14,9 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 using VLT::VLTViewManager;
 
 namespace {
@@ -36,6 +39,8 @@ private slots:
     void cleanupTestCase();
 
     void managerIsCreatedBeforeTheApplication() { QVERIFY(g_managerCameFirst); }
+    void opensFilesOnly_data();
+    void opensFilesOnly();
     void refusalIsTold_data();
     void refusalIsTold();
     void oneFileIsOpenOnce();
@@ -92,6 +97,30 @@ void TestVLTViewManager::cleanupTestCase()
     QVERIFY(!manager);
     QVERIFY(view); // left to the host
     QVERIFY(!saveCommand()->isEnabled());
+}
+
+void TestVLTViewManager::opensFilesOnly_data()
+{
+    QTest::addColumn<QString>("kind");
+    for (const char *kind : {"folder", "pipe", "loop of links"})
+        QTest::newRow(kind) << QString::fromLatin1(kind);
+}
+
+void TestVLTViewManager::opensFilesOnly()
+{
+    QFETCH(QString, kind);
+    const QString path = m_host->path(QStringLiteral("a.vlr"));
+    const QByteArray encoded = QFile::encodeName(path);
+    if (kind == QLatin1String("folder"))
+        QVERIFY(QDir().mkdir(path));
+    else if (kind == QLatin1String("pipe"))
+        QCOMPARE(mkfifo(encoded, 0600), 0);
+    else
+        QCOMPARE(symlink("a.vlr", encoded), 0);
+    const ModalDriver driver(pressButton(QMessageBox::Ok));
+    VLTViewManager::openView(m_host->device(), path); // a pipe would wait for ever
+    QVERIFY(driver.text().endsWith(QLatin1String("file does not exist.")));
+    QVERIFY(VLTViewManager::vltViews().isEmpty());
 }
 
 void TestVLTViewManager::refusalIsTold_data()
