@@ -1,6 +1,9 @@
 # What an installation has, and the Debian package made of it. The program finds its parts beside
 # itself, so that a prefix can be moved.
 
+# Installing needs what is installed, not the tests.
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
+
 set(VLT_LIBRARY_DIR lib/workbench)
 set(VLT_PLUGIN_INSTALL_DIR ${VLT_LIBRARY_DIR}/plugins)
 set(VLT_DOC_DIR share/doc/vlr-workbench)

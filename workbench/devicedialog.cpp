@@ -39,8 +39,10 @@ DeviceDialog::DeviceDialog(const QString &current, QWidget *parent)
     setObjectName(QStringLiteral("deviceDialog"));
     setWindowTitle(tr("Choose Device"));
     m_filter->setObjectName(QStringLiteral("deviceFilter"));
+    m_filter->setAccessibleName(tr("Filter"));
     m_filter->setPlaceholderText(tr("Filter, for example part of a name or package"));
     m_view->setObjectName(QStringLiteral("deviceList"));
+    m_view->setAccessibleName(tr("Devices"));
     m_view->setRootIsDecorated(false);
     m_view->setUniformRowHeights(true);
     m_view->setSortingEnabled(true);

@@ -38,6 +38,7 @@ ProjectTree::ProjectTree(QWidget *parent)
     : QTreeWidget(parent)
 {
     setObjectName(QStringLiteral("projectTree"));
+    setAccessibleName(tr("Project"));
     setHeaderHidden(true);
     setFrameShape(QFrame::NoFrame);
     setUniformRowHeights(true);

@@ -17,6 +17,7 @@ NetPickerDialog::NetPickerDialog(const QList<Net *> &nets, QWidget *parent)
 {
     m_ui->setupUi(this);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    m_ui->listView->setAccessibleName(tr("Nets"));
     m_ui->listView->setModel(m_model);
     connect(m_ui->lineEditFilter, &QLineEdit::textChanged, m_model, &NetPickerModel::setFilter);
     connect(m_model, &NetPickerModel::filteringChanged, this, &NetPickerDialog::showState);

@@ -78,9 +78,7 @@ VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
     m_ui->setupUi(this);
     alignGrids();
     dimLabelsWithFields(this);
-    // Check boxes stand in for the labels of these two.
-    m_ui->lineEditJA->setAccessibleName(tr("Custom Theta JA"));
-    m_ui->spinJunctionTemp->setAccessibleName(tr("Junction Temperature"));
+    nameFields();
     // The page has the background of its tab, as the other pages.
     m_ui->scrollArea->viewport()->setAutoFillBackground(false);
     m_ui->contents->setAutoFillBackground(false);
@@ -92,6 +90,23 @@ VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
     // Before the page reads a file: one without voltages gets the device's defaults.
     if (updateVoltageInfo())
         m_supplies->setDefaults();
+}
+
+/// For screen readers.
+void VLTSettingWidget::nameFields()
+{
+    // Check boxes stand in for the labels of these two.
+    m_ui->lineEditJA->setAccessibleName(tr("Custom Theta JA"));
+    m_ui->spinJunctionTemp->setAccessibleName(tr("Junction Temperature"));
+    // A button alone would be called by the title of its group.
+    for (const QButtonGroup *group : {m_ui->buttonGroupHeat, m_ui->buttonGroupBoard}) {
+        const QString title =
+            group == m_ui->buttonGroupHeat ? m_ui->groupHeat->title() : m_ui->groupBoard->title();
+        const auto buttons = group->buttons();
+        for (QAbstractButton *button : buttons)
+            button->setAccessibleName(tr("%1: %2").arg(title, button->text()));
+    }
+    m_ui->scrollArea->setAccessibleName(tr("Operating Conditions"));
 }
 
 void VLTSettingWidget::alignGrids()

@@ -72,6 +72,7 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    void nameFields();
     void alignGrids();
     void connectFields();
 

@@ -43,6 +43,7 @@ ModuleInstSelectDialog::ModuleInstSelectDialog(QWidget *parent, NlsData::Netlist
 {
     m_ui->setupUi(this);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    m_ui->listWidget->setAccessibleName(tr("Instances"));
     if (single)
         m_ui->listWidget->setSelectionMode(QAbstractItemView::SingleSelection);
     m_turn.setInterval(0);

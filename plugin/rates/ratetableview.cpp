@@ -32,6 +32,7 @@ RateTableView::RateTableView(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_table);
     setUpTable(m_table, &m_model, NODE_NET, {NAME_WIDTH});
+    m_table->setAccessibleName(tr("Net rates"));
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     delegate()->setMaximum(TOGGLE_RATE.maximum);
     connectCommands(nullptr, nullptr, &RateTableView::onNew, &RateTableView::onShowContextMenu);

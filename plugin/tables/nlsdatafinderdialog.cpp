@@ -84,6 +84,7 @@ NlsDataFinderDialog::NlsDataFinderDialog(QWidget *parent, NlsData::Netlist *netl
         setWindowTitle(tr("BSRAM Finder"));
     else if (type == FindDff)
         setWindowTitle(tr("DFF Finder"));
+    m_ui->listWidget->setAccessibleName(tr("Objects found"));
     m_ui->lineEditFilter->selectAll();
     m_ui->progressBar->hide();
     m_ui->btnStop->hide();

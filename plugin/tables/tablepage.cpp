@@ -6,6 +6,7 @@
 #include "widgets/plainmessage.h"
 #include "widgets/waitcursor.h"
 
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLocale>
 #include <QMenu>
@@ -68,6 +69,8 @@ void TablePage::setUpTable(QTableView *table, TableModel *model, const QString &
     m_table = table;
     m_model = model;
     m_delegate = new DoubleEditorDelegate(this, 0.0, 100.0);
+    if (const auto *box = qobject_cast<QGroupBox *>(table->parentWidget()))
+        table->setAccessibleName(box->title());
 
     table->setContextMenuPolicy(Qt::CustomContextMenu);
     table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);

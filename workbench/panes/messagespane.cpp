@@ -19,6 +19,7 @@ MessagesPane::MessagesPane(QWidget *parent)
     : QPlainTextEdit(parent)
 {
     setObjectName(QStringLiteral("messages"));
+    setAccessibleName(tr("Messages"));
     setReadOnly(true);
     setUndoRedoEnabled(false);
     setMaximumBlockCount(MaximumLines);

@@ -41,6 +41,7 @@ DeviceField::DeviceField(QWidget *parent)
     , m_remark(new QLabel)
 {
     m_device->setObjectName(QStringLiteral("projectDevice"));
+    m_device->setAccessibleName(tr("Chosen device"));
     m_device->setReadOnly(true);
     m_device->setFocusPolicy(Qt::ClickFocus);
     m_device->setPlaceholderText(tr("No device chosen"));

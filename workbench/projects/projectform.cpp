@@ -67,6 +67,9 @@ void ProjectForm::addRow(QFormLayout *layout, const QString &label, QWidget *row
 {
     auto *text = new QLabel(label);
     text->setBuddy(buddy);
+    // A buddy inside a row of several widgets would not be called by the label.
+    QString name = label;
+    buddy->setAccessibleName(name.remove(QLatin1Char('&')).remove(QLatin1Char(':')));
     layout->addRow(text, row);
 }
 

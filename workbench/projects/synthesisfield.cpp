@@ -33,6 +33,7 @@ SynthesisField::SynthesisField(QWidget *parent)
         m_choice->addItem(tr("%1, by Yosys").arg(tr(base.title)));
     m_choice->addItem(tr("Own command, for example make"));
     m_editor->setObjectName(QStringLiteral("synthesisCommand"));
+    m_editor->setAccessibleName(tr("Synthesis command"));
     m_editor->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_editor->setTabChangesFocus(true);
     m_editor->setPlaceholderText(tr("No command: Run synthesis is not available."));
