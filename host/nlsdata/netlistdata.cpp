@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <functional>
 #include <numeric>
 #include <tuple>
 
@@ -22,32 +21,6 @@ bool isBefore(const NetlistData::InstanceRow &a, const NetlistData::InstanceRow 
     return std::tie(a.scope, a.name) < std::tie(b.scope, b.name);
 }
 
-/// Sorts what consists of a few long runs that are in order already, by merging these: the
-/// synthesis tool writes the names of a module in order.
-template<typename Iterator, typename Less>
-void mergeRuns(Iterator begin, Iterator end, Less less)
-{
-    std::vector<Iterator> ends{begin};
-    while (ends.back() != end)
-        ends.push_back(std::is_sorted_until(ends.back(), end, less));
-    constexpr std::ptrdiff_t shortRun = 64;
-    if (end - begin < std::ptrdiff_t(ends.size()) * shortRun) {
-        std::sort(begin, end, less);
-        return;
-    }
-    while (ends.size() > 2) {
-        std::vector<Iterator> merged{begin};
-        size_t i = 2;
-        for (; i < ends.size(); i += 2) {
-            std::inplace_merge(ends[i - 2], ends[i - 1], ends[i], less);
-            merged.push_back(ends[i]);
-        }
-        if (i == ends.size())
-            merged.push_back(end);
-        ends = std::move(merged);
-    }
-}
-
 /// The objects of `rows` by path. Of two with the same path, which only an escaped name can
 /// bring about, the first is there.
 template<typename Handle, typename Row, typename PathOf>
@@ -58,13 +31,13 @@ QMap<QString, Handle *> byPath(std::vector<Handle> &handles, const std::vector<R
     // them.
     std::vector<quint32> order(rows.size());
     std::iota(order.begin(), order.end(), 0);
-    mergeRuns(order.begin(), order.end(),
+    std::sort(order.begin(), order.end(),
               [&](quint32 a, quint32 b) { return isBefore(rows[a], rows[b]); });
     std::vector<std::pair<QString, Handle *>> entries;
     entries.reserve(rows.size());
     for (const quint32 row : order)
         entries.emplace_back(pathOf(rows[row]), &handles[row]);
-    mergeRuns(entries.begin(), entries.end(), std::less<>());
+    std::sort(entries.begin(), entries.end());
     QMap<QString, Handle *> map;
     const QString *last = nullptr;
     for (const auto &[path, handle] : entries) {

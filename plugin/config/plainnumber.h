@@ -10,7 +10,8 @@ namespace VLT {
 inline QString numberText(double value)
 {
     // What the editors take, two decimals at most, is written by whole numbers: the same text,
-    // several times faster. Any other value is further away than half of the sixth digit.
+    // several times faster; saving misses its goal by a fifth without it. Any other value is
+    // further away than half of the sixth digit.
     const int hundredths = value >= 0.01 && value < 1000 ? qRound(value * 100) : 0;
     if (hundredths > 0 && std::abs(value - hundredths / 100.0) < value * 4e-7) {
         QString text = QString::number(hundredths / 100);

