@@ -27,7 +27,8 @@ bool isPart(const QWidget *widget)
 {
     const QWidget *parent = widget->parentWidget();
     return qobject_cast<const QAbstractSpinBox *>(parent) ||
-           qobject_cast<const QComboBox *>(parent) || widget->objectName().startsWith(QLatin1String("qt_"));
+           qobject_cast<const QComboBox *>(parent) ||
+           widget->objectName().startsWith(QLatin1String("qt_"));
 }
 
 /// What a screen reader could not tell apart in the visible part of `root`.
@@ -41,10 +42,9 @@ QStringList namelessIn(QWidget *root)
             widget->focusProxy() || qobject_cast<QScrollBar *>(widget))
             continue;
         const QString name = accessibleName(widget);
-        const QString what =
-            QStringLiteral("%1 \"%2\" in %3")
-                .arg(QLatin1String(widget->metaObject()->className()), widget->objectName(),
-                     widget->parentWidget()->objectName());
+        const QString what = QStringLiteral("%1 \"%2\" in %3")
+                                 .arg(QLatin1String(widget->metaObject()->className()),
+                                      widget->objectName(), widget->parentWidget()->objectName());
         if (name.isEmpty())
             problems << QStringLiteral("no name: ") + what;
         else if (siblings[widget->parentWidget()].contains(name))
