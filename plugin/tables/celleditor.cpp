@@ -58,12 +58,12 @@ void CellEditor::fixup(QString &input) const
 void CellEditor::focusOutEvent(QFocusEvent *event)
 {
     lineEdit()->event(event);
-    QWidget::focusOutEvent(event);
+    QWidget::focusOutEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void CellEditor::hideEvent(QHideEvent *event)
 {
-    QWidget::hideEvent(event);
+    QWidget::hideEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 } // namespace VLT
