@@ -15,9 +15,10 @@ struct Declared
     {
         parser.setApplicationDescription(QStringLiteral(
             "Opens synthesised designs and edits their power analysis configurations."));
-        parser.addPositionalArgument(QStringLiteral("FILE.vlr"),
-                                     QStringLiteral("Configurations to open."),
-                                     QStringLiteral("[FILE.vlr ...]"));
+        parser.addPositionalArgument(
+            QStringLiteral("FILE"),
+            QStringLiteral("Configurations (.vlr) or a netlist (.json) to open."),
+            QStringLiteral("[FILE ...]"));
         parser.addOptions({project, plugins, tour, netlistInfo, help, version});
     }
 

@@ -7,6 +7,7 @@
 #include "host/core/projectsession.h"
 #include "host/core/viewarea.h"
 #include "host/extsys/pluginmanager.h"
+#include "host/nlsdata/netlistsummary.h"
 #include "host/te/deviceselection.h"
 #include "host/utils/dialogs.h"
 #include "host/utils/documentpath.h"
@@ -14,6 +15,7 @@
 #include "core/idecore.h"
 #include "core/viewmanager.h"
 #include "dev/devicedb.h"
+#include "te/constants.h"
 
 #include <QApplication>
 #include <QDir>
@@ -32,6 +34,13 @@ constexpr int AskAgainMilliseconds = 200;
 bool isProject(const QString &path)
 {
     return QFileInfo(path).suffix().compare(ProjectSuffix, Qt::CaseInsensitive) == 0;
+}
+
+bool isNetlistOfProject(const QString &path)
+{
+    const Core::ProjectFile *project = Core::ProjectFile::current();
+    return project &&
+           QFileInfo(project->resultFile(QLatin1String(TE::RES_NETLIST))) == QFileInfo(path);
 }
 
 DEV::DeviceArg currentDevice()
@@ -60,7 +69,7 @@ Documents::Documents(QWidget *window)
 
 bool Documents::isDocument(const QString &path)
 {
-    return isProject(path) || Core::IFileOpener::forFile(path);
+    return isProject(path) || Core::IFileOpener::forFile(path) || NlsData::looksLikeNetlist(path);
 }
 
 void Documents::open(const QString &path)
@@ -69,6 +78,8 @@ void Documents::open(const QString &path)
         openProject(path);
     else if (Core::IFileOpener::forFile(path))
         openDocument(path);
+    else if (NlsData::looksLikeNetlist(path) && !isNetlistOfProject(path))
+        emit netlistFound(path);
     else
         openText(path);
 }

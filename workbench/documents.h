@@ -28,7 +28,8 @@ public:
     /// `window` is the parent of questions, not owned.
     explicit Documents(QWidget *window);
 
-    /// Opens `path` by its kind: a project, a file that a plug-in opens, or a text to be read.
+    /// Opens `path` by its kind: a project, a file that a plug-in opens, a netlist, or a text to be
+    /// read.
     /// Failures are told to the user.
     void open(const QString &path);
 
@@ -42,17 +43,22 @@ public:
     /// Closes the view by view what is open; false when one of them refuses.
     bool closeAll();
 
+    /// Shows a file as text, whatever it is.
+    void openText(const QString &path);
+
     /// Whether open() would take a file of this name for more than a text.
     static bool isDocument(const QString &path);
 
 signals:
     void opened(const QString &path);
+
+    /// A file that looks like a netlist, and is not the project's, is to be opened.
+    void netlistFound(const QString &path);
     void message(const QString &text);
     void failed(const QString &text);
 
 private:
     void openDocument(const QString &path);
-    void openText(const QString &path);
     void openProjectBeside(const QString &path);
     void fail(QMessageBox::Icon icon, const QString &text);
     void follow(Core::IView *view);

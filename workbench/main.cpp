@@ -62,6 +62,8 @@ int showWindow(const CommandLine &commandLine)
         window.open(commandLine.project);
     for (const QString &file : commandLine.files)
         window.open(file);
+    if (commandLine.project.isEmpty() && commandLine.files.isEmpty())
+        window.openLastProject();
     return QApplication::exec();
 }
 

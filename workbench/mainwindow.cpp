@@ -5,6 +5,9 @@
 #include "workbench/documents.h"
 #include "workbench/editmenu.h"
 #include "workbench/panes/messagespane.h"
+#include "workbench/projects/lastproject.h"
+#include "workbench/projects/netlistopener.h"
+#include "workbench/projects/newfiles.h"
 #include "workbench/projects/projectcommands.h"
 #include "workbench/projecttree.h"
 #include "workbench/synthesis.h"
@@ -20,7 +23,6 @@
 #include "host/utils/dialogs.h"
 
 #include "core/iview.h"
-#include "core/iwizardfactory.h"
 #include "core/viewmanager.h"
 
 #include <QAction>
@@ -71,20 +73,20 @@ MainWindow::MainWindow(QWidget *parent)
     , m_messages(new MessagesPane)
     , m_documents(new Documents(this))
     , m_projects(new ProjectCommands(m_documents, this))
+    , m_newFiles(new NewFiles(m_documents, m_projects, this))
     , m_synthesis(new Synthesis(this))
     , m_edit(new EditMenu(this))
     , m_checks(new Checks(this))
 {
     setObjectName(QStringLiteral("workbench"));
     setAcceptDrops(true);
-    createCenter();
-    Core::ViewArea::get()->setArea(m_views);
-    Core::ViewArea::get()->setDialogParent(this);
-
     createDocks();
     createFileMenu();
     createOtherMenus();
     createStatusBar();
+    createCenter();
+    Core::ViewArea::get()->setArea(m_views);
+    Core::ViewArea::get()->setDialogParent(this);
     connectParts();
     restoreLayout();
     updateTitle();
@@ -101,6 +103,11 @@ void MainWindow::connectParts()
     connect(m_documents, &Documents::message, m_messages, &MessagesPane::note);
     connect(m_documents, &Documents::failed, m_messages, &MessagesPane::fail);
     connect(m_projects, &ProjectCommands::message, m_messages, &MessagesPane::note);
+    connect(m_newFiles, &NewFiles::added, m_tree, &ProjectTree::select);
+    connect(m_newFiles, &NewFiles::message, m_messages, &MessagesPane::note);
+    auto *netlists = new NetlistOpener(m_documents, m_projects, this);
+    connect(m_documents, &Documents::netlistFound, netlists, &NetlistOpener::open);
+    connect(netlists, &NetlistOpener::message, m_messages, &MessagesPane::note);
     connect(m_synthesis, &Synthesis::output, m_messages, &MessagesPane::output);
     connect(m_synthesis, &Synthesis::message, m_messages, &MessagesPane::note);
     connect(m_synthesis, &Synthesis::failed, m_messages, &MessagesPane::fail);
@@ -124,14 +131,7 @@ void MainWindow::connectParts()
 void MainWindow::takeUpPlugins()
 {
     const auto *plugins = ExtSys::PluginManager::instance();
-    const auto wizards = plugins->objects<Core::IWizardFactory>();
-    for (int i = 0; i < wizards.size(); ++i) {
-        auto *action = new QAction(wizards.at(i)->icon(), wizards.at(i)->displayName(), m_newMenu);
-        m_newMenu->insertAction(m_projects->newAction(), action);
-        action->setObjectName(wizards.at(i)->id());
-        action->setStatusTip(wizards.at(i)->description());
-        connect(action, &QAction::triggered, this, [this, i] { newFile(i); });
-    }
+    m_newFiles->fill(m_newMenu, m_projects->newAction());
 
     const auto failures = plugins->failures();
     for (const ExtSys::PluginManager::Failure &failure : failures)
@@ -153,6 +153,13 @@ void MainWindow::open(const QString &path)
     m_documents->open(path);
 }
 
+void MainWindow::openLastProject()
+{
+    const QString path = m_projects->lastProject()->path();
+    if (!path.isEmpty())
+        open(path);
+}
+
 // Opening asks questions, during which the window may go.
 void MainWindow::openAll(const QStringList &paths)
 {
@@ -163,18 +170,12 @@ void MainWindow::openAll(const QStringList &paths)
     }
 }
 
-void MainWindow::newFile(int wizard)
-{
-    const auto wizards = ExtSys::PluginManager::instance()->objects<Core::IWizardFactory>();
-    if (wizard < wizards.size())
-        wizards.at(wizard)->runWizard(this, workingFolder());
-}
-
 void MainWindow::chooseFile()
 {
     Utils::GuardedDialog dialog(
         new QFileDialog(this, tr("Open"), workingFolder(),
-                        tr("Projects and configurations (*.fpgaproj *.vlr);;All files (*)")));
+                        tr("Projects, configurations and netlists (*.fpgaproj *.vlr *.json);;"
+                           "All files (*)")));
     dialog->setFileMode(QFileDialog::ExistingFiles);
     if (dialog.exec() == QDialog::Accepted)
         openAll(dialog->selectedFiles());

@@ -15,8 +15,10 @@ class Checks;
 class Documents;
 class EditMenu;
 class MessagesPane;
+class NewFiles;
 class ProjectCommands;
 class ProjectTree;
+class StartPage;
 class Synthesis;
 
 /// The program's window: project tree, views in tabs, messages, menus. It sets itself up as the
@@ -33,8 +35,11 @@ public:
     /// called once, after the plug-ins are initialised.
     void takeUpPlugins();
 
-    /// Opens a project, a configuration or a text; failures are told to the user.
+    /// Opens a project, a configuration, a netlist or a text; failures are told to the user.
     void open(const QString &path);
+
+    /// Opens the project of the last session, unless the user does not want that.
+    void openLastProject();
 
     Documents *documents() const { return m_documents; }
     MessagesPane *messages() const { return m_messages; }
@@ -54,11 +59,11 @@ private:
     void createFileMenu();
     void createOtherMenus();
     void createStatusBar();
+    StartPage *createStartPage();
     void restoreLayout();
     void connectParts();
 
     void openAll(const QStringList &paths);
-    void newFile(int wizard);
     void chooseFile();
     void closeActiveView();
     void chooseDevice();
@@ -72,12 +77,14 @@ private:
     MessagesPane *m_messages;
     Documents *m_documents;
     ProjectCommands *m_projects;
+    NewFiles *m_newFiles;
     Synthesis *m_synthesis;
     EditMenu *m_edit;
     Checks *m_checks;
     RecentFiles m_recent;
     QMenu *m_newMenu = nullptr;
     QMenu *m_viewMenu = nullptr;
+    QAction *m_open = nullptr;
     QAction *m_close = nullptr;
     QLabel *m_device = nullptr;
 };

@@ -6,8 +6,11 @@
 #include "workbench/documents.h"
 #include "workbench/editmenu.h"
 #include "workbench/panes/messagespane.h"
+#include "workbench/projects/lastproject.h"
+#include "workbench/projects/newfiles.h"
 #include "workbench/projects/projectcommands.h"
 #include "workbench/projecttree.h"
+#include "workbench/startpage.h"
 #include "workbench/synthesis.h"
 #include "workbench/tablestatus.h"
 
@@ -39,7 +42,7 @@ void MainWindow::createCenter()
     auto *layout = new QVBoxLayout(center);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_views);
+    layout->addWidget(createStartPage()->around(m_views));
     layout->addWidget(m_edit->findBar());
     setCentralWidget(center);
 }
@@ -90,10 +93,10 @@ void MainWindow::createFileMenu()
     m_newMenu->setObjectName(QStringLiteral("newMenu"));
     m_newMenu->addAction(m_projects->newAction());
 
-    QAction *open = menu->addAction(tr("&Open..."), this, &MainWindow::chooseFile);
-    open->setObjectName(QStringLiteral("open"));
-    open->setShortcut(QKeySequence::Open);
-    open->setStatusTip(tr("Open a project or a configuration"));
+    m_open = menu->addAction(tr("&Open..."), this, &MainWindow::chooseFile);
+    m_open->setObjectName(QStringLiteral("open"));
+    m_open->setShortcut(QKeySequence::Open);
+    m_open->setStatusTip(tr("Open a project, a configuration or a netlist"));
     m_recent.fill(menu->addMenu(tr("Open &recent")));
     menu->addSeparator();
 
@@ -109,12 +112,13 @@ void MainWindow::createFileMenu()
     menu->addSeparator();
     menu->addAction(m_projects->settingsAction());
     menu->addAction(m_projects->closeAction());
+    menu->addAction(m_projects->lastProject()->option());
     menu->addSeparator();
     QAction *quit = menu->addAction(tr("&Quit"), this, &MainWindow::close);
     quit->setObjectName(QStringLiteral("quit"));
     quit->setShortcut(Qt::CTRL + Qt::Key_Q);
     setIconsWhenShown(menu, {{m_newMenu->menuAction(), QStyle::SP_FileIcon},
-                             {open, QStyle::SP_DialogOpenButton},
+                             {m_open, QStyle::SP_DialogOpenButton},
                              {save, QStyle::SP_DialogSaveButton},
                              {m_close, QStyle::SP_DialogCloseButton}});
 }
@@ -139,6 +143,16 @@ void MainWindow::createOtherMenus()
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About Workbench"), this, &MainWindow::about);
+}
+
+StartPage *MainWindow::createStartPage()
+{
+    auto *page = new StartPage(
+        {m_projects->newAction(), m_open, m_projects->settingsAction(), m_synthesis->runAction()});
+    connect(page, &StartPage::fileChosen, this, &MainWindow::open);
+    connect(page, &StartPage::configurationWanted, m_newFiles, &NewFiles::createConfiguration);
+    connect(m_documents, &Documents::opened, page, &StartPage::addRecent);
+    return page;
 }
 
 void MainWindow::createStatusBar()

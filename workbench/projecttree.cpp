@@ -90,8 +90,13 @@ void ProjectTree::rebuild()
     addFiles(root, tr("Results"), netlist.isEmpty() ? QStringList() : QStringList(netlist));
     expandAll();
 
-    for (QTreeWidgetItemIterator it(this); *it && !selected.isEmpty(); ++it) {
-        if ((*it)->data(0, PathRole).toString() == selected)
+    select(selected);
+}
+
+void ProjectTree::select(const QString &path)
+{
+    for (QTreeWidgetItemIterator it(this); *it && !path.isEmpty(); ++it) {
+        if ((*it)->data(0, PathRole).toString() == path)
             setCurrentItem(*it);
     }
 }

@@ -19,6 +19,9 @@ public:
     /// Fills the tree anew; what is selected stays selected.
     void rebuild();
 
+    /// Selects the file's entry; nothing when it has none.
+    void select(const QString &path);
+
 signals:
     void fileActivated(const QString &path);
     void deviceActivated();

@@ -9,15 +9,10 @@
 
 namespace Workbench {
 
-namespace {
-
-const QString SettingsKey = QStringLiteral("recentFiles");
-
-} // namespace
-
-RecentFiles::RecentFiles(QObject *parent)
+RecentFiles::RecentFiles(QObject *parent, const QString &key)
     : QObject(parent)
-    , m_paths(QSettings().value(SettingsKey).toStringList().mid(0, Maximum))
+    , m_key(key)
+    , m_paths(QSettings().value(key).toStringList().mid(0, Maximum))
 {
 }
 
@@ -68,7 +63,7 @@ void RecentFiles::fill(QMenu *menu)
 
 void RecentFiles::store()
 {
-    QSettings().setValue(SettingsKey, m_paths);
+    QSettings().setValue(m_key, m_paths);
 }
 
 } // namespace Workbench

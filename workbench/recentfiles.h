@@ -15,7 +15,9 @@ class RecentFiles : public QObject
 public:
     static constexpr int Maximum = 10;
 
-    explicit RecentFiles(QObject *parent = nullptr);
+    /// `key` is the name of the list in the settings.
+    explicit RecentFiles(QObject *parent = nullptr,
+                         const QString &key = QStringLiteral("recentFiles"));
 
     /// Absolute paths, the last one first.
     QStringList paths() const { return m_paths; }
@@ -34,6 +36,7 @@ signals:
 private:
     void store();
 
+    const QString m_key;
     QStringList m_paths;
 };
 

@@ -62,20 +62,13 @@ void NetlistReadDialog::refresh()
     m_progress->setValue(m_control->permille());
 }
 
-std::unique_ptr<Netlist> readNetlistWithDialog(QWidget *parent, const QString &path, QString *error,
-                                               ReadOptions options, int showAfter)
+bool readWithDialog(QWidget *parent, const QString &path, ReadControl *control,
+                    const std::function<void()> &read, int showAfter)
 {
-    ReadControl ownControl;
-    if (!options.control)
-        options.control = &ownControl;
-    ReadControl *control = options.control;
-
     QEventLoop loop;
     std::atomic<bool> finished{false};
-    std::unique_ptr<Netlist> netlist;
-    QString problem;
     std::thread reader([&] {
-        netlist = readNetlist(path, &problem, options);
+        read();
         finished = true;
         QMetaObject::invokeMethod(&loop, "quit", Qt::QueuedConnection);
     });
@@ -102,8 +95,19 @@ std::unique_ptr<Netlist> readNetlistWithDialog(QWidget *parent, const QString &p
     reader.join();
     const bool cancelled = control->isCancelled();
     delete dialog;
+    return !cancelled;
+}
 
-    if (cancelled && netlist) {
+std::unique_ptr<Netlist> readNetlistWithDialog(QWidget *parent, const QString &path, QString *error,
+                                               ReadOptions options, int showAfter)
+{
+    ReadControl ownControl;
+    if (!options.control)
+        options.control = &ownControl;
+    std::unique_ptr<Netlist> netlist;
+    QString problem;
+    const auto read = [&] { netlist = readNetlist(path, &problem, options); };
+    if (!readWithDialog(parent, path, options.control, read, showAfter) && netlist) {
         netlist.reset();
         problem = QObject::tr("Reading the netlist file was cancelled.");
     }

@@ -5,6 +5,8 @@
 #include <QDialog>
 #include <QTimer>
 
+#include <functional>
+
 class QDialogButtonBox;
 class QLabel;
 class QProgressBar;
@@ -31,6 +33,11 @@ private:
     QDialogButtonBox *const m_buttons;
     QTimer m_timer;
 };
+
+/// Calls `read`, which watches `control`, in a thread of its own and waits for its end; the dialog
+/// comes after `showAfter` milliseconds. False when the user has cancelled or `parent` has gone.
+HOST_EXPORT bool readWithDialog(QWidget *parent, const QString &path, ReadControl *control,
+                                const std::function<void()> &read, int showAfter);
 
 /// readNetlistFileWithDialog with options; the dialog comes after `showAfter` milliseconds.
 HOST_EXPORT std::unique_ptr<Netlist> readNetlistWithDialog(QWidget *parent, const QString &path,

@@ -1,6 +1,7 @@
 #include "workbench/projects/projectcommands.h"
 
 #include "workbench/documents.h"
+#include "workbench/projects/lastproject.h"
 #include "workbench/projects/projectdialog.h"
 
 #include "host/core/projectfile.h"
@@ -17,6 +18,7 @@ ProjectCommands::ProjectCommands(Documents *documents, QWidget *window)
     : QObject(window)
     , m_documents(documents)
     , m_window(window)
+    , m_last(new LastProject(this))
     , m_new(new QAction(tr("&Project\u2026"), this))
     , m_settings(new QAction(tr("Project se&ttings\u2026"), this))
     , m_close(new QAction(tr("Close pro&ject"), this))
@@ -29,18 +31,18 @@ ProjectCommands::ProjectCommands(Documents *documents, QWidget *window)
     m_close->setStatusTip(tr("Close the project and its views"));
     connect(m_new, &QAction::triggered, this, &ProjectCommands::createFromFolder);
     connect(m_settings, &QAction::triggered, this, &ProjectCommands::changeSettings);
-    connect(m_close, &QAction::triggered, documents, &Documents::closeProject);
+    connect(m_close, &QAction::triggered, this, &ProjectCommands::closeProject);
     connect(Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this,
             &ProjectCommands::update);
     update();
 }
 
 // Who starts the program in the folder of a design means that folder.
-void ProjectCommands::createFromFolder()
+bool ProjectCommands::createFromFolder()
 {
     ProjectSettings known;
     known.folder = QDir::currentPath();
-    createProject(known);
+    return createProject(known);
 }
 
 bool ProjectCommands::createProject(const ProjectSettings &known, const QString &deviceRemark)
@@ -65,6 +67,13 @@ void ProjectCommands::changeSettings()
         return;
     Utils::GuardedDialog dialog(ProjectDialog::forCurrent(m_window));
     dialog.exec();
+}
+
+void ProjectCommands::closeProject()
+{
+    const QPointer<ProjectCommands> self(this);
+    if (m_documents->closeProject() && self)
+        m_last->forget();
 }
 
 void ProjectCommands::update()

@@ -10,6 +10,7 @@ class QWidget;
 namespace Workbench {
 
 class Documents;
+class LastProject;
 struct ProjectSettings;
 
 /// The commands that create a project, change its settings and close it.
@@ -24,20 +25,25 @@ public:
     QAction *newAction() const { return m_new; }
     QAction *settingsAction() const { return m_settings; }
     QAction *closeAction() const { return m_close; }
+    LastProject *lastProject() const { return m_last; }
 
     /// Asks for a new project, with what is known of it, and opens it. False when the user refused.
     bool createProject(const ProjectSettings &known, const QString &deviceRemark = QString());
+
+    /// The same for a design in the folder that the program works in.
+    bool createFromFolder();
 
 signals:
     void message(const QString &text);
 
 private:
-    void createFromFolder();
     void changeSettings();
+    void closeProject();
     void update();
 
     Documents *const m_documents;
     QWidget *const m_window;
+    LastProject *const m_last;
     QAction *m_new;
     QAction *m_settings;
     QAction *m_close;

@@ -1,0 +1,208 @@
+#include "windowtest.h"
+
+#include "support/modaldriver.h"
+
+#include "core/iview.h"
+#include "host/core/ifileopener.h"
+#include "host/core/projectfile.h"
+#include "host/core/projectsession.h"
+#include "host/core/viewarea.h"
+#include "workbench/textview.h"
+
+#include <QCommandLinkButton>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QScrollArea>
+#include <QTreeWidget>
+#include <QtTest>
+
+using namespace Workbench;
+
+/// From a design to an open configuration.
+class TestProjects : public WindowTest
+{
+    Q_OBJECT
+
+private slots:
+    void opensNetlistAsProject();
+    void opensOtherJsonAsText_data();
+    void opensOtherJsonAsText();
+    void opensWhatTheWizardAdds();
+    void waitsForTheNetlist();
+    void offersProjectToTheWizard();
+    void showsStartPageWithoutViews();
+    void opensLastProjectAgain();
+
+private:
+    QString project() const
+    {
+        const Core::ProjectFile *file = Core::ProjectFile::current();
+        return file ? file->path() : QString();
+    }
+    QCommandLinkButton *link(const char *name)
+    {
+        auto *page = window().findChild<QScrollArea *>(QStringLiteral("startPage"));
+        return page->isVisible() ? page->findChild<QCommandLinkButton *>(QLatin1String(name))
+                                 : nullptr;
+    }
+    static ModalDriver::Script nameConfiguration(const char *name)
+    {
+        return [name](QWidget *dialog) {
+            auto *line = dialog->findChild<QLineEdit *>(QStringLiteral("editName"));
+            QTest::keyClicks(line, QLatin1String(name));
+            QTest::keyClick(dialog, Qt::Key_Return);
+        };
+    }
+};
+
+void TestProjects::opensNetlistAsProject()
+{
+    const QString netlist = m_host->write(QStringLiteral("mine/design.json"),
+                                          TestHost::defaultNetlist().replace("FERN_DFF", "SB_DFF"));
+    {
+        ModalDriver page([](QWidget *dialog) {
+            QCOMPARE(dialog->objectName(), QStringLiteral("projectDialog"));
+            const auto text = [dialog](const char *name) {
+                return dialog->findChild<QLineEdit *>(QLatin1String(name))->text();
+            };
+            QCOMPARE(text("projectName"), QStringLiteral("top"));
+            QCOMPARE(text("netlistFile"), QStringLiteral("design.json"));
+            QCOMPARE(text("projectDevice"), QStringLiteral("iCE40HX8K-CT256"));
+            QTest::keyClick(dialog, Qt::Key_Return);
+        });
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(netlist)});
+        QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&window(), &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&window(), &drop);
+        QTRY_COMPARE(project(), m_host->path(QStringLiteral("mine/top.fpgaproj")));
+    }
+    QVERIFY(openView(QStringLiteral("mine/a.vlr")));
+
+    // The project's own netlist is a file of it like others.
+    window().open(netlist);
+    QCOMPARE(Core::ViewArea::get()->views().size(), 2);
+    // From elsewhere it brings its project, and asks nothing.
+    window().open(m_host->path(QStringLiteral("test.fpgaproj")));
+    window().open(netlist);
+    QCOMPARE(project(), m_host->path(QStringLiteral("mine/top.fpgaproj")));
+}
+
+void TestProjects::opensOtherJsonAsText_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("cause");
+    QTest::newRow("other") << QByteArray("{\"scripts\": {}, \"modules\": {}}") << QString();
+    QTest::newRow("list") << QByteArray("[\"modules\", {}]") << QString();
+    QTest::newRow("no modules") << QByteArray("{\"modules\": {\"a\": 1}}") << "design.json";
+    QTest::newRow("cut short") << TestHost::defaultNetlist().left(200) << "design.json";
+}
+
+void TestProjects::opensOtherJsonAsText()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, cause);
+    window().messages()->clear();
+    const QString before = project();
+    window().open(m_host->write(QStringLiteral("design.json"), bytes));
+    QVERIFY(qobject_cast<TextView *>(Core::ViewArea::get()->activeView()));
+    QCOMPARE(project(), before);
+    QCOMPARE(messages().contains(QLatin1String("opened as text")), !cause.isEmpty());
+    QVERIFY2(messages().contains(cause), qPrintable(messages()));
+}
+
+void TestProjects::opensWhatTheWizardAdds()
+{
+    ModalDriver wizard(nameConfiguration("power"));
+    action("MC.Wizard.VLT")->trigger();
+    const QString path = m_host->path(QStringLiteral("power.vlr"));
+    QVERIFY(Core::IFileOpener::forFile(path)->view(path));
+    auto *tree = window().findChild<QTreeWidget *>(QStringLiteral("projectTree"));
+    QCOMPARE(tree->currentItem() ? tree->currentItem()->text(0) : QString(),
+             QStringLiteral("power.vlr"));
+}
+
+void TestProjects::waitsForTheNetlist()
+{
+    QVERIFY(QFile::remove(m_host->netlistPath()));
+    window().messages()->clear();
+    ModalDriver wizard(nameConfiguration("early"));
+    action("MC.Wizard.VLT")->trigger();
+    QVERIFY(Core::ViewArea::get()->views().isEmpty());
+    QVERIFY2(messages().contains(QLatin1String("run synthesis")), qPrintable(messages()));
+    QVERIFY(
+        Core::ProjectFile::current()->files().contains(m_host->path(QStringLiteral("early.vlr"))));
+}
+
+void TestProjects::offersProjectToTheWizard()
+{
+    Core::ProjectSession::get()->close();
+    {
+        ModalDriver refuse(pressButton(QMessageBox::Cancel));
+        action("MC.Wizard.VLT")->trigger();
+        QVERIFY(refuse.text().contains(QLatin1String("no project is open")));
+    }
+    const QString folder = m_host->path(QStringLiteral("fresh"));
+    QVERIFY(QDir().mkdir(folder));
+    std::unique_ptr<ModalDriver> page;
+    std::unique_ptr<ModalDriver> wizard;
+    ModalDriver create([&](QWidget *box) {
+        page = std::make_unique<ModalDriver>([&](QWidget *dialog) {
+            auto *line = dialog->findChild<QLineEdit *>(QStringLiteral("projectFolder"));
+            line->selectAll();
+            QTest::keyClicks(line, folder);
+            wizard = std::make_unique<ModalDriver>(nameConfiguration("first"));
+            QTest::keyClick(line, Qt::Key_Return);
+        });
+        QTest::keyClick(box, Qt::Key_Return);
+    });
+    action("MC.Wizard.VLT")->trigger();
+    QVERIFY(page && page->ran() && wizard && wizard->ran());
+    QCOMPARE(project(), folder + QLatin1String("/fresh.fpgaproj"));
+    QVERIFY(QFile::exists(folder + QLatin1String("/first.vlr")));
+}
+
+void TestProjects::showsStartPageWithoutViews()
+{
+    window().open(m_host->path(QStringLiteral("test.fpgaproj")));
+    QTRY_VERIFY(link("startConfiguration"));
+    QVERIFY(!link("startNewProject") && !link("startSynthesis"));
+    QVERIFY(QFile::remove(m_host->netlistPath()));
+    Core::ProjectFile::current()->addFile(m_host->write(QStringLiteral("a.vlr"), EmptyFile));
+    QTRY_VERIFY(link("startSynthesis"));
+    m_host->useNetlist(TestHost::defaultNetlist());
+    QTest::mouseClick(link("startFile"), Qt::LeftButton);
+    QTRY_COMPARE(Core::ViewArea::get()->views().size(), 1);
+    QVERIFY(!link("startConfiguration"));
+
+    action("closeProject")->trigger();
+    QCOMPARE(project(), QString());
+    QTRY_VERIFY(link("startNewProject"));
+    QVERIFY(!action("closeProject")->isEnabled());
+    QTest::mouseClick(link("startFile"), Qt::LeftButton);
+    QTRY_COMPARE(project(), m_host->path(QStringLiteral("test.fpgaproj")));
+}
+
+void TestProjects::opensLastProjectAgain()
+{
+    const QString path = m_host->path(QStringLiteral("test.fpgaproj"));
+    window().open(path);
+    Core::ProjectSession::get()->close(); // as the program's end does
+    window().openLastProject();
+    QCOMPARE(project(), path);
+    action("openLastProject")->trigger();
+    Core::ProjectSession::get()->close();
+    window().openLastProject();
+    QCOMPARE(project(), QString());
+    action("openLastProject")->trigger();
+    window().open(path);
+    action("closeProject")->trigger();
+    window().openLastProject();
+    QCOMPARE(project(), QString());
+}
+
+QTEST_MAIN(TestProjects)
+#include "test_projects.moc"

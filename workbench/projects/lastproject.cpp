@@ -1,0 +1,47 @@
+#include "workbench/projects/lastproject.h"
+
+#include "host/core/projectfile.h"
+#include "host/core/projectsession.h"
+
+#include <QAction>
+#include <QFileInfo>
+#include <QSettings>
+
+namespace Workbench {
+
+namespace {
+
+const QString PathKey = QStringLiteral("lastProject/path");
+const QString OptionKey = QStringLiteral("lastProject/open");
+
+} // namespace
+
+LastProject::LastProject(QObject *parent)
+    : QObject(parent)
+    , m_option(new QAction(tr("Open last project at &start"), this))
+{
+    m_option->setObjectName(QStringLiteral("openLastProject"));
+    m_option->setStatusTip(tr("Open the project of the last session when the program starts"));
+    m_option->setCheckable(true);
+    m_option->setChecked(QSettings().value(OptionKey, true).toBool());
+    connect(m_option, &QAction::toggled, this,
+            [](bool on) { QSettings().setValue(OptionKey, on); });
+    // The program closes the project when it ends: that does not count.
+    connect(Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this, [] {
+        if (const Core::ProjectFile *project = Core::ProjectFile::current())
+            QSettings().setValue(PathKey, project->path());
+    });
+}
+
+QString LastProject::path() const
+{
+    const QString path = QSettings().value(PathKey).toString();
+    return m_option->isChecked() && QFileInfo::exists(path) ? path : QString();
+}
+
+void LastProject::forget()
+{
+    QSettings().remove(PathKey);
+}
+
+} // namespace Workbench
