@@ -123,6 +123,10 @@ void Documents::openDocument(const QString &path)
         emit failed(tr("%1 has not been opened: its device and netlist are those of a project, and "
                        "no project is open.")
                         .arg(QDir::toNativeSeparators(path)));
+    } else if (currentDevice().id.isEmpty()) {
+        emit failed(tr("%1 has not been opened: the project has no device that the catalogue "
+                       "lists. Choose one.")
+                        .arg(QDir::toNativeSeparators(path)));
     }
 }
 

@@ -86,6 +86,7 @@ private:
     QMenu *m_viewMenu = nullptr;
     QAction *m_open = nullptr;
     QAction *m_close = nullptr;
+    QAction *m_chooseDevice = nullptr;
     QLabel *m_device = nullptr;
 };
 

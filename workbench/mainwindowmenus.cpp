@@ -133,10 +133,10 @@ void MainWindow::createOtherMenus()
                              {m_synthesis->stopAction(), QStyle::SP_MediaStop}});
 
     QMenu *device = menuBar()->addMenu(tr("&Device"));
-    QAction *choose = device->addAction(tr("&Choose device..."), this, &MainWindow::chooseDevice);
-    choose->setObjectName(QStringLiteral("chooseDevice"));
-    setIconsWhenShown(device, {{choose, QStyle::SP_ComputerIcon}});
-    choose->setStatusTip(tr("Choose the project's device from the catalogue"));
+    m_chooseDevice = device->addAction(tr("&Choose device..."), this, &MainWindow::chooseDevice);
+    m_chooseDevice->setObjectName(QStringLiteral("chooseDevice"));
+    setIconsWhenShown(device, {{m_chooseDevice, QStyle::SP_ComputerIcon}});
+    m_chooseDevice->setStatusTip(tr("Choose the project's device from the catalogue"));
 
     menuBar()->addMenu(m_checks->menu());
     menuBar()->addMenu(m_viewMenu);
@@ -147,8 +147,9 @@ void MainWindow::createOtherMenus()
 
 StartPage *MainWindow::createStartPage()
 {
-    auto *page = new StartPage(
-        {m_projects->newAction(), m_open, m_projects->settingsAction(), m_synthesis->runAction()});
+    auto *page = new StartPage({m_projects->newAction(), m_open, m_projects->settingsAction(),
+                                m_chooseDevice, m_synthesis->runAction()});
+    connect(page, &StartPage::failed, m_messages, &MessagesPane::fail);
     connect(page, &StartPage::fileChosen, this, &MainWindow::open);
     connect(page, &StartPage::configurationWanted, m_newFiles, &NewFiles::createConfiguration);
     connect(m_documents, &Documents::opened, page, &StartPage::addRecent);

@@ -1,6 +1,6 @@
 #include "workbench/startpage.h"
 
-#include "workbench/application.h"
+#include "workbench/projects/sampleproject.h"
 
 #include "host/core/ifileopener.h"
 #include "host/core/projectfile.h"
@@ -122,12 +122,9 @@ void StartPage::fillForStart(QVBoxLayout *left, QVBoxLayout *right)
     addLink(left, "startOpen", tr("Open\u2026"),
             tr("A project, a configuration, or a netlist that Yosys has written"),
             [this] { m_actions.open->trigger(); });
-    const QString sample = QDir(sampleFolder()).filePath(QStringLiteral("sample.fpgaproj"));
-    if (QFileInfo::exists(sample)) {
-        addLink(left, "startSample", tr("Open the sample"),
-                tr("A small design with a configuration that has everything"),
-                [this, sample] { emit fileChosen(sample); });
-    }
+    addLink(left, "startSample", tr("Open the sample"),
+            tr("A small design with a configuration that has everything"),
+            [this] { openSample(); });
     addHeading(right, tr("Recent projects"));
     addFiles(right, m_recent.paths(), tr("Projects that you open are listed here."));
 }
@@ -136,16 +133,7 @@ void StartPage::fillForProject(QVBoxLayout *left, QVBoxLayout *right)
 {
     const Core::ProjectFile *project = Core::ProjectFile::current();
     addHeading(left, project->name());
-    const QString netlist = project->resultFile(QLatin1String(TE::RES_NETLIST));
-    const bool isMissing = !QFileInfo::exists(netlist);
-    if (TE::FlowControl::get()->isRunning()) {
-        left->addWidget(new QLabel(tr("Synthesis is running.")));
-    } else if (isMissing && !project->synthesisProgram().isEmpty()) {
-        addLink(
-            left, "startSynthesis", tr("Run synthesis"),
-            tr("%1 does not exist yet: it is the first step").arg(QFileInfo(netlist).fileName()),
-            [this] { m_actions.runSynthesis->trigger(); });
-    }
+    addFirstSteps(left);
     addLink(left, "startConfiguration", tr("New configuration\u2026"),
             tr("Conditions, rates and activity for power analysis"),
             [this] { emit configurationWanted(); });
@@ -160,6 +148,35 @@ void StartPage::fillForProject(QVBoxLayout *left, QVBoxLayout *right)
             configurations.append(file);
     }
     addFiles(right, configurations, tr("The project has none yet."));
+}
+
+// What configurations need to open.
+void StartPage::addFirstSteps(QVBoxLayout *layout)
+{
+    const Core::ProjectFile *project = Core::ProjectFile::current();
+    if (project->device().isEmpty()) {
+        addLink(layout, "startDevice", tr("Choose device\u2026"),
+                tr("Configurations need one: it decides the supply voltages"),
+                [this] { m_actions.chooseDevice->trigger(); });
+    }
+    const QString netlist = project->resultFile(QLatin1String(TE::RES_NETLIST));
+    if (TE::FlowControl::get()->isRunning()) {
+        layout->addWidget(new QLabel(tr("Synthesis is running\u2026")));
+    } else if (!project->synthesisProgram().isEmpty() && !QFileInfo::exists(netlist)) {
+        addLink(layout, "startSynthesis", tr("Run synthesis"),
+                tr("Configurations need the netlist %1").arg(QFileInfo(netlist).fileName()),
+                [this] { m_actions.runSynthesis->trigger(); });
+    }
+}
+
+void StartPage::openSample()
+{
+    QString error;
+    const QString project = sampleProject(&error);
+    if (project.isEmpty())
+        emit failed(error);
+    else
+        emit fileChosen(project);
 }
 
 void StartPage::addFiles(QVBoxLayout *layout, const QStringList &paths, const QString &none)

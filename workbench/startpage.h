@@ -24,6 +24,7 @@ public:
         QAction *newProject;
         QAction *open;
         QAction *projectSettings;
+        QAction *chooseDevice;
         QAction *runSynthesis;
     };
     explicit StartPage(const Actions &actions, QWidget *parent = nullptr);
@@ -38,6 +39,7 @@ signals:
     /// A project or a configuration is to be opened.
     void fileChosen(const QString &path);
     void configurationWanted();
+    void failed(const QString &text);
 
 private:
     using Run = std::function<void()>;
@@ -46,6 +48,8 @@ private:
     void onProjectChanged();
     void updateLater();
     void rebuild();
+    void openSample();
+    void addFirstSteps(QVBoxLayout *layout);
     void fillForProject(QVBoxLayout *left, QVBoxLayout *right);
     void fillForStart(QVBoxLayout *left, QVBoxLayout *right);
     void addFiles(QVBoxLayout *layout, const QStringList &paths, const QString &none);

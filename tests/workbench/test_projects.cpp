@@ -10,9 +10,11 @@
 #include "workbench/textview.h"
 
 #include <QCommandLinkButton>
+#include <QDialogButtonBox>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QTreeWidget>
 #include <QtTest>
@@ -29,10 +31,12 @@ private slots:
     void opensOtherJsonAsText_data();
     void opensOtherJsonAsText();
     void opensWhatTheWizardAdds();
-    void waitsForTheNetlist();
+    void waitsForWhatIsMissing_data();
+    void waitsForWhatIsMissing();
     void offersProjectToTheWizard();
     void showsStartPageWithoutViews();
     void opensLastProjectAgain();
+    void goesFromVerilogToConfigurationByMouse();
 
 private:
     QString project() const
@@ -45,6 +49,17 @@ private:
         auto *page = window().findChild<QScrollArea *>(QStringLiteral("startPage"));
         return page->isVisible() ? page->findChild<QCommandLinkButton *>(QLatin1String(name))
                                  : nullptr;
+    }
+    static void click(QWidget *parent, const char *name)
+    {
+        auto *button = parent->findChild<QAbstractButton *>(QLatin1String(name));
+        QVERIFY2(button && button->isVisible() && button->isEnabled(), name);
+        QTest::mouseClick(button, Qt::LeftButton);
+    }
+    static void clickOk(QWidget *dialog)
+    {
+        auto *box = dialog->findChild<QDialogButtonBox *>();
+        QTest::mouseClick(box->button(QDialogButtonBox::Ok), Qt::LeftButton);
     }
     static ModalDriver::Script nameConfiguration(const char *name)
     {
@@ -125,14 +140,28 @@ void TestProjects::opensWhatTheWizardAdds()
              QStringLiteral("power.vlr"));
 }
 
-void TestProjects::waitsForTheNetlist()
+void TestProjects::waitsForWhatIsMissing_data()
 {
-    QVERIFY(QFile::remove(m_host->netlistPath()));
+    QTest::addColumn<QString>("missing");
+    QTest::addColumn<QString>("advice");
+    QTest::newRow("netlist") << "impl/netlist.json"
+                             << "Run synthesis";
+    QTest::newRow("device") << "device"
+                            << "Choose the project's device";
+}
+
+void TestProjects::waitsForWhatIsMissing()
+{
+    QFETCH(QString, missing);
+    QFETCH(QString, advice);
+    QFile::remove(m_host->path(missing));
+    if (missing == QLatin1String("device"))
+        Core::ProjectFile::current()->setDevice(QString());
     window().messages()->clear();
     ModalDriver wizard(nameConfiguration("early"));
     action("MC.Wizard.VLT")->trigger();
     QVERIFY(Core::ViewArea::get()->views().isEmpty());
-    QVERIFY2(messages().contains(QLatin1String("run synthesis")), qPrintable(messages()));
+    QVERIFY2(messages().contains(advice), qPrintable(messages()));
     QVERIFY(
         Core::ProjectFile::current()->files().contains(m_host->path(QStringLiteral("early.vlr"))));
 }
@@ -202,6 +231,59 @@ void TestProjects::opensLastProjectAgain()
     action("closeProject")->trigger();
     window().openLastProject();
     QCOMPARE(project(), QString());
+}
+
+void TestProjects::goesFromVerilogToConfigurationByMouse()
+{
+    m_host->write(QStringLiteral("own/blink.v"), "module top(input clk); endmodule");
+    const QString tool =
+        m_host->write(QStringLiteral("bin/yosys"),
+                      "#!/bin/sh\necho \"$@\"\ncp ../impl/netlist.json netlist.json\n");
+    QFile(tool).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", QFile::encodeName(QFileInfo(tool).path()) + ':' + path);
+    const QString folder = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_host->path(QStringLiteral("own"))));
+    Core::ProjectSession::get()->close();
+    QTRY_VERIFY(link("startNewProject"));
+    {
+        std::unique_ptr<ModalDriver> devices;
+        ModalDriver page([&](QWidget *dialog) {
+            devices = std::make_unique<ModalDriver>([](QWidget *list) {
+                auto *view = list->findChild<QTreeView *>();
+                const auto found = view->model()->match(view->model()->index(0, 0), Qt::DisplayRole,
+                                                        QStringLiteral("LFE5U-25F-CABGA256"));
+                view->scrollTo(found.value(0));
+                QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::NoModifier,
+                                  view->visualRect(found.value(0)).center());
+                clickOk(list);
+            });
+            click(dialog, "chooseProjectDevice");
+            clickOk(dialog);
+        });
+        QTest::mouseClick(link("startNewProject"), Qt::LeftButton);
+        QTRY_COMPARE(project(), m_host->path(QStringLiteral("own/own.fpgaproj")));
+        QVERIFY(devices && devices->ran());
+    }
+    QTRY_VERIFY(link("startSynthesis"));
+    window().messages()->clear();
+    QTest::mouseClick(link("startSynthesis"), Qt::LeftButton);
+    QTRY_VERIFY(QFile::exists(m_host->path(QStringLiteral("own/netlist.json"))));
+    QTRY_VERIFY(action("runSynthesis")->isEnabled());
+    QVERIFY2(messages().contains(QLatin1String("synth_ecp5 -top top; autoname; write_json")),
+             qPrintable(messages()));
+    QTRY_VERIFY(link("startConfiguration") && !link("startSynthesis"));
+    {
+        ModalDriver wizard([](QWidget *dialog) {
+            QTest::keyClicks(dialog->findChild<QLineEdit *>(QStringLiteral("editName")),
+                             QStringLiteral("power"));
+            clickOk(dialog);
+        });
+        QTest::mouseClick(link("startConfiguration"), Qt::LeftButton);
+        QTRY_COMPARE(Core::ViewArea::get()->views().size(), 1);
+    }
+    QVERIFY(QDir::setCurrent(folder));
+    qputenv("PATH", path);
 }
 
 QTEST_MAIN(TestProjects)

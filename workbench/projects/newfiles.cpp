@@ -98,15 +98,21 @@ void NewFiles::show(const QString &path)
 {
     emit added(path);
     const Core::ProjectFile *project = Core::ProjectFile::current();
-    const QString netlist =
-        project ? project->resultFile(QLatin1String(TE::RES_NETLIST)) : QString();
-    if (project && !netlist.isEmpty() && !QFileInfo::exists(netlist)) {
-        emit message(tr("%1 has been added to the project. It can be opened once there is a "
-                        "netlist: run synthesis to write %2.")
-                         .arg(QFileInfo(path).fileName(), QDir::toNativeSeparators(netlist)));
+    if (!project)
         return;
-    }
-    m_documents->open(path);
+    QString missing;
+    const QString netlist = project->resultFile(QLatin1String(TE::RES_NETLIST));
+    if (project->device().isEmpty())
+        missing = tr("Choose the project's device to open it.");
+    else if (netlist.isEmpty())
+        missing = tr("Name the project's netlist in its settings to open it.");
+    else if (!QFileInfo::exists(netlist))
+        missing = tr("Run synthesis to write the netlist %1, then open it.")
+                      .arg(QDir::toNativeSeparators(netlist));
+    if (missing.isEmpty())
+        m_documents->open(path);
+    else
+        emit message(tr("%1 is in the project. %2").arg(QFileInfo(path).fileName(), missing));
 }
 
 } // namespace Workbench

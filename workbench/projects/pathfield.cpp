@@ -47,6 +47,12 @@ QString PathField::path() const
 void PathField::setReadOnly(bool readOnly)
 {
     m_line->setReadOnly(readOnly);
+    m_line->setFocusPolicy(readOnly ? Qt::ClickFocus : Qt::StrongFocus);
+    m_line->setFrame(!readOnly);
+    QPalette colors = palette();
+    if (readOnly)
+        colors.setColor(QPalette::Base, colors.color(QPalette::Window));
+    m_line->setPalette(colors);
     m_button->setVisible(!readOnly);
 }
 
