@@ -68,7 +68,7 @@ DeviceDialog::DeviceDialog(const QString &current, QWidget *parent)
     fill();
     select(current);
     onSelectionChanged();
-    resize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 26);
+    resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 26);
 }
 
 void DeviceDialog::fill()

@@ -102,6 +102,8 @@ void StartPage::rebuild()
     const int space = fontMetrics().height();
     columns->setContentsMargins(2 * space, 2 * space, 2 * space, space);
     columns->setSpacing(2 * space);
+    left->setSpacing(0); // the links have room of their own
+    right->setSpacing(0);
     columns->addLayout(left, 1);
     columns->addLayout(right, 1);
     if (Core::ProjectFile::current())

@@ -9,9 +9,12 @@
 #include "host/core/viewarea.h"
 #include "workbench/textview.h"
 
+#include <QCheckBox>
 #include <QCommandLinkButton>
 #include <QDialogButtonBox>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
@@ -282,6 +285,24 @@ void TestProjects::goesFromVerilogToConfigurationByMouse()
         QTest::mouseClick(link("startConfiguration"), Qt::LeftButton);
         QTRY_COMPARE(Core::ViewArea::get()->views().size(), 1);
     }
+    Core::IView *view = Core::ViewArea::get()->activeView();
+    const auto boxes = view->findChildren<QCheckBox *>();
+    const auto box = std::find_if(boxes.begin(), boxes.end(), [](const QCheckBox *candidate) {
+        return candidate->isVisible();
+    });
+    QVERIFY(box != boxes.end());
+    QTest::mouseClick(*box, Qt::LeftButton, Qt::NoModifier, {8, (*box)->height() / 2});
+    QVERIFY(view->windowTitle().endsWith(QLatin1Char('*')));
+    auto *menu = window().menuBar()->actions().first()->menu();
+    QTest::mouseClick(window().menuBar(), Qt::LeftButton, Qt::NoModifier,
+                      window().menuBar()->actionGeometry(menu->menuAction()).center());
+    const auto entries = menu->actions();
+    for (QAction *entry : entries) {
+        if (entry->shortcut() == QKeySequence(QKeySequence::Save))
+            QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
+                              menu->actionGeometry(entry).center());
+    }
+    QTRY_VERIFY(m_host->read(QStringLiteral("own/power.vlr")).contains("<Version>"));
     QVERIFY(QDir::setCurrent(folder));
     qputenv("PATH", path);
 }

@@ -4,9 +4,11 @@
 #include "workbench/projects/projectcommands.h"
 
 #include "host/core/projectfile.h"
+#include "host/core/viewarea.h"
 #include "host/extsys/pluginmanager.h"
 #include "host/utils/dialogs.h"
 
+#include "core/iview.h"
 #include "core/iwizardfactory.h"
 #include "te/constants.h"
 
@@ -109,10 +111,13 @@ void NewFiles::show(const QString &path)
     else if (!QFileInfo::exists(netlist))
         missing = tr("Run synthesis to write the netlist %1, then open it.")
                       .arg(QDir::toNativeSeparators(netlist));
-    if (missing.isEmpty())
-        m_documents->open(path);
-    else
+    if (!missing.isEmpty()) {
         emit message(tr("%1 is in the project. %2").arg(QFileInfo(path).fileName(), missing));
+        return;
+    }
+    m_documents->open(path);
+    if (Core::IView *view = Core::ViewArea::get()->activeView())
+        view->setFocus();
 }
 
 } // namespace Workbench

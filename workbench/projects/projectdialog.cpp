@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace Workbench {
@@ -45,8 +46,9 @@ ProjectDialog::ProjectDialog(ProjectForm::Kind kind, QWidget *parent)
     connect(m_buttons, &QDialogButtonBox::accepted, this, &ProjectDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &ProjectDialog::reject);
     connect(m_form, &ProjectForm::changed, m_problem, &QWidget::hide);
+    // No taller than a small screen: the list of sources gives way.
     resize(qMax(sizeHint().width(), fontMetrics().averageCharWidth() * WidthInCharacters),
-           sizeHint().height());
+           qMin(sizeHint().height(), screen()->availableSize().height() * 9 / 10));
 }
 
 ProjectDialog *ProjectDialog::forNew(const ProjectSettings &settings, const QString &deviceRemark,

@@ -110,6 +110,7 @@ void ProjectForm::setSettings(const ProjectSettings &settings, const QString &de
     m_setting = false;
     if (m_kind == NewProject)
         onFolderChanged();
+    m_name->selectAll();
 }
 
 ProjectSettings ProjectForm::settings() const
