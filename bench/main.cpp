@@ -50,8 +50,10 @@ bool writeJson(const QString &path, const Suite &suite)
 
 int measurePeak(const QStringList &files, bool allNames)
 {
-    const double bytes =
-        files.size() == 1 ? netlistPeak(files[0], allNames) : viewPeak(files[0], files[1]);
+    const bool isActivity = files[0].endsWith(QLatin1String(".vcd"));
+    const double bytes = isActivity          ? activityPeak(files[0])
+                         : files.size() == 1 ? netlistPeak(files[0], allNames)
+                                             : viewPeak(files[0], files[1]);
     std::printf("%.0f\n", bytes);
     return bytes > 0 ? 0 : 1;
 }
@@ -73,7 +75,7 @@ int main(int argc, char **argv)
                                     QStringLiteral("file"));
     const QCommandLineOption only(QStringLiteral("only"),
                                   QStringLiteral("Measure one group: netlist, finder, table, "
-                                                 "document or start."),
+                                                 "document, start or activity."),
                                   QStringLiteral("group"));
     QCommandLineOption peak(QStringLiteral("peak"));
     peak.setFlags(QCommandLineOption::HiddenFromHelp);
@@ -95,7 +97,7 @@ int main(int argc, char **argv)
     const QVector<QPair<QString, void (*)(Suite &)>> groups{
         {QStringLiteral("netlist"), netlistWork}, {QStringLiteral("finder"), finderWork},
         {QStringLiteral("table"), tableWork},     {QStringLiteral("document"), documentWork},
-        {QStringLiteral("start"), startWork},
+        {QStringLiteral("start"), startWork},     {QStringLiteral("activity"), activityWork},
     };
     Suite suite(parser.isSet(quick));
     for (const auto &[name, work] : groups) {

@@ -10,8 +10,10 @@ void finderWork(Suite &suite);
 void tableWork(Suite &suite);
 void documentWork(Suite &suite);
 void startWork(Suite &suite);
+void activityWork(Suite &suite);
 
 // Peak memory in bytes, measured in a process of its own.
 
 double netlistPeak(const QString &netlist, bool allNames);
+double activityPeak(const QString &path);
 double viewPeak(const QString &netlist, const QString &configuration);

@@ -8,28 +8,28 @@ namespace Check {
 
 BlockInput::BlockInput(QIODevice *device)
     : m_device(device)
-    , m_buffer(2 * BLOCK)
+    , m_buffer(new char[2 * BLOCK])
     , m_base(device->pos())
 {
-    m_at = m_end = m_token = m_buffer.data();
+    m_at = m_end = m_token = m_buffer.get();
 }
 
 void BlockInput::checkLength(const char *begin, qint64 size) const
 {
     if (size > MAXIMUM_TOKEN)
         throw ActivityError{QStringLiteral("a token is longer than 1 MiB"),
-                            m_base + (begin - m_buffer.data())};
+                            m_base + (begin - m_buffer.get())};
 }
 
 bool BlockInput::refill(const char *keep)
 {
     const qint64 kept = m_end - keep;
     checkLength(keep, kept);
-    m_base += keep - m_buffer.data();
-    std::memmove(m_buffer.data(), keep, size_t(kept));
-    m_at = m_token = m_buffer.data();
+    m_base += keep - m_buffer.get();
+    std::memmove(m_buffer.get(), keep, size_t(kept));
+    m_at = m_token = m_buffer.get();
     m_end = m_at + kept;
-    const qint64 size = m_device->read(m_buffer.data() + kept, BLOCK);
+    const qint64 size = m_device->read(m_buffer.get() + kept, BLOCK);
     if (size < 0)
         throw ActivityError{m_device->errorString(), m_base + kept};
     m_end += size;

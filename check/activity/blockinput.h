@@ -2,8 +2,8 @@
 
 #include <QString>
 
+#include <memory>
 #include <string_view>
-#include <vector>
 
 class QIODevice;
 
@@ -32,11 +32,11 @@ public:
     bool next(std::string_view *token);
 
     /// Where the last token begins.
-    qint64 tokenOffset() const { return m_base + (m_token - m_buffer.data()); }
+    qint64 tokenOffset() const { return m_base + (m_token - m_buffer.get()); }
     /// Where the next byte is read.
-    qint64 offset() const { return m_base + (m_at - m_buffer.data()); }
+    qint64 offset() const { return m_base + (m_at - m_buffer.get()); }
     /// Where the bytes end that have been read.
-    qint64 endOffset() const { return m_base + (m_end - m_buffer.data()); }
+    qint64 endOffset() const { return m_base + (m_end - m_buffer.get()); }
 
 protected:
     /// Reads on, so that the bytes from `keep` on stay, at the front. False at the end of the file.
@@ -52,8 +52,8 @@ protected:
 
 private:
     QIODevice *const m_device;
-    std::vector<char> m_buffer;
-    qint64 m_base; ///< offset in the file of the buffer's first byte
+    const std::unique_ptr<char[]> m_buffer; ///< two blocks
+    qint64 m_base;                          ///< offset in the file of the buffer's first byte
 };
 
 } // namespace Check

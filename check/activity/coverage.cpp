@@ -88,7 +88,7 @@ private:
                          if (net.file >= 0)
                              return;
                          net.file = number;
-                         net.signal = variables[bit.variable].signal;
+                         net.signal = variables.at(int(bit.variable)).signal;
                          net.place = bit.place;
                      });
     }

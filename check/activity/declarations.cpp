@@ -33,29 +33,27 @@ bool Declarations::addVariable(quint32 scope, const Reference &reference, qint64
     if (m_declaredBits > MAXIMUM_BITS ||
         m_text.size() + reference.base.size() > std::numeric_limits<qint32>::max())
         return false;
-    Variable variable{scope,
-                      m_text.add(reference.base),
-                      quint32(reference.base.size()),
-                      signal,
-                      qint32(width - 1),
-                      0,
-                      0,
-                      0,
-                      0};
+    Variable variable{};
+    variable.scope = scope;
+    variable.name = m_text.add(reference.base);
+    variable.nameSize = quint32(reference.base.size());
+    variable.signal = signal;
     variable.width = quint32(width);
     variable.hasRange = !reference.ranges.empty();
     if (reference.ranges.size() == 1) {
-        variable.left = reference.ranges.front().left;
-        variable.right = reference.ranges.front().right;
+        const BitRange &range = reference.ranges.front();
+        variable.right = range.right;
+        variable.isUpwards = range.left < range.right;
     } else if (reference.ranges.size() > 1) {
         variable.isPacked = 1;
         m_packed[quint32(m_variables.size())].assign(reference.ranges.begin(),
                                                      reference.ranges.end());
     }
-    m_variables.push_back(variable);
-    if (signal >= m_firstBits.size())
-        m_firstBits.resize(signal + 1, 0);
-    m_firstBits[signal] = qMax(m_firstBits[signal], quint32(width));
+    m_variables.append(variable);
+    while (int(signal) >= m_firstBits.size())
+        m_firstBits.append(0);
+    quint32 &bits = m_firstBits[int(signal)];
+    bits = qMax(bits, quint32(width));
     return true;
 }
 
@@ -67,9 +65,7 @@ void Declarations::finish()
         first = end;
         end += width;
     }
-    m_firstBits.push_back(end);
-    m_text.shrink();
-    m_variables.shrink_to_fit();
+    m_firstBits.append(end);
 }
 
 std::string_view Declarations::name(const Scope &scope) const
@@ -84,13 +80,13 @@ std::string_view Declarations::name(const Variable &variable) const
 
 const std::vector<BitRange> &Declarations::dimensions(const Variable &variable) const
 {
-    return m_packed.at(quint32(&variable - m_variables.data()));
+    return m_packed.at(quint32(&variable - m_variables.constData()));
 }
 
 qint32 Declarations::bitNumber(const Variable &variable, quint32 place)
 {
-    const qint64 number = variable.left >= variable.right ? qint64(variable.right) + place
-                                                          : qint64(variable.right) - place;
+    const qint64 number =
+        variable.isUpwards ? qint64(variable.right) - place : qint64(variable.right) + place;
     return qint32(number);
 }
 
@@ -117,7 +113,7 @@ QString Declarations::path(const Variable &variable, quint32 place) const
 
 QString Declarations::variablePath(quint32 index) const
 {
-    const Variable &variable = m_variables[index];
+    const Variable &variable = m_variables.at(int(index));
     QString text = path(variable, 0);
     if (variable.width > 1) {
         text.truncate(text.lastIndexOf(QLatin1Char('[')));

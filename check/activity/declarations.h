@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 #include <string>
 #include <string_view>
@@ -29,18 +30,18 @@ public:
         quint32 nameSize;
         quint32 parent; ///< comes before it; NONE for the root
     };
-    /// One word per field: there may be millions.
+    /// There may be millions.
     struct Variable
     {
         quint32 scope;
         quint32 name; ///< of its base, without bits
         quint32 nameSize;
         quint32 signal;
-        qint32 left; ///< bit numbers, if it has any
-        qint32 right;
+        qint32 right; ///< number of the lowest bit
         quint32 width : 21;
-        quint32 hasRange : 1; ///< left and right are given
-        quint32 isPacked : 1; ///< has several dimensions, left and right are those of all bits
+        quint32 hasRange : 1;  ///< the numbers of its bits are given
+        quint32 isUpwards : 1; ///< the lowest bit has the highest number
+        quint32 isPacked : 1;  ///< has several dimensions; numbers are those of all bits
     };
 
     Declarations();
@@ -53,7 +54,7 @@ public:
     bool addVariable(quint32 scope, const Reference &reference, qint64 width, quint32 signal);
 
     const std::vector<Scope> &scopes() const { return m_scopes; } ///< the root first
-    const std::vector<Variable> &variables() const { return m_variables; }
+    const QVector<Variable> &variables() const { return m_variables; }
     std::string_view name(const Scope &scope) const;
     std::string_view name(const Variable &variable) const;
 
@@ -70,9 +71,12 @@ public:
     QString variablePath(quint32 variable) const;
 
     /// Bits have numbers: those of a signal follow each other, the lowest first.
-    quint32 firstBit(quint32 signal) const { return m_firstBits[signal]; }
-    quint32 widthOf(quint32 signal) const { return m_firstBits[signal + 1] - m_firstBits[signal]; }
-    quint32 bits() const { return m_firstBits.back(); }
+    quint32 firstBit(quint32 signal) const { return m_firstBits.at(int(signal)); }
+    quint32 widthOf(quint32 signal) const
+    {
+        return m_firstBits.at(int(signal) + 1) - m_firstBits.at(int(signal));
+    }
+    quint32 bits() const { return m_firstBits.last(); }
     quint32 signalCount() const { return quint32(m_firstBits.size() - 1); }
     qint64 declaredBits() const { return m_declaredBits; }
 
@@ -97,10 +101,13 @@ private:
     TextPool m_text;
     std::vector<Scope> m_scopes;
     std::unordered_map<ScopeKey, quint32, ScopeHash> m_byName;
-    std::vector<Variable> m_variables;
+    // These grow where they are, without a second copy.
+    QVector<Variable> m_variables;
     std::unordered_map<quint32, std::vector<BitRange>> m_packed; ///< by the variable's number
-    std::vector<quint32> m_firstBits; ///< by signal: widths until finish(), and one more
+    QVector<quint32> m_firstBits; ///< by signal: widths until finish(), and one more
     qint64 m_declaredBits = 0;
 };
 
 } // namespace Check
+
+Q_DECLARE_TYPEINFO(Check::Declarations::Variable, Q_PRIMITIVE_TYPE);

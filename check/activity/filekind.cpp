@@ -88,8 +88,9 @@ FileKind fileKind(const QByteArray &block, QString *other)
     if (word.startsWith('$') &&
         (keywords.contains(word) ||
          (isCut && std::any_of(keywords.begin(), keywords.end(), isBegin)))) {
-        const QByteArray plain = text.simplified();
-        if (!plain.contains("$var port ") && !plain.contains("$dumpports"))
+        const int variable = text.indexOf("$var");
+        const bool isPort = text.mid(qMax(0, variable), 256).simplified().startsWith("$var port ");
+        if (!isPort)
             return FileKind::Vcd;
         *other = QStringLiteral("an extended VCD (of ports)");
         return FileKind::Other;

@@ -141,22 +141,41 @@ SaifReader::Token SaifReader::token()
 /// Passes over what is left of the innermost open parenthesis. False at the end of the file.
 bool SaifReader::skip()
 {
-    for (int depth = 1; depth > 0;) {
-        switch (token()) {
-        case End:
+    int depth = 1;
+    const auto open = [&] {
+        if (++depth > 4 * Declarations::MAXIMUM_DEPTH)
+            fail("parentheses nest deeper than 1024");
+    };
+    char before = ' '; // what the next character follows
+    for (;;) {
+        if (m_at == m_end && !refill(m_at))
             return false;
-        case Open:
-            if (++depth > 4 * Declarations::MAXIMUM_DEPTH)
-                fail("parentheses nest deeper than 1024");
-            break;
-        case Close:
-            --depth;
-            break;
-        default:
-            break;
+        const char c = *m_at;
+        const bool isWordBegin = uchar(before) <= ' ' || before == '(' || before == ')';
+        before = c;
+        if (c == '"' || (c == '/' && isWordBegin)) { // a text, or perhaps a comment
+            const Token next = token();
+            if (next == End)
+                return false;
+            if (next == Open)
+                open();
+            else if (next == Close && --depth == 0)
+                return true;
+            before = ' ';
+            continue;
+        }
+        ++m_at;
+        if (c == '(') {
+            open();
+        } else if (c == ')') {
+            if (--depth == 0)
+                return true;
+        } else if (c == '\\') {
+            if (m_at == m_end && !refill(m_at))
+                return false;
+            ++m_at;
         }
     }
-    return true;
 }
 
 bool SaifReader::readFile()
@@ -283,7 +302,7 @@ bool SaifReader::readNet(quint32 scope)
         return skip();
     plainName(m_word);
     SaifCounts counts;
-    if (!readCounts(&counts))
+    if (!(m_counts ? readCounts(&counts) : skip()))
         return false;
     declare(scope, counts);
     return true;
@@ -308,7 +327,7 @@ bool SaifReader::readCounts(SaifCounts *counts)
             return false;
         if (value == Close)
             continue;
-        if (value == Word && m_counts && kind[0] == 'T') {
+        if (value == Word && kind[0] == 'T') {
             switch (kind[1]) {
             case '0':
                 counts->low = toDouble(m_word);
@@ -327,7 +346,7 @@ bool SaifReader::readCounts(SaifCounts *counts)
             default:
                 break;
             }
-        } else if (value == Word && m_counts && kind[0] == 'I' && kind[1] == 'G') {
+        } else if (value == Word && kind[0] == 'I' && kind[1] == 'G') {
             counts->glitches = toCount(m_word);
         } else if (value == Open && !skip()) {
             return false;

@@ -49,7 +49,7 @@ ScopeIndex::ScopeIndex(const Declarations &declarations)
     group(
         count, count, [&](quint32 i) { return scopes[i].parent; }, &m_firstScopes, &m_scopes);
     group(
-        quint32(variables.size()), count, [&](quint32 i) { return variables[i].scope; },
+        quint32(variables.size()), count, [&](quint32 i) { return variables.at(int(i)).scope; },
         &m_firstVariables, &m_variables);
 }
 
@@ -59,7 +59,7 @@ bool ScopeMatch::hasBit(const Declarations::Variable &variable, quint32 place,
     quint32 found = 0;
     if (!vector.hasNumbers) {
         // A vector of one bit may be declared with its number or without.
-        if (variable.width != 1 || vector.count != 1 || (variable.hasRange && variable.left != 0))
+        if (variable.width != 1 || vector.count != 1 || (variable.hasRange && variable.right != 0))
             return false;
     } else if (variable.hasRange) {
         if (!placeIn(vector, Declarations::bitNumber(variable, place), &found))
@@ -116,14 +116,15 @@ bool ScopeMatch::matchBit(const Declarations::Variable &variable, quint32 place,
 /// dimension.
 bool ScopeMatch::matchPacked(quint32 number, quint32 above, const Use &use) const
 {
-    const Declarations::Variable &variable = m_declarations.variables()[number];
+    const Declarations::Variable &variable = m_declarations.variables().at(int(number));
     const std::vector<BitRange> &ranges = m_declarations.dimensions(variable);
     const BitRange last = ranges.back();
     const auto bits = quint32(qMin<qint64>(last.size(), variable.width));
     Declarations::Variable element = variable;
     element.width = bits;
-    element.left = last.left;
+    element.isPacked = 0;
     element.right = last.right;
+    element.isUpwards = last.left < last.right;
     bool isUsed = false;
     for (quint32 first = 0; first + bits <= variable.width; first += bits) {
         std::string name(m_declarations.name(variable));
@@ -154,7 +155,7 @@ bool ScopeMatch::matchPacked(quint32 number, quint32 above, const Use &use) cons
 
 bool ScopeMatch::match(quint32 number, quint32 above, const Use &use) const
 {
-    const Declarations::Variable &variable = m_declarations.variables()[number];
+    const Declarations::Variable &variable = m_declarations.variables().at(int(number));
     if (above == NONE)
         return false;
     if (variable.isPacked && matchPacked(number, above, use))

@@ -91,7 +91,8 @@ private:
     {
         std::vector<std::pair<quint32, std::string_view>> names;
         for (const quint32 variable : m_index.variables(scope)) {
-            const std::string_view name = m_declarations.name(m_declarations.variables()[variable]);
+            const std::string_view name =
+                m_declarations.name(m_declarations.variables().at(int(variable)));
             const quint32 count = owners(lastSegment(name));
             if (count > 0)
                 names.emplace_back(count, name);
@@ -197,7 +198,7 @@ public:
         , m_index(file.declarations)
         , m_measure(file, m_index, design)
         , m_families(FamilySearch(file, m_index, design).families())
-        , m_limit(8 * (quint64(design.netCount()) + file.declarations.variables().size()) +
+        , m_limit(8 * (quint64(design.netCount()) + quint64(file.declarations.variables().size())) +
                   (1 << 20))
     {
     }
@@ -206,7 +207,8 @@ public:
     {
         // Enough for every family of a small file, and for the best of a large one.
         const quint64 limit =
-            8 * (quint64(m_design.netCount()) + m_file.declarations.variables().size()) + (1 << 20);
+            8 * (quint64(m_design.netCount()) + quint64(m_file.declarations.variables().size())) +
+            (1 << 20);
         for (m_family = 0; m_family < m_families.size() && m_measure.work() < limit; ++m_family)
             rankFamily(m_families[m_family]);
         order();

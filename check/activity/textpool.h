@@ -1,28 +1,29 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QByteArray>
 
 #include <string_view>
-#include <vector>
 
 namespace Check {
 
-/// Texts that lie side by side, each known by where it begins.
+/// Texts that lie side by side, each known by where it begins. At most 2 GiB in all.
 class TextPool
 {
 public:
     quint32 add(std::string_view text)
     {
-        const auto begin = quint32(m_text.size());
-        m_text.insert(m_text.end(), text.begin(), text.end());
-        return begin;
+        const int begin = m_text.size();
+        m_text.append(text.data(), int(text.size()));
+        return quint32(begin);
     }
-    std::string_view at(quint32 begin, quint32 size) const { return {m_text.data() + begin, size}; }
-    size_t size() const { return m_text.size(); }
-    void shrink() { m_text.shrink_to_fit(); }
+    std::string_view at(quint32 begin, quint32 size) const
+    {
+        return {m_text.constData() + begin, size};
+    }
+    size_t size() const { return size_t(m_text.size()); }
 
 private:
-    std::vector<char> m_text;
+    QByteArray m_text;
 };
 
 } // namespace Check

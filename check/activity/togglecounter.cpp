@@ -44,6 +44,7 @@ public:
         , m_window(window)
         , m_counts(*counts)
         , m_states(counts->m_bits.size())
+        , m_values(counts->m_bits.size(), Unknown)
         , m_time(file.first)
         , m_isInWindow(file.first >= window.start && file.first < window.end)
     {
@@ -160,12 +161,13 @@ private:
 
     void set(quint32 bit, Value value)
     {
+        if (m_values[bit] == value && !m_isInitial)
+            return;
+        m_values[bit] = value;
         BitState &state = m_states[bit];
         if (m_isInitial) {
             settle(state, m_counts.m_bits[bit]);
             state = {m_stamp, m_active, value, value, true, m_isInWindow};
-        } else if (state.value == value) {
-            return;
         } else if (state.stamp == m_stamp && !state.isInitial) {
             state.value = value;
             m_counts.m_bits[bit].glitches += state.isInWindow;
@@ -198,6 +200,7 @@ private:
     const TimeWindow m_window;
     ToggleCounts &m_counts;
     std::vector<BitState> m_states;
+    std::vector<quint8> m_values; ///< once more the last ones: most do not change
     std::string m_vector;
     double m_time;
     double m_active = 0; ///< time in the window so far, while dumping was on
@@ -210,6 +213,19 @@ private:
 
 ToggleCounts countToggles(const ActivityFile &file, const std::vector<bool> &wanted,
                           const TimeWindow &window, NlsData::ReadControl *control)
+{
+    QFile device(file.path);
+    if (file.kind == FileKind::Saif ||
+        (device.open(QIODevice::ReadOnly | QIODevice::Unbuffered) && device.seek(file.valuesAt)))
+        return countToggles(&device, file, wanted, window, control);
+    ToggleCounts counts;
+    counts.error = device.errorString();
+    return counts;
+}
+
+ToggleCounts countToggles(QIODevice *device, const ActivityFile &file,
+                          const std::vector<bool> &wanted, const TimeWindow &window,
+                          NlsData::ReadControl *control)
 {
     ToggleCounts counts;
     const Declarations &declarations = file.declarations;
@@ -232,13 +248,8 @@ ToggleCounts countToggles(const ActivityFile &file, const std::vector<bool> &wan
         counts.duration = file.last;
         return counts;
     }
-    QFile device(file.path);
-    if (!device.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !device.seek(file.valuesAt)) {
-        counts.error = device.errorString();
-        return counts;
-    }
     try {
-        ToggleReader(&device, file, window, &counts).read(device.size(), control);
+        ToggleReader(device, file, window, &counts).read(device->size(), control);
     } catch (const ActivityError &error) {
         counts.error = QStringLiteral("%1, at byte %2").arg(error.cause).arg(error.offset);
     } catch (const NlsData::ReadError &error) {

@@ -48,7 +48,7 @@ public:
 
 private:
     friend class ToggleReader;
-    friend ToggleCounts countToggles(const ActivityFile &, const std::vector<bool> &,
+    friend ToggleCounts countToggles(QIODevice *, const ActivityFile &, const std::vector<bool> &,
                                      const TimeWindow &, NlsData::ReadControl *);
     static constexpr quint32 NONE = 0xffffffff;
 
@@ -61,5 +61,10 @@ private:
 /// `control`, which may be null, is told the progress and can stop it.
 ToggleCounts countToggles(const ActivityFile &file, const std::vector<bool> &wanted,
                           const TimeWindow &window, NlsData::ReadControl *control = nullptr);
+
+/// The same for the values that follow in an open device.
+ToggleCounts countToggles(QIODevice *device, const ActivityFile &file,
+                          const std::vector<bool> &wanted, const TimeWindow &window,
+                          NlsData::ReadControl *control = nullptr);
 
 } // namespace Check

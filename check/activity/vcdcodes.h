@@ -1,11 +1,10 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QVector>
 
 #include <string>
 #include <string_view>
 #include <unordered_map>
-#include <vector>
 
 namespace Check {
 
@@ -25,11 +24,12 @@ public:
             m_size += isNew;
             return entry->second;
         }
-        if (key >= m_table.size())
-            m_table.resize(key + 1, NONE);
-        if (m_table[key] == NONE)
-            m_table[key] = m_size++;
-        return m_table[key];
+        if (int(key) >= m_table.size())
+            m_table.resize(int(key) + 1);
+        quint32 &entry = m_table[int(key)];
+        if (entry == 0)
+            entry = ++m_size;
+        return entry - 1;
     }
 
     /// The number of a code, or NONE.
@@ -37,7 +37,7 @@ public:
     {
         const quint32 key = keyOf(code);
         if (key != NONE)
-            return key < m_table.size() ? m_table[key] : NONE;
+            return int(key) < m_table.size() ? m_table.at(int(key)) - 1 : NONE;
         const auto entry = m_long.find(std::string(code));
         return entry == m_long.end() ? NONE : entry->second;
     }
@@ -62,7 +62,7 @@ private:
         return key < TABLE ? key : NONE;
     }
 
-    std::vector<quint32> m_table;
+    QVector<quint32> m_table; ///< numbers from 1 on
     std::unordered_map<std::string, quint32> m_long;
     quint32 m_size = 0;
 };

@@ -155,7 +155,7 @@ private:
                                 tokenOffset()};
         if (!next(&token))
             return false;
-        m_code = token;
+        const quint32 signal = m_file.codes.add(token);
         if (!next(&token))
             return false;
         if (token == "$end")
@@ -173,7 +173,7 @@ private:
             m_ranges += token;
         }
         const Reference reference = parseReference(m_name, m_ranges, width);
-        if (!m_declarations.addVariable(m_scope, reference, width, m_file.codes.add(m_code)))
+        if (!m_declarations.addVariable(m_scope, reference, width, signal))
             throw ActivityError{QStringLiteral("it declares more than 50 million bits"), begin};
         return true;
     }
@@ -183,7 +183,6 @@ private:
     std::vector<quint32> m_scopes; ///< that are open, the root first
     quint32 m_scope = 0;
     std::string m_name;
-    std::string m_code;
     std::string m_ranges;
 };
 
