@@ -1,6 +1,9 @@
 #pragma once
 
 #include "hostexport.h"
+
+#include "host/utils/filewatcher.h"
+
 #include "nlsdata/netlist.h"
 
 #include <QByteArray>
@@ -65,6 +68,7 @@ public:
     /// The netlist over these contents; the handles are made here.
     static std::unique_ptr<Netlist> makeNetlist(std::unique_ptr<NetlistData> data);
     static const NetlistData &of(const Netlist &netlist);
+    static const NetlistData &of(const Net &net) { return *net.m_data; }
 
     std::string_view nameText(quint32 name) const
     {
@@ -85,6 +89,8 @@ public:
     const QMap<QString, Net *> &netMap() const;
     const QMap<QString, Instance *> &instanceMap() const;
 
+    QString file; ///< that it was read from; empty when it was a text
+    Utils::FileStamp fileStamp;
     QByteArray design;
     std::vector<char> text;
     std::vector<Name> names;

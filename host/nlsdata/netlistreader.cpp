@@ -45,8 +45,11 @@ std::unique_ptr<Netlist> readNetlist(const QString &path, QString *error,
                                      const ReadOptions &options)
 {
     return guarded(path, error, [&] {
+        const Utils::FileStamp stamp = Utils::FileStamp::of(path);
         NetlistFile file = loadNetlistFile(path, options);
         std::unique_ptr<NetlistData> data = readText(file.text->view(), options);
+        data->file = path;
+        data->fileStamp = stamp;
         if (file.hasher)
             *options.sha256 = file.hasher->finish();
         return data;

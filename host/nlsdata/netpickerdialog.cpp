@@ -1,6 +1,7 @@
 #include "host/nlsdata/netpickerdialog.h"
 
 #include "host/nlsdata/netpickermodel.h"
+#include "host/nlsdata/othernames.h"
 #include "ui_netpickerdialog.h"
 
 #include <QPushButton>
@@ -24,6 +25,11 @@ NetPickerDialog::NetPickerDialog(const QList<Net *> &nets, QWidget *parent)
     connect(m_ui->listView->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &NetPickerDialog::showState);
     connect(m_ui->listView, &QListView::doubleClicked, this, &QDialog::accept);
+    if (!nets.isEmpty()) {
+        m_otherNames = new OtherNames(nets.first(), this);
+        connect(m_otherNames, &OtherNames::found, m_model,
+                [this] { m_model->setOtherNames(m_otherNames); });
+    }
     showState();
 }
 

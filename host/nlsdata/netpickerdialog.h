@@ -13,9 +13,11 @@ namespace NlsData {
 
 class Net;
 class NetPickerModel;
+class OtherNames;
 
 /// Chooses nets from a list that a pattern filters as it is typed. A new filter starts a new
-/// selection, so that what is chosen is always what is seen.
+/// selection, so that what is chosen is always what is seen. The other names of the nets are read
+/// in the background; once they are there, nets are found by them, too.
 class NetPickerDialog : public QDialog
 {
     Q_OBJECT
@@ -33,6 +35,7 @@ private:
 
     const std::unique_ptr<Ui::NetPickerDialog> m_ui;
     NetPickerModel *const m_model;
+    OtherNames *m_otherNames = nullptr; ///< null without nets
     const int m_total;
 };
 

@@ -1,8 +1,12 @@
 #include "host/nlsdata/netpickermodel.h"
 
+#include "host/nlsdata/othernames.h"
+
 #include "nlsdata/netlist.h"
 
 #include <QElapsedTimer>
+
+#include <algorithm>
 
 namespace NlsData {
 
@@ -10,6 +14,7 @@ namespace {
 
 constexpr int TURN_MS = 15;
 constexpr int NETS_BETWEEN_CLOCK_LOOKS = 256;
+constexpr int MAXIMUM_LISTED = 20; // names in a tool tip
 
 bool isWildcard(const QString &filter)
 {
@@ -51,17 +56,31 @@ void NetPickerModel::setFilter(const QString &typed)
     m_wildcard = isWildcard(filter);
     m_narrowing = !m_all && !m_wildcard && !isWildcard(m_shownFilter) &&
                   filter.contains(m_shownFilter, Qt::CaseInsensitive);
+    start();
+}
+
+void NetPickerModel::setOtherNames(const OtherNames *names)
+{
+    m_otherNames = names;
+    if (keepsEverything(m_filter))
+        return;
+    m_narrowing = false; // what is not in the rows may have another name that matches
+    start();
+}
+
+void NetPickerModel::start()
+{
     m_found.clear();
     m_next = 0;
-    if (keepsEverything(filter)) {
+    if (keepsEverything(m_filter)) {
         finish();
         return;
     }
     m_paths.resize(size_t(m_nets.size()));
     if (m_wildcard)
-        m_pattern = wildcardExpression(filter);
+        m_pattern = wildcardExpression(m_filter);
     else
-        m_part = QStringMatcher(filter, Qt::CaseInsensitive);
+        m_part = QStringMatcher(m_filter, Qt::CaseInsensitive);
     m_turn.start();
     emit filteringChanged();
     takeTurn();
@@ -74,7 +93,7 @@ void NetPickerModel::takeTurn()
     const int total = m_narrowing ? int(m_rows.size()) : m_nets.size();
     while (m_next < total) {
         const int position = m_narrowing ? m_rows[size_t(m_next)] : m_next;
-        if (matches(path(position)))
+        if (isFound(position))
             m_found.push_back(position);
         if (++m_next % NETS_BETWEEN_CLOCK_LOOKS == 0 && clock.hasExpired(TURN_MS))
             return;
@@ -94,9 +113,20 @@ void NetPickerModel::finish()
     emit filteringChanged();
 }
 
-bool NetPickerModel::matches(const QString &path) const
+bool NetPickerModel::matches(const QString &name) const
 {
-    return m_wildcard ? m_pattern.match(path).hasMatch() : m_part.indexIn(path) >= 0;
+    return m_wildcard ? m_pattern.match(name).hasMatch() : m_part.indexIn(name) >= 0;
+}
+
+bool NetPickerModel::isFound(int position)
+{
+    if (matches(path(position)))
+        return true;
+    if (!m_otherNames)
+        return false;
+    const QStringList names = m_otherNames->of(m_nets.at(position));
+    return std::any_of(names.begin(), names.end(),
+                       [this](const QString &name) { return matches(name); });
 }
 
 const QString &NetPickerModel::path(int position)
@@ -112,6 +142,20 @@ Net *NetPickerModel::net(int row) const
     return m_nets.at(m_all ? row : m_rows[size_t(row)]);
 }
 
+QString NetPickerModel::toolTip(const Net &net) const
+{
+    QStringList lines{net.path()};
+    const QStringList names = m_otherNames ? m_otherNames->of(&net) : QStringList();
+    if (!names.isEmpty())
+        lines += tr("Also called:");
+    lines += names.mid(0, MAXIMUM_LISTED);
+    if (names.size() > MAXIMUM_LISTED)
+        lines += tr("... and %1 more").arg(names.size() - MAXIMUM_LISTED);
+    // A name may look like markup.
+    return QLatin1String("<p style='white-space:pre'>") +
+           lines.join(QLatin1Char('\n')).toHtmlEscaped() + QLatin1String("</p>");
+}
+
 int NetPickerModel::rowCount(const QModelIndex &parent) const
 {
     if (parent.isValid())
@@ -125,11 +169,7 @@ QVariant NetPickerModel::data(const QModelIndex &index, int role) const
         return QVariant();
     if (role == Qt::DisplayRole)
         return net(index.row())->path();
-    // A name may look like markup.
-    if (role == Qt::ToolTipRole)
-        return QString(QLatin1String("<p style='white-space:pre'>") +
-                       net(index.row())->path().toHtmlEscaped() + QLatin1String("</p>"));
-    return QVariant();
+    return role == Qt::ToolTipRole ? toolTip(*net(index.row())) : QVariant();
 }
 
 } // namespace NlsData

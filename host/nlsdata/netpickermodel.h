@@ -10,6 +10,7 @@
 namespace NlsData {
 
 class Net;
+class OtherNames;
 
 /// The nets of a list that a filter keeps, in the list's order. Filtering works in short turns of
 /// the event loop, so that typing stays fluent on a million nets; until it has finished, the model
@@ -27,6 +28,10 @@ public:
     void setFilter(const QString &filter);
     bool isFiltering() const { return m_turn.isActive(); }
 
+    /// Looks for other names of the nets as well from now on, and lists them in tool tips. `names`
+    /// is borrowed.
+    void setOtherNames(const OtherNames *names);
+
     Net *net(int row) const;
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
@@ -37,12 +42,16 @@ signals:
     void filteringChanged();
 
 private:
+    QString toolTip(const Net &net) const;
     void takeTurn();
     void finish();
     const QString &path(int position);
-    bool matches(const QString &path) const;
+    void start();
+    bool matches(const QString &name) const;
+    bool isFound(int position);
 
     const QList<Net *> m_nets;
+    const OtherNames *m_otherNames = nullptr;
     std::vector<QString> m_paths; ///< composed when first searched, since that costs most of it
     std::vector<int> m_rows;      ///< positions in m_nets
     QString m_shownFilter;

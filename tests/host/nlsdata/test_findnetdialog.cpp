@@ -70,6 +70,7 @@ private slots:
     void initTestCase();
     void filters();
     void returnsChosenInListOrder();
+    void findsOtherNames();
     void survivesItsParent();
     void keepsUpWithTyping();
 
@@ -136,6 +137,44 @@ void TestFindNetDialog::returnsChosenInListOrder()
     });
     QCOMPARE(paths(FindNetDialog::getList(m_nets, nullptr)),
              QStringLiteral("data[0] data[1] data[3]"));
+}
+
+void TestFindNetDialog::findsOtherNames()
+{
+    NetlistJson json;
+    json.module("unit").port("<i>", "input", {2}).net("inner", {2});
+    json.module("top")
+        .top()
+        .net("clk", {2})
+        .net("data", {3})
+        .cell("u", "unit", {{"<i>", "input", {3}}});
+    const QString path = m_folder.filePath(QStringLiteral("names.json"));
+    QVERIFY(json.write(path));
+    for (const bool isReplaced : {false, true}) {
+        const std::unique_ptr<NlsData::Netlist> netlist(
+            NlsData::readNetlistFile(path, nullptr, false));
+        QVERIFY(netlist);
+        const QList<Net *> nets = netlist->netMap().values();
+        if (isReplaced) // what the file says now is of another netlist
+            QVERIFY(json.write(path) && QFile(path).resize(QFileInfo(path).size() - 1));
+        ModalDriver driver([&](QWidget *dialog) {
+            const Picker picker(dialog);
+            QTest::keyClicks(picker.filter, QStringLiteral("u/inner"));
+            const auto toolTip = [&picker] {
+                return picker.list->model()->index(0, 0).data(Qt::ToolTipRole).toString();
+            };
+            if (!isReplaced) {
+                QTRY_COMPARE(picker.shown(), QStringLiteral("data"));
+                QVERIFY2(toolTip().contains(QLatin1String("u/&lt;i&gt;\nu/inner")),
+                         qPrintable(toolTip()));
+            } else {
+                QTRY_VERIFY(!picker.count->text().contains(QLatin1String("Filtering")));
+                QCOMPARE(picker.shown(), QString());
+            }
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        QVERIFY(FindNetDialog::getList(nets, nullptr).isEmpty());
+    }
 }
 
 void TestFindNetDialog::survivesItsParent()
