@@ -4,6 +4,7 @@
 #include "config/configurationfile.h"
 #include "config/environmentcodes.h"
 #include "config/filenames.h"
+#include "document/namelookup.h"
 #include "document/netlistreload.h"
 #include "document/openeditors.h"
 #include "document/saving.h"
@@ -68,6 +69,7 @@ VLTView::VLTView(DEV::DeviceArg device, NlsData::Netlist *netlist)
     m_tabs->addTab(m_ratePage, tr("Rate Setting"));
     m_tabs->addTab(m_enablePage, tr("Clock Setting"));
     m_layout->addWidget(m_tabs);
+    m_nameLookup = new NameLookup(this, this);
     for (const auto *delegate : findChildren<DoubleEditorDelegate *>())
         connect(delegate, &DoubleEditorDelegate::pendingEditChanged, this,
                 &VLTView::pendingEditsChanged);
@@ -277,6 +279,7 @@ void VLTView::onNetlistChanged()
 void VLTView::takeNetlist(const std::shared_ptr<NlsData::Netlist> &netlist)
 {
     m_netlist = netlist;
+    m_nameLookup->startOver();
     showChangedBanner();
 }
 

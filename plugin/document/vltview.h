@@ -24,6 +24,7 @@ class Netlist;
 namespace VLT {
 
 struct Configuration;
+class NameLookup;
 class NetlistReload;
 class Page;
 class VLTEnableSetWidget;
@@ -137,6 +138,7 @@ private:
     QTabWidget *m_tabs = nullptr;
     QVBoxLayout *m_layout = nullptr;
     QWidget *m_banner = nullptr;
+    NameLookup *m_nameLookup = nullptr;
     std::shared_ptr<NlsData::Netlist> m_netlist;
 
     std::unique_ptr<Ui::ChangedBanner> m_bannerForm;

@@ -2,6 +2,7 @@
 
 #include "tables/celleditor.h"
 #include "tables/elidedpath.h"
+#include "tables/markednames.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -190,6 +191,15 @@ void DoubleEditorDelegate::initStyleOption(QStyleOptionViewItem *option,
     // A painted cell keeps its colour in a dark palette, whose light text would not stand out.
     if (option->backgroundBrush.style() != Qt::NoBrush)
         option->palette.setColor(QPalette::Text, Qt::black);
+    // Shape and icon, which a selection does not hide as it would a color.
+    if (m_marks && index.column() == 0 && m_marks->isMissing(index.data().toString())) {
+        option->font.setItalic(true);
+        option->fontMetrics = QFontMetrics(option->font);
+        option->features |= QStyleOptionViewItem::HasDecoration;
+        option->icon = m_marks->icon();
+        const int size = option->fontMetrics.height();
+        option->decorationSize = {size, size};
+    }
 }
 
 } // namespace VLT

@@ -5,6 +5,8 @@
 
 namespace VLT {
 
+class MarkedNames;
+
 /// Delegate of a whole table: edits every column but column 0 as a number with two decimals
 /// between a minimum and a maximum. An emptied editor, or one with a negative number, commits -1,
 /// which stands for "not set". An editor that the user leaves with the text it opened on commits
@@ -21,6 +23,9 @@ public:
     /// The limits hold for editors that are opened from then on.
     void setMinimum(double minimum) { m_minimum = minimum; }
     void setMaximum(double maximum) { m_maximum = maximum; }
+
+    /// Names in the first column that are painted as missing; not owned.
+    void setMarks(const MarkedNames *marks) { m_marks = marks; }
 
     /// Stores what is being typed and closes the editor, if one is open.
     void commitOpenEditor();
@@ -52,6 +57,7 @@ private:
 
     double m_minimum;
     double m_maximum;
+    const MarkedNames *m_marks = nullptr; ///< the table's, which is what the delegate paints
     mutable QPointer<QWidget> m_openEditor;
     mutable QString m_openedOn;
     mutable bool m_isConfirmed = false; ///< whether Enter or Tab was pressed in it

@@ -2,6 +2,7 @@
 
 #include "tables/document.h"
 #include "tables/doubledelegate.h"
+#include "tables/markednames.h"
 #include "tables/rowselection.h"
 #include "widgets/plainmessage.h"
 #include "widgets/waitcursor.h"
@@ -86,6 +87,8 @@ void TablePage::setUpTable(QTableView *table, TableModel *model, const QString &
 
     table->setModel(model);
     table->setItemDelegate(m_delegate);
+    if (const ListedKind kind = listedKind(section); kind != ListedKind::None)
+        m_delegate->setMarks(new MarkedNames(table, kind));
     for (int column = 0; column < widths.size(); ++column)
         table->setColumnWidth(column, widths.at(column));
     // Enabling would sort at once by the indicated column, while the list is in the file's order.
