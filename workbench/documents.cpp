@@ -252,9 +252,14 @@ void Documents::askAboutNext()
     const QString path = m_changed.takeFirst();
     const QPointer<Documents> self(this);
     if (viewOf(path) && askToReload(path) && viewOf(path))
-        Core::IFileOpener::forFile(path)->reload(currentDevice(), path);
+        reload(path);
     if (self && !m_changed.isEmpty())
         m_askLater.start();
+}
+
+void Documents::reload(const QString &path)
+{
+    Core::IFileOpener::forFile(path)->reload(currentDevice(), path);
 }
 
 bool Documents::askToReload(const QString &path)

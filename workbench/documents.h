@@ -33,6 +33,9 @@ public:
     /// Failures are told to the user.
     void open(const QString &path);
 
+    /// Reads the open file at `path` anew, without a question.
+    void reload(const QString &path);
+
     /// Replaces the current project; its views are closed first. False when a view refused to close
     /// or the project cannot be read, which the user has been told.
     bool openProject(const QString &path);

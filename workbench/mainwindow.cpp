@@ -111,6 +111,7 @@ void MainWindow::connectParts()
     connect(m_synthesis, &Synthesis::output, m_messages, &MessagesPane::output);
     connect(m_synthesis, &Synthesis::message, m_messages, &MessagesPane::note);
     connect(m_synthesis, &Synthesis::failed, m_messages, &MessagesPane::fail);
+    connect(m_checks, &Checks::reloadWanted, m_documents, &Documents::reload);
     connect(m_checks, &Checks::message, m_messages, &MessagesPane::note);
     connect(m_checks, &Checks::failed, m_messages, &MessagesPane::fail);
     connect(&m_recent, &RecentFiles::chosen, this, &MainWindow::open);

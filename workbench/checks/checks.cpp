@@ -1,17 +1,21 @@
 #include "workbench/checks/checks.h"
 
 #include "workbench/checks/checkservice.h"
+#include "workbench/checks/reviewdialog.h"
 #include "workbench/panes/checkspane.h"
 #include "workbench/panes/findingsmodel.h"
 
 #include "host/core/ifileopener.h"
 #include "host/core/projectfile.h"
 #include "host/core/projectsession.h"
+#include "host/utils/dialogs.h"
 
 #include <QAction>
+#include <QDir>
 #include <QDockWidget>
 #include <QMainWindow>
 #include <QMenu>
+#include <QPointer>
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolButton>
@@ -25,8 +29,9 @@ Checks::Checks(QMainWindow *window)
     , m_dock(new QDockWidget(tr("Checks"), window))
     , m_menu(new QMenu(tr("&Checks"), window))
     , m_status(new QToolButton(window))
+    , m_review(new QAction(tr("&Review Names..."), this))
 {
-    auto *pane = new ChecksPane(m_service, {});
+    auto *pane = new ChecksPane(m_service, {m_review});
     m_dock->setObjectName(QStringLiteral("checksDock"));
     m_dock->setWidget(pane);
     m_status->setObjectName(QStringLiteral("checksStatus"));
@@ -47,6 +52,10 @@ void Checks::createMenu()
 {
     QAction *show = m_menu->addAction(tr("&Show Checks"), this, &Checks::showPane);
     show->setObjectName(QStringLiteral("showChecks"));
+    m_review->setObjectName(QStringLiteral("reviewNames"));
+    m_review->setStatusTip(tr("See which names are missing or mean something else, and mend them"));
+    m_menu->addAction(m_review);
+    connect(m_review, &QAction::triggered, this, &Checks::reviewNames);
     m_menu->addSeparator();
     m_recording = m_menu->addAction(tr("Record &Meaning of Names on Save"));
     m_recording->setObjectName(QStringLiteral("recordNames"));
@@ -74,6 +83,7 @@ void Checks::update()
 {
     const CheckService::State *state = m_service->state(m_service->current());
     const bool isChecked = state && state->isChecked;
+    m_review->setEnabled(state);
     m_status->setVisible(isChecked);
     if (!isChecked) {
         m_dock->setWindowTitle(tr("Checks"));
@@ -95,6 +105,39 @@ void Checks::showPane()
     m_dock->show();
     m_dock->raise();
     m_dock->widget()->setFocus();
+}
+
+void Checks::reviewNames()
+{
+    const QString path = m_service->current();
+    const QPointer<Checks> self(this);
+    if (path.isEmpty() || !saveFirst(path) || !self)
+        return;
+    const Core::ProjectFile *project = Core::ProjectFile::current();
+    Utils::GuardedDialog dialog(new ReviewDialog(CheckService::jobFor(path), m_service->design(),
+                                                 project && project->recordsNames(), m_window));
+    // What the save has left to be recorded would be taken for newer than the decisions.
+    dialog->setBeforeApplying([this] { m_service->finishRecording(); });
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    if (dialog->isFileChanged())
+        emit reloadWanted(path);
+    else
+        m_service->recheck(path);
+}
+
+// The names are mended in the file, so it has to be what the view shows.
+bool Checks::saveFirst(const QString &path)
+{
+    Core::IFileOpener *opener = Core::IFileOpener::forFile(path);
+    if (!opener->isModified(path))
+        return true;
+    const auto answer =
+        Utils::showMessage(m_window, QMessageBox::Question, tr("Review Names"),
+                           tr("%1 has unsaved changes. Save them and review its names?")
+                               .arg(QDir::toNativeSeparators(path)),
+                           QMessageBox::Save | QMessageBox::Cancel, QMessageBox::Save);
+    return answer == QMessageBox::Save && opener->save(path);
 }
 
 void Checks::goTo(const Check::Finding &finding, int occurrence)

@@ -31,6 +31,8 @@ public:
     QToolButton *status() const { return m_status; }
 
 signals:
+    /// The open configuration was changed on purpose, and is to be shown as it is now.
+    void reloadWanted(const QString &path);
     void message(const QString &text);
     void failed(const QString &text);
 
@@ -39,6 +41,8 @@ private:
     void update();
     void updateRecording();
     void showPane();
+    void reviewNames();
+    bool saveFirst(const QString &path);
     void goTo(const Check::Finding &finding, int occurrence);
 
     QMainWindow *const m_window;
@@ -46,6 +50,7 @@ private:
     QDockWidget *const m_dock;
     QMenu *const m_menu;
     QToolButton *const m_status;
+    QAction *const m_review;
     QAction *m_recording = nullptr;
 };
 

@@ -1,5 +1,7 @@
 #include "workbench/checks/checkservice.h"
 
+#include "config/environmentcodes.h"
+
 #include "host/core/ifileopener.h"
 #include "host/core/projectfile.h"
 #include "host/nlsdata/readcontrol.h"
@@ -21,9 +23,8 @@ namespace Workbench {
 
 namespace {
 
-const QString STATUS_EVENT = QStringLiteral("TE.Process.Status.Change");
-const QString DEVICE_EVENT = QStringLiteral("TE.Device.Change");
-constexpr int RUN_FINISHED = 2;
+const QString STATUS_EVENT = QLatin1String(VLT::Environment::EVENT_PROCESS_STATUS);
+const QString DEVICE_EVENT = QLatin1String(VLT::Environment::EVENT_DEVICE_CHANGE);
 
 const QString SUFFIX = QStringLiteral("vlr");
 
@@ -45,11 +46,26 @@ CheckService::~CheckService()
         QUtil::EventManager::instance()->unsubscribe(this, type);
     if (m_worker && !m_running.recordNames)
         m_control->cancel();
+    finishRecording();
     m_worker.reset();
-    for (const CheckJob &job : qAsConst(m_waiting)) {
+}
+
+void CheckService::finishRecording()
+{
+    if (m_worker && m_running.recordNames)
+        m_worker->end();
+    for (CheckJob &job : m_waiting) {
         if (job.recordNames)
             runChecks(job, &m_design, nullptr);
+        job.recordNames = false;
     }
+}
+
+void CheckService::recheck(const QString &path)
+{
+    if (m_states.contains(path))
+        schedule(path, false);
+    emit changed();
 }
 
 const CheckService::State *CheckService::state(const QString &path) const
@@ -69,7 +85,8 @@ CheckJob CheckService::jobFor(const QString &path)
 void CheckService::handleIEvent(const QUtil::IEvent *event)
 {
     if (event->type() == STATUS_EVENT) {
-        if (event->value(QStringLiteral("status")).toInt() != RUN_FINISHED)
+        if (event->value(QLatin1String(VLT::Environment::VALUE_STATUS)).toInt() !=
+            VLT::Environment::STATUS_FINISHED)
             return;
         m_design.drop();
     }

@@ -54,6 +54,12 @@ public:
 
     SharedDesign *design() { return &m_design; }
 
+    /// Checks an open configuration once more.
+    void recheck(const QString &path);
+
+    /// Waits until what saves have left to be recorded is written.
+    void finishRecording();
+
     /// What a run for the configuration would take.
     static CheckJob jobFor(const QString &path);
 
