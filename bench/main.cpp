@@ -75,7 +75,7 @@ int main(int argc, char **argv)
                                     QStringLiteral("file"));
     const QCommandLineOption only(QStringLiteral("only"),
                                   QStringLiteral("Measure one group: netlist, finder, table, "
-                                                 "document, start or activity."),
+                                                 "document, check, start or activity."),
                                   QStringLiteral("group"));
     QCommandLineOption peak(QStringLiteral("peak"));
     peak.setFlags(QCommandLineOption::HiddenFromHelp);
@@ -95,9 +95,10 @@ int main(int argc, char **argv)
     benchmark::Initialize(&count, arguments);
 
     const QVector<QPair<QString, void (*)(Suite &)>> groups{
-        {QStringLiteral("netlist"), netlistWork}, {QStringLiteral("finder"), finderWork},
-        {QStringLiteral("table"), tableWork},     {QStringLiteral("document"), documentWork},
-        {QStringLiteral("start"), startWork},     {QStringLiteral("activity"), activityWork},
+        {QStringLiteral("netlist"), netlistWork},   {QStringLiteral("finder"), finderWork},
+        {QStringLiteral("table"), tableWork},       {QStringLiteral("document"), documentWork},
+        {QStringLiteral("check"), checkWork},       {QStringLiteral("start"), startWork},
+        {QStringLiteral("activity"), activityWork},
     };
     Suite suite(parser.isSet(quick));
     for (const auto &[name, work] : groups) {

@@ -9,6 +9,7 @@ void netlistWork(Suite &suite);
 void finderWork(Suite &suite);
 void tableWork(Suite &suite);
 void documentWork(Suite &suite);
+void checkWork(Suite &suite);
 void startWork(Suite &suite);
 void activityWork(Suite &suite);
 
