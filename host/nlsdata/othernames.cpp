@@ -39,6 +39,7 @@ OtherNames::~OtherNames()
 
 void OtherNames::take()
 {
+    m_isDone = true;
     if (!m_netlist)
         return;
     m_names = std::make_unique<NetNames>(*m_netlist);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "hostexport.h"
+
 #include <QList>
 #include <QObject>
 #include <QStringList>
@@ -19,7 +21,7 @@ class ReadControl;
 
 /// The other names that nets have through the hierarchy, for a netlist that was read without them:
 /// its file is read again in a thread. When the file is another one by now, there are none.
-class OtherNames : public QObject
+class HOST_EXPORT OtherNames : public QObject
 {
     Q_OBJECT
 
@@ -29,6 +31,9 @@ public:
     ~OtherNames() override;
 
     bool isThere() const { return m_names != nullptr; }
+
+    /// Whether there will be no others.
+    bool isDone() const { return m_isDone; }
 
     /// The names of the design for the net, without its path, sorted; none as long as they are not
     /// there.
@@ -42,6 +47,7 @@ private:
 
     std::unique_ptr<Netlist> m_netlist; // of the thread until it is done
     std::unique_ptr<NetNames> m_names;
+    bool m_isDone = false;
     const std::unique_ptr<ReadControl> m_control;
     std::unique_ptr<TE::Worker> m_worker;
 };

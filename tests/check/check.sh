@@ -85,4 +85,5 @@ grep -q '\[not-a-number\]$' out
 got=0
 "$program" ./check 2>err || got=$?
 [ "$got" -eq 1 ] && grep -q display err
-"$program" --help | grep -q '^  check '
+"$program" --help >out
+grep -q '^  check ' out

@@ -75,4 +75,5 @@ grep -q '^sample.vlr.names: error: ' out
 grep -qx '<<<<<<<' sample.vlr.names
 mkdir alone && cp before.vlr alone
 status 3 names alone/before.vlr
-"$program" --help | grep -q '^  names '
+"$program" --help >out
+grep -q '^  names ' out

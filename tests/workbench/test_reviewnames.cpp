@@ -1,6 +1,7 @@
 #include "windowtest.h"
 
 #include "support/modaldriver.h"
+#include "support/netlistjson.h"
 
 #include "core/iview.h"
 #include "host/core/ifileopener.h"
@@ -84,6 +85,7 @@ class TestReviewNames : public WindowTest
 private slots:
     void mendsNames();
     void refusesConflicts();
+    void groupsAreOneRow();
     void saysWhyItCannot();
 
 private:
@@ -184,6 +186,39 @@ void TestReviewNames::refusesConflicts()
                 .contains("\"name\":\"q_reg0\",\"names\":[\"q[1]\"]"));
     auto *findings = window().findChild<QTreeView *>(QStringLiteral("findings"));
     QTRY_COMPARE(findings->model()->rowCount(), 1);
+}
+
+void TestReviewNames::groupsAreOneRow()
+{
+    NetlistJson json;
+    auto &unit =
+        json.module("unit").port("c", "input", {2}).port("d", "input", {3}).net("q", {4, 5});
+    for (const auto &[name, bit] : {std::pair("a", 4), std::pair("b", 5)})
+        unit.cell(name, "$_DFF_P_",
+                  {{"C", "input", {2}}, {"D", "input", {3}}, {"Q", "output", {bit}}});
+    json.module("top")
+        .top()
+        .port("c", "input", {2})
+        .port("d", "input", {3})
+        .cell("new", "unit", {{"c", "input", {2}}, {"d", "input", {3}}});
+    m_host->useNetlist(json.toUtf8());
+    openView(QStringLiteral("a.vlr"), flipFlops({"old/a", "old/b"}));
+    ModalDriver driver([](QWidget *dialog) {
+        const Review review(dialog);
+        QTRY_COMPARE(review.tree->topLevelItemCount(), 1);
+        QTreeWidgetItem *group = review.tree->topLevelItem(0);
+        QCOMPARE(group->childCount(), 2);
+        QCOMPARE(group->child(1)->text(1), QStringLiteral("new/b"));
+        QCOMPARE(group->text(2), QStringLiteral("likely"));
+        QVERIFY(group->checkState(0) == Qt::Unchecked && !review.apply->isEnabled());
+        review.tree->setCurrentItem(group);
+        QTest::keyClick(review.tree, Qt::Key_Space);
+        QTRY_VERIFY(review.apply->isEnabled());
+        QTest::mouseClick(review.apply, Qt::LeftButton);
+    });
+    action("reviewNames")->trigger();
+    const QByteArray file = m_host->read(QStringLiteral("a.vlr"));
+    QVERIFY2(file.contains("\"new/a\"") && file.contains("\"new/b\""), file);
 }
 
 void TestReviewNames::saysWhyItCannot()

@@ -177,11 +177,13 @@ ReviewDialog::Preview ReviewDialog::previewOf(const Check::NamePlan &plan) const
     if (plan.edits.size() > lines.size())
         lines += tr("... and %1 more").arg(plan.edits.size() - lines.size());
     preview.text = lines.join(QLatin1Char('\n'));
-    preview.summary = tr("%1 replaced, %2 removed, %3 kept as now.")
+    if (plan.edits.isEmpty()) {
+        preview.summary = tr("Nothing is ticked.");
+        return preview;
+    }
+    preview.summary = tr("To be applied: %1 replaced, %2 removed, %3 kept as now.")
                           .arg(counted(renamed, tr("name")), counted(removed, tr("record")),
                                counted(kept, tr("name")));
-    if (plan.edits.isEmpty())
-        return preview;
     QByteArray result;
     if (checkPlan(plan, m_input, *m_designInput.names, m_designInput.netlistSha256,
                   &preview.error) &&

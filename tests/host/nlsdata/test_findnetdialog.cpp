@@ -1,5 +1,6 @@
 #include "nlsdata/findnetdialog.h"
 
+#include "host/nlsdata/othernames.h"
 #include "support/modaldriver.h"
 #include "support/netlistjson.h"
 
@@ -141,22 +142,25 @@ void TestFindNetDialog::returnsChosenInListOrder()
 
 void TestFindNetDialog::findsOtherNames()
 {
-    NetlistJson json;
-    json.module("unit").port("<i>", "input", {2}).net("inner", {2});
-    json.module("top")
-        .top()
-        .net("clk", {2})
-        .net("data", {3})
-        .cell("u", "unit", {{"<i>", "input", {3}}});
     const QString path = m_folder.filePath(QStringLiteral("names.json"));
-    QVERIFY(json.write(path));
+    const auto write = [&path](int bit) {
+        NetlistJson json;
+        json.module("unit").port("<i>", "input", {2}).net("inner", {2});
+        json.module("top")
+            .top()
+            .net("clk", {2})
+            .net("data", {3})
+            .cell("u", "unit", {{"<i>", "input", {bit}}});
+        return json.write(path);
+    };
+    QVERIFY(write(3));
     for (const bool isReplaced : {false, true}) {
         const std::unique_ptr<NlsData::Netlist> netlist(
             NlsData::readNetlistFile(path, nullptr, false));
         QVERIFY(netlist);
         const QList<Net *> nets = netlist->netMap().values();
         if (isReplaced) // what the file says now is of another netlist
-            QVERIFY(json.write(path) && QFile(path).resize(QFileInfo(path).size() - 1));
+            QVERIFY(QFile::remove(path) && write(2));
         ModalDriver driver([&](QWidget *dialog) {
             const Picker picker(dialog);
             QTest::keyClicks(picker.filter, QStringLiteral("u/inner"));
@@ -168,6 +172,8 @@ void TestFindNetDialog::findsOtherNames()
                 QVERIFY2(toolTip().contains(QLatin1String("u/&lt;i&gt;\nu/inner")),
                          qPrintable(toolTip()));
             } else {
+                const auto *names = dialog->findChild<NlsData::OtherNames *>();
+                QTRY_VERIFY(names->isDone());
                 QTRY_VERIFY(!picker.count->text().contains(QLatin1String("Filtering")));
                 QCOMPARE(picker.shown(), QString());
             }
