@@ -70,6 +70,8 @@ private:
     void endRun(bool keepResults);
     void leave();
     void onProjectChanged();
+    void onProjectEdited();
+    void followProject();
     void onProcessEnded(bool ok, const QString &cause);
     void onResultReplaced();
     void onResultUnreadable(const QString &reason);
@@ -78,6 +80,7 @@ private:
     std::unique_ptr<FlowProcess> m_process; // of the present or last run
     std::unique_ptr<ResultKeeper> m_kept;   // while a run is under way
     std::unique_ptr<ResultWatcher> m_watcher;
+    QString m_netlist; // that is watched
     Status m_status = Idle;
     bool m_stopping = false;
     bool m_watching = true;

@@ -63,7 +63,7 @@ FlowControl::FlowControl()
     connect(Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this,
             &FlowControl::onProjectChanged);
     connect(m_watcher.get(), &ResultWatcher::unreadable, this, &FlowControl::onResultUnreadable);
-    m_watcher->setFile(netlistFile());
+    followProject();
     // Threads and processes end before the program does.
     qAddPostRoutine([] {
         get()->leave();
@@ -191,13 +191,34 @@ void FlowControl::leave()
     m_watcher->setFile(QString());
 }
 
+void FlowControl::followProject()
+{
+    m_netlist = netlistFile();
+    m_watcher->setFile(m_netlist);
+    if (const auto *project = Core::ProjectFile::current())
+        connect(project, &Core::ProjectFile::changed, this, &FlowControl::onProjectEdited);
+}
+
 void FlowControl::onProjectChanged()
 {
     // A run of the former project ends with it.
     leave();
-    m_watcher->setFile(netlistFile());
+    followProject();
     if (m_status != Idle)
         setStatus(Idle, QString());
+}
+
+// Another netlist is as new to open views as one that a run has written.
+void FlowControl::onProjectEdited()
+{
+    if (netlistFile() == m_netlist)
+        return;
+    m_netlist = netlistFile();
+    m_watcher->setFile(m_netlist);
+    if (!isRunning() && QFileInfo::exists(m_netlist)) {
+        setStatus(Finished,
+                  tr("The project's netlist is now %1.").arg(QDir::toNativeSeparators(m_netlist)));
+    }
 }
 
 void FlowControl::onResultReplaced()

@@ -1,11 +1,13 @@
 #include "host/te/flowcontrol.h"
 
+#include "host/core/projectfile.h"
 #include "host/core/projectsession.h"
 #include "host/utils/filewatcher.h"
 #include "qutil/eventmanager.h"
 #include "qutil/ievent.h"
 #include "qutil/ieventhandler.h"
 #include "support/testhost.h"
+#include "te/constants.h"
 
 #include <QDir>
 #include <QFile>
@@ -75,6 +77,7 @@ private slots:
     void noticesAResultReplacedFromOutside_data();
     void noticesAResultReplacedFromOutside();
     void waitsForAWholeNetlist();
+    void takesUpAnotherNetlistOfTheProject();
     void startsAgainFromItsOwnEvent();
 
 private:
@@ -275,6 +278,21 @@ void TestFlowManager::noticesAResultReplacedFromOutside()
         QTRY_COMPARE(states.seen.size(), round);
     }
     QCOMPARE(states.text(), QStringLiteral("2 2"));
+}
+
+void TestFlowManager::takesUpAnotherNetlistOfTheProject()
+{
+    TestHost host;
+    m_flow->setWatching(true);
+    States states;
+    auto *project = Core::ProjectFile::current();
+    const QString other = host.write(QStringLiteral("other.json"), TestHost::defaultNetlist());
+    project->setName(QStringLiteral("renamed"));
+    QCOMPARE(states.text(), QString());
+    project->setResultFile(QLatin1String(TE::RES_NETLIST), other);
+    QCOMPARE(states.text(), QStringLiteral("2"));
+    host.write(QStringLiteral("other.json"), TestHost::defaultNetlist() + ' ');
+    QTRY_COMPARE(states.text(), QStringLiteral("2 2"));
 }
 
 /// A tool empties its file first and may take minutes to fill it.
