@@ -36,6 +36,7 @@ public:
             ordered.emplace_back(-weight, family);
         std::sort(ordered.begin(), ordered.end());
         std::vector<Family> families;
+        families.reserve(ordered.size());
         for (const auto &[weight, family] : ordered)
             families.push_back(family);
         return families;
