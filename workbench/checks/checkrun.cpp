@@ -46,7 +46,9 @@ CheckResult runChecks(const CheckJob &job, SharedDesign *design, NlsData::ReadCo
         Check::recordNames(file, *input.names, input.netlistSha256, {}, &result.problem))
         file.names.read(job.path, &file.namesError);
     result.occurrences = occurrencesOf(file.configuration);
-    result.findings = checkConfiguration(file, input);
+    Check::ActivityOptions activity;
+    activity.level = Check::ActivityLevel::Header;
+    result.findings = checkConfiguration(file, input, {}, activity);
     if (!input.netlistError.isEmpty())
         result.findings.append({Check::findRule(QStringLiteral("not-readable")),
                                 job.netlistPath,
