@@ -48,7 +48,7 @@ public:
                     paint(m_list->viewport());
                 });
         }
-        qFatal("the finder has no button to search with");
+        qFatal("the finder has no search button");
     }
 
     int count() const { return m_list->count(); }

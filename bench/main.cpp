@@ -68,8 +68,9 @@ int main(int argc, char **argv)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Measures the product against its floors."));
     parser.addHelpOption();
-    const QCommandLineOption quick(QStringLiteral("quick"),
-                                   QStringLiteral("Little data, one repetition; no verdict."));
+    const QCommandLineOption quick(
+        QStringLiteral("quick"),
+        QStringLiteral("Use little data and one repetition, and enforce no goals."));
     const QCommandLineOption output(QStringLiteral("json"),
                                     QStringLiteral("Write the rows to <file>."),
                                     QStringLiteral("file"));

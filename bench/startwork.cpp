@@ -26,7 +26,7 @@ double start(const QString &program, const QStringList &arguments, const QString
     return seconds([&] {
         process.start(QDir(QCoreApplication::applicationDirPath()).filePath(program), arguments);
         if (!process.waitForFinished(60000) || process.exitCode() != 0)
-            qFatal("%s did not come to its first paint", qPrintable(program));
+            qFatal("%s was never painted", qPrintable(program));
     });
 }
 

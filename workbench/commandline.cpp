@@ -14,7 +14,7 @@ struct Declared
     Declared()
     {
         parser.setApplicationDescription(QStringLiteral(
-            "Opens synthesised designs and edits their power analysis configurations."));
+            "Opens synthesized designs and edits their power analysis configurations."));
         parser.addPositionalArgument(
             QStringLiteral("FILE"),
             QStringLiteral("Configurations (.vlr) or a netlist (.json) to open."),
@@ -32,12 +32,13 @@ struct Declared
     QCommandLineOption tour{
         QStringLiteral("tour"),
         QStringLiteral("Drive the program through its main job on a copy of the sample project, "
-                       "leave a picture of each step and the configuration in DIR, and fail at "
-                       "the first thing that is not as it should be."),
+                       "leave a picture of each step and the configuration in DIR, and fail at the "
+                       "first unexpected result."),
         QStringLiteral("DIR")};
     QCommandLineOption netlistInfo{
         QStringLiteral("netlist-info"),
-        QStringLiteral("Print what the netlist FILE.json holds, as JSON. Needs no display."),
+        QStringLiteral(
+            "Print the object counts of the netlist FILE.json as JSON. Needs no display."),
         QStringLiteral("FILE.json")};
     QCommandLineOption help{{QStringLiteral("h"), QStringLiteral("help")},
                             QStringLiteral("Print this help.")};
@@ -93,7 +94,7 @@ CommandLine CommandLine::parse(const QStringList &arguments)
         int(opens) + int(parser.isSet(declared.tour)) + int(parser.isSet(declared.netlistInfo));
     if (tasks > 1) {
         return badUsage(QStringLiteral(
-            "--tour and --netlist-info go neither together nor with files to open."));
+            "--tour and --netlist-info cannot be combined with each other or with files."));
     }
     if (parser.isSet(declared.tour))
         result.task = RunTour;

@@ -121,8 +121,8 @@ void DeviceDialog::onSelectionChanged()
     m_buttons->button(QDialogButtonBox::Ok)->setEnabled(device);
     m_note->setText(!device || hasSupplyData(*device)
                         ? QString()
-                        : tr("No supply data is known for this device: open configurations will "
-                             "be closed, and their unsaved changes dropped."));
+                        : tr("No supply data is known for this device: open configurations will be "
+                             "closed and their unsaved changes discarded."));
 }
 
 } // namespace Workbench

@@ -120,8 +120,8 @@ void Documents::openDocument(const QString &path)
         follow(view);
         emit opened(absolute);
     } else if (!Core::ProjectFile::current()) {
-        emit failed(tr("%1 has not been opened: its device and netlist are those of a project, and "
-                       "no project is open.")
+        emit failed(tr("%1 has not been opened: a configuration takes its device and netlist from "
+                       "a project, and no project is open.")
                         .arg(QDir::toNativeSeparators(path)));
     } else if (currentDevice().id.isEmpty()) {
         emit failed(tr("%1 has not been opened: the project has no device that the catalogue "
@@ -224,7 +224,7 @@ void Documents::onRestored(const QString &path)
     dropQuestion(path);
     if (Core::IFileOpener *opener = Core::IFileOpener::forFile(path))
         opener->setFileMissing(path, false);
-    emit message(tr("%1 is again as it was.").arg(QDir::toNativeSeparators(path)));
+    emit message(tr("%1 exists again, unchanged.").arg(QDir::toNativeSeparators(path)));
 }
 
 // There is nothing left to ask about the file.

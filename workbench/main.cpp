@@ -99,7 +99,7 @@ int main(int argc, char *argv[])
                                                         : runOnConsole(commandLine);
     }
     if (!hasDisplay()) {
-        std::fputs("workbench: There is no display to show a window on.\n", stderr);
+        std::fputs("workbench: no display is available.\n", stderr);
         return 1;
     }
     QApplication application(argc, argv);

@@ -204,7 +204,7 @@ void MainWindow::about()
 {
     Utils::GuardedDialog box(new QMessageBox(
         QMessageBox::NoIcon, tr("About Workbench"),
-        tr("<h3>Workbench %1</h3><p>Opens synthesised designs and edits their power "
+        tr("<h3>Workbench %1</h3><p>Opens synthesized designs and edits their power "
            "analysis configurations.</p><p>Plug-ins: %2</p>")
             .arg(QCoreApplication::applicationVersion(), ExtSys::PluginManager::instance()
                                                              ->pluginNames()

@@ -93,7 +93,7 @@ void MainWindow::createFileMenu()
     m_newMenu->setObjectName(QStringLiteral("newMenu"));
     m_newMenu->addAction(m_projects->newAction());
 
-    m_open = menu->addAction(tr("&Open..."), this, &MainWindow::chooseFile);
+    m_open = menu->addAction(tr("&Open\u2026"), this, &MainWindow::chooseFile);
     m_open->setObjectName(QStringLiteral("open"));
     m_open->setShortcut(QKeySequence::Open);
     m_open->setStatusTip(tr("Open a project, a configuration or a netlist"));
@@ -108,7 +108,7 @@ void MainWindow::createFileMenu()
     m_close = menu->addAction(tr("&Close"), this, &MainWindow::closeActiveView);
     m_close->setObjectName(QStringLiteral("closeView"));
     m_close->setShortcuts({Qt::CTRL + Qt::Key_W, Qt::CTRL + Qt::Key_F4});
-    m_close->setStatusTip(tr("Close the view in front"));
+    m_close->setStatusTip(tr("Close the current view"));
     menu->addSeparator();
     menu->addAction(m_projects->settingsAction());
     menu->addAction(m_projects->closeAction());
@@ -133,7 +133,7 @@ void MainWindow::createOtherMenus()
                              {m_synthesis->stopAction(), QStyle::SP_MediaStop}});
 
     QMenu *device = menuBar()->addMenu(tr("&Device"));
-    m_chooseDevice = device->addAction(tr("&Choose device..."), this, &MainWindow::chooseDevice);
+    m_chooseDevice = device->addAction(tr("&Choose device\u2026"), this, &MainWindow::chooseDevice);
     m_chooseDevice->setObjectName(QStringLiteral("chooseDevice"));
     setIconsWhenShown(device, {{m_chooseDevice, QStyle::SP_ComputerIcon}});
     m_chooseDevice->setStatusTip(tr("Choose the project's device from the catalogue"));

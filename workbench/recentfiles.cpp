@@ -54,9 +54,9 @@ void RecentFiles::fill(QMenu *menu)
             connect(action, &QAction::triggered, this, [this, path] { emit chosen(path); });
         }
         if (m_paths.isEmpty())
-            menu->addAction(tr("No files yet"))->setEnabled(false);
+            menu->addAction(tr("No recent files"))->setEnabled(false);
         menu->addSeparator();
-        QAction *forget = menu->addAction(tr("&Clear the list"), this, &RecentFiles::clear);
+        QAction *forget = menu->addAction(tr("&Clear list"), this, &RecentFiles::clear);
         forget->setEnabled(!m_paths.isEmpty());
     });
 }

@@ -19,7 +19,7 @@ Synthesis::Synthesis(QObject *parent)
     m_run->setShortcut(Qt::CTRL + Qt::Key_R);
     m_run->setStatusTip(tr("Run the project's synthesis command"));
     m_stop->setObjectName(QStringLiteral("stopSynthesis"));
-    m_stop->setStatusTip(tr("Stop the synthesis that is running"));
+    m_stop->setStatusTip(tr("Stop the running synthesis"));
     m_progress->setRange(0, 0);
     m_progress->setTextVisible(false);
     m_progress->setMaximumWidth(120);

@@ -44,7 +44,7 @@ bool TextView::load(QString *error)
     }
     QString text = QString::fromUtf8(file.read(MaximumBytes));
     if (!file.atEnd())
-        text += tr("\n\n[The file goes on: only its beginning is shown.]\n");
+        text += tr("\n\n[Truncated: only the first 4 MiB are shown.]\n");
     m_text->setPlainText(text);
     return true;
 }

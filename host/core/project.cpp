@@ -108,7 +108,7 @@ std::unique_ptr<Project> ProjectFile::load(const QString &path, QString *error)
     const QByteArray text = file.readAll();
     const QJsonDocument document = QJsonDocument::fromJson(text, &parseError);
     if (parseError.error != QJsonParseError::NoError)
-        return fail(tr("it is not JSON (at byte %1: %2).")
+        return fail(tr("not JSON (at byte %1: %2).")
                         .arg(QString::number(parseError.offset), parseError.errorString()));
     if (!document.isObject())
         return fail(tr("the top level must be an object."));

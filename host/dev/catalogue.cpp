@@ -51,7 +51,7 @@ bool readSupply(const QJsonObject &voltage, const QString &name, Supply *supply,
     if (isRange(*supply))
         return true;
     *error = tr("the supply \"%1\" needs \"min\", \"max\" and \"default\" in volts, from 0 to 50, "
-                "the default between the others")
+                "with the default between the other two")
                  .arg(name);
     return false;
 }
@@ -71,7 +71,7 @@ bool readTies(const QJsonValue &value, SupplyData *supplies, QString *error)
         {QLatin1String("vcc-vccldo"), &supplies->vccVccldo, &supplies->vcc, &supplies->vccldo},
     };
     if (!value.isUndefined() && !value.isArray()) {
-        *error = tr("\"ties\" has to be a list");
+        *error = tr("\"ties\" must be a list");
         return false;
     }
     const QJsonArray ties = value.toArray();
@@ -101,7 +101,7 @@ bool readTies(const QJsonValue &value, SupplyData *supplies, QString *error)
 bool readSupplies(const QJsonValue &value, SupplyData *supplies, QString *error)
 {
     if (!value.isUndefined() && !value.isObject()) {
-        *error = tr("\"voltage\" has to be an object");
+        *error = tr("\"voltage\" must be an object");
         return false;
     }
     const QJsonObject voltage = value.toObject();
@@ -166,7 +166,7 @@ bool parseCatalogue(const QByteArray &text, std::vector<Device> *devices, QStrin
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(text, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
-        *error = tr("it is not JSON (at byte %1: %2).")
+        *error = tr("not JSON (at byte %1: %2).")
                      .arg(QString::number(parseError.offset), parseError.errorString());
         return false;
     }
@@ -182,12 +182,12 @@ bool parseCatalogue(const QByteArray &text, std::vector<Device> *devices, QStrin
     };
     const QJsonObject root = document.object();
     if (!root.contains(lists[0].member) && !root.contains(lists[1].member)) {
-        *error = tr("it has neither a list \"devices\" nor a list \"families\".");
+        *error = tr("a list \"devices\" or \"families\" is required.");
         return false;
     }
     for (const List &list : lists) {
         if (root.contains(list.member) && !root[list.member].isArray()) {
-            *error = tr("\"%1\" has to be a list.").arg(list.member);
+            *error = tr("\"%1\" must be a list.").arg(list.member);
             return false;
         }
         const QJsonArray entries = root[list.member].toArray();

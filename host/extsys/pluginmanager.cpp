@@ -49,7 +49,7 @@ void PluginManager::load(const QString &path)
     }
     auto *plugin = qobject_cast<IPlugin *>(root);
     if (!plugin) {
-        fail(fileName, tr("The library is a Qt plug-in, but it does not offer the interface %1.")
+        fail(fileName, tr("The library is a Qt plug-in but does not implement the interface %1.")
                            .arg(QString::fromLatin1(qobject_interface_iid<IPlugin *>())));
         return;
     }

@@ -38,7 +38,7 @@ quint32 CellIndex::port(std::string_view name)
     const auto [it, added] = m_ports.try_emplace(name, quint32(m_ports.size()));
     if (added) {
         if (it->second >= 1u << 30)
-            throw ReadError{QStringLiteral("it has too many port names")};
+            throw ReadError{QStringLiteral("too many port names")};
         m_netlist.portNames.push_back(name);
     }
     return it->second;

@@ -63,7 +63,7 @@ QString readCodes(const QJsonObject &json, CellCodes *codes)
             continue;
         const std::optional<quint64> number = wholeNumber(json.value(key));
         if (!number || *number > 1000000)
-            return QStringLiteral("'%1' is no code").arg(key);
+            return QStringLiteral("'%1' is not a code").arg(key);
         *code = int(*number);
     }
     return {};
@@ -184,7 +184,7 @@ void CellLibrary::load(const QString &path, QStringList *problems)
         return complain(QStringLiteral("not JSON (at byte %1: %2)")
                             .arg(QString::number(error.offset), error.errorString()));
     if (!document.object().value(QLatin1String("cells")).isObject())
-        return complain(QStringLiteral("it has no object 'cells'"));
+        return complain(QStringLiteral("'cells' must be an object"));
 
     const QJsonObject cells = document.object().value(QLatin1String("cells")).toObject();
     for (auto it = cells.begin(); it != cells.end(); ++it) {
@@ -233,7 +233,7 @@ QString CellLibrary::parseVariant(const QJsonObject &json, CellType *type)
         return problem;
     const QJsonObject when = json.value(QLatin1String("when")).toObject();
     if (when.isEmpty())
-        return QStringLiteral("a variant without 'when'");
+        return QStringLiteral("a variant has no 'when'");
     for (auto it = when.begin(); it != when.end(); ++it) {
         CellType::Condition condition;
         condition.parameter = it.key().toStdString();
@@ -247,7 +247,8 @@ QString CellLibrary::parseVariant(const QJsonObject &json, CellType *type)
                 value.kind = CellType::Value::Number;
                 value.number = *number;
             } else if (!each.isNull()) {
-                return QStringLiteral("a value of '%1' is no text, number or null").arg(it.key());
+                return QStringLiteral("a value of '%1' is not a text, number or null")
+                    .arg(it.key());
             }
             condition.values.push_back(value);
         }

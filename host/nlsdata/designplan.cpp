@@ -91,7 +91,8 @@ void DesignPlan::indexModules()
     for (quint32 i = 0; i < m_raw.modules.size(); ++i) {
         m_modules[i].raw = &m_raw.modules[i];
         if (!m_byName.emplace(m_raw.modules[i].name, i).second)
-            refuse(QStringLiteral("module '%1' is there twice").arg(quoted(m_raw.modules[i].name)));
+            refuse(
+                QStringLiteral("module '%1' is defined twice").arg(quoted(m_raw.modules[i].name)));
     }
     for (const CellKind &kind : m_raw.kinds) {
         const auto it = m_byName.find(kind.type);
@@ -126,15 +127,15 @@ quint32 DesignPlan::findTop() const
     if (candidates.size() == 1)
         return candidates.front();
     if (candidates.empty())
-        refuse(any ? QStringLiteral("it has no top module, its modules contain each other")
-                   : QStringLiteral("it has no module with contents"));
+        refuse(any ? QStringLiteral("no top module: the modules contain each other")
+                   : QStringLiteral("no module has any contents"));
     QStringList names;
     for (size_t i = 0; i < std::min<size_t>(candidates.size(), 3); ++i)
         names += QLatin1Char('\'') + quoted(m_raw.modules[candidates[i]].name) + QLatin1Char('\'');
     const QString list = names.join(QLatin1String(", ")) +
-                         (candidates.size() > 3 ? QStringLiteral(", ...") : QString());
+                         (candidates.size() > 3 ? QStringLiteral(", \u2026") : QString());
     refuse(marked.empty()
-               ? QStringLiteral("no module is marked as top, and several could be it: ") + list
+               ? QStringLiteral("no module is marked as top, and several are candidates: ") + list
                : QStringLiteral("more than one module is marked as top: ") + list);
 }
 
@@ -145,7 +146,7 @@ void DesignPlan::plan(quint32 index, int level)
     if (plan.underWay)
         refuse(QStringLiteral("module '%1' contains itself").arg(name));
     if (level > m_limits.depth)
-        refuse(QStringLiteral("it has more than %1 levels of hierarchy").arg(m_limits.depth));
+        refuse(QStringLiteral("more than %1 levels of hierarchy").arg(m_limits.depth));
     if (plan.planned)
         return;
 
@@ -168,7 +169,7 @@ void DesignPlan::plan(quint32 index, int level)
         checkCell(plan, i);
     }
     if (plan.depth > m_limits.depth)
-        refuse(QStringLiteral("it has more than %1 levels of hierarchy").arg(m_limits.depth));
+        refuse(QStringLiteral("more than %1 levels of hierarchy").arg(m_limits.depth));
     plan.underWay = false;
     plan.planned = true;
 }

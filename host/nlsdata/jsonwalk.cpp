@@ -24,22 +24,21 @@ void JsonWalk::fail(simdjson::error_code error, const char *what) const
     switch (error) {
     case simdjson::INCORRECT_TYPE:
     case simdjson::NUMBER_OUT_OF_RANGE:
-        refuse(QStringLiteral("it is no netlist, '%1'%2 is not what it should be")
+        refuse(QStringLiteral("not a netlist: unexpected value for '%1'%2")
                    .arg(QLatin1String(what), place()));
     case simdjson::EMPTY:
-        refuse(QStringLiteral("it is empty"));
+        refuse(QStringLiteral("the file is empty"));
     case simdjson::UTF8_ERROR:
-        refuse(QStringLiteral("it is not valid UTF-8"));
+        refuse(QStringLiteral("not valid UTF-8"));
     case simdjson::MEMALLOC:
-        refuse(QStringLiteral("there is not enough memory"));
+        refuse(QStringLiteral("not enough memory"));
     case simdjson::CAPACITY:
-        refuse(QStringLiteral("it is larger than 4 GiB"));
+        refuse(QStringLiteral("the file is larger than 4 GiB"));
     case simdjson::UNCLOSED_STRING:
     case simdjson::INCOMPLETE_ARRAY_OR_OBJECT:
-        refuse(
-            QStringLiteral("it is not complete JSON, it may have been cut short%1").arg(place()));
+        refuse(QStringLiteral("incomplete JSON%1; the file may be truncated").arg(place()));
     default:
-        refuse(QStringLiteral("it is not valid JSON%1").arg(place()));
+        refuse(QStringLiteral("not valid JSON%1").arg(place()));
     }
 }
 

@@ -40,17 +40,17 @@ NetlistFile loadNetlistFile(const QString &path, const ReadOptions &options)
 {
     const QFileInfo info(path);
     if (path.isEmpty() || !info.exists())
-        throw ReadError{QStringLiteral("it does not exist")};
+        throw ReadError{QStringLiteral("the file does not exist")};
     if (info.isDir())
         throw ReadError{QStringLiteral("it is a folder")};
     if (!info.isFile())
-        throw ReadError{QStringLiteral("it is no regular file")};
+        throw ReadError{QStringLiteral("not a regular file")};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw ReadError{file.errorString()};
     const qint64 size = file.size();
     if (size > maximumSize)
-        throw ReadError{QStringLiteral("it is larger than 4 GiB")};
+        throw ReadError{QStringLiteral("the file is larger than 4 GiB")};
 
     NetlistFile result;
     result.text = std::make_unique<PaddedText>(size_t(size));
@@ -62,7 +62,7 @@ NetlistFile loadNetlistFile(const QString &path, const ReadOptions &options)
         if (count < 0)
             throw ReadError{file.errorString()};
         if (count == 0)
-            throw ReadError{QStringLiteral("it became shorter while it was read")};
+            throw ReadError{QStringLiteral("the file became shorter while it was read")};
         done += count;
         if (result.hasher)
             result.hasher->add(size_t(done));

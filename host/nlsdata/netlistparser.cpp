@@ -111,7 +111,7 @@ RawNetlist NetlistParser::Private::parse(std::string_view text)
     ondemand::object root;
     const simdjson::error_code error = document.get_object().get(root);
     if (error == simdjson::INCORRECT_TYPE)
-        refuse(QStringLiteral("it is no netlist in JSON form"));
+        refuse(QStringLiteral("not a JSON netlist"));
     check(error, "netlist");
     for (auto result : root) {
         ondemand::field field = take(result, "netlist");
@@ -121,9 +121,9 @@ RawNetlist NetlistParser::Private::parse(std::string_view text)
             skip(field.value());
     }
     if (document.current_location().error() != simdjson::OUT_OF_BOUNDS)
-        refuse(QStringLiteral("it is not valid JSON, text follows its end"));
+        refuse(QStringLiteral("not valid JSON: text after its end"));
     if (!m_modulesFound)
-        refuse(QStringLiteral("it is no netlist, it has no 'modules'"));
+        refuse(QStringLiteral("not a netlist: 'modules' is missing"));
     return std::move(m_netlist);
 }
 
@@ -317,7 +317,7 @@ void NetlistParser::Private::readCell(std::string_view name, ondemand::value val
             skip(field.value());
     }
     if (!type)
-        refuse(QStringLiteral("it is no netlist, a cell has no type%1").arg(place()));
+        refuse(QStringLiteral("not a netlist: a cell has no type%1").arg(place()));
     for (size_t i = firstPin; i < m_module->pins.size(); ++i) {
         RawPin &pin = m_module->pins[i];
         const CellDirection &given = m_directions[pin.portName];

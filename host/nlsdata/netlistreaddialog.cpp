@@ -36,7 +36,8 @@ NetlistReadDialog::NetlistReadDialog(const QString &path, ReadControl *control, 
     m_label->setTextFormat(Qt::PlainText);
     m_label->setMinimumWidth(360);
     const QString name = QFileInfo(path).fileName();
-    m_label->setText(tr("Reading %1...").arg(fontMetrics().elidedText(name, Qt::ElideMiddle, 280)));
+    m_label->setText(
+        tr("Reading %1\u2026").arg(fontMetrics().elidedText(name, Qt::ElideMiddle, 280)));
     m_progress->setRange(0, 1000);
     auto *layout = new QVBoxLayout(this);
     layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -53,7 +54,7 @@ NetlistReadDialog::NetlistReadDialog(const QString &path, ReadControl *control, 
 void NetlistReadDialog::reject()
 {
     m_control->cancel();
-    m_label->setText(tr("Cancelling..."));
+    m_label->setText(tr("Canceling\u2026"));
     m_buttons->button(QDialogButtonBox::Cancel)->setEnabled(false);
 }
 
@@ -109,7 +110,7 @@ std::unique_ptr<Netlist> readNetlistWithDialog(QWidget *parent, const QString &p
     const auto read = [&] { netlist = readNetlist(path, &problem, options); };
     if (!readWithDialog(parent, path, options.control, read, showAfter) && netlist) {
         netlist.reset();
-        problem = QObject::tr("Reading the netlist file was cancelled.");
+        problem = QObject::tr("Reading the netlist file was canceled.");
     }
     if (error && !netlist)
         *error = problem;

@@ -32,7 +32,7 @@ std::unique_ptr<Netlist> guarded(const QString &name, QString *error, const Read
     } catch (const ReadError &refusal) {
         cause = refusal.cause;
     } catch (const std::bad_alloc &) {
-        cause = QStringLiteral("there is not enough memory");
+        cause = QStringLiteral("not enough memory");
     }
     if (error)
         *error = netlistErrorText(name, cause);

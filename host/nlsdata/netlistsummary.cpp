@@ -57,7 +57,7 @@ bool readNetlistSummary(const QString &path, NetlistSummary *summary, QString *e
     } catch (const ReadError &refusal) {
         *error = netlistErrorText(path, refusal.cause);
     } catch (const std::bad_alloc &) {
-        *error = netlistErrorText(path, QStringLiteral("there is not enough memory"));
+        *error = netlistErrorText(path, QStringLiteral("not enough memory"));
     }
     return false;
 }

@@ -40,7 +40,7 @@ void NetPickerDialog::showState()
     const int chosen = selectedCount();
     m_ui->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(chosen > 0);
     if (m_model->isFiltering()) {
-        m_ui->labelCount->setText(tr("Filtering..."));
+        m_ui->labelCount->setText(tr("Filtering\u2026"));
         return;
     }
     const QLocale locale;

@@ -39,7 +39,7 @@ inline void ReadControl::report(int permille)
 {
     m_permille = permille;
     if (m_cancelled)
-        throw ReadError{QStringLiteral("reading was cancelled")};
+        throw ReadError{QStringLiteral("reading was canceled")};
 }
 
 } // namespace NlsData

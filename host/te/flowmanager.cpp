@@ -87,9 +87,9 @@ bool FlowControl::start(QString *error)
     const auto *project = Core::ProjectFile::current();
     QString cause;
     if (!project)
-        cause = tr("There is no open project to synthesise.");
+        cause = tr("There is no open project to synthesize.");
     else if (isRunning())
-        cause = tr("Synthesis is running already.");
+        cause = tr("Synthesis is already running.");
     else if (project->synthesisProgram().isEmpty())
         cause = tr("The project %1 has no synthesis command.").arg(project->name());
     if (!cause.isEmpty()) {
@@ -230,8 +230,8 @@ void FlowControl::onResultReplaced()
 
 void FlowControl::onResultUnreadable(const QString &reason)
 {
-    emit message(tr("%1 Another program has written the file; the open configurations keep the "
-                    "netlist that they have until it can be read.")
+    emit message(tr("%1 Another program has written the file; open configurations keep their "
+                    "present netlist until it can be read.")
                      .arg(reason));
 }
 

@@ -117,7 +117,7 @@ void FlowProcess::onFinished(int exitCode, QProcess::ExitStatus status)
         emit ended(false, tr("%1 crashed or was ended by a signal.").arg(program));
     else if (exitCode != 0)
         emit ended(false,
-                   tr("%1 ended with the exit code %2.").arg(program, QString::number(exitCode)));
+                   tr("%1 ended with exit code %2.").arg(program, QString::number(exitCode)));
     else
         emit ended(true, QString());
 }

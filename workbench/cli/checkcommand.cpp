@@ -29,10 +29,10 @@ struct CheckOptions
     QCommandLineOption output{QStringLiteral("output"),
                               QStringLiteral("Write to the file F instead of standard output."),
                               QStringLiteral("F")};
-    QCommandLineOption failOn{
-        QStringLiteral("fail-on"),
-        QStringLiteral("Exit with 1 from this level on: error (default), warning, note or never."),
-        QStringLiteral("LEVEL"), QStringLiteral("error")};
+    QCommandLineOption failOn{QStringLiteral("fail-on"),
+                              QStringLiteral("Exit with 1 if a finding has at least this level: "
+                                             "error (default), warning, note or never."),
+                              QStringLiteral("LEVEL"), QStringLiteral("error")};
     QCommandLineOption disable{QStringLiteral("disable"),
                                QStringLiteral("Leave out these rules, separated by commas."),
                                QStringLiteral("RULES")};
@@ -98,10 +98,10 @@ QByteArray rendered(const Check::Report &report, const QString &format, int maxP
 int runCheck(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Checks configurations, and what their names mean in the design.\n\nExit "
-                       "status: 0 nothing at or above --fail-on, 1 something is, 2 bad usage, 3 an "
-                       "input cannot be read."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Checks configurations against their designs.\n\nExit "
+        "status: 0 no finding at or above --fail-on, 1 at least one, 2 bad usage, 3 an "
+        "input cannot be read."));
     parser.addPositionalArgument(QStringLiteral("FILE.vlr"), QStringLiteral("Configurations."),
                                  QStringLiteral("FILE.vlr..."));
     const CheckOptions options(&parser);
@@ -124,7 +124,7 @@ int runCheck(const QStringList &arguments)
     bool isNumber = false;
     const int maxPerRule = parser.value(options.maxPerRule).toInt(&isNumber);
     if (!isNumber || maxPerRule < 1)
-        return badUsage(NAME, QStringLiteral("--max-per-rule takes a number from 1 on."));
+        return badUsage(NAME, QStringLiteral("--max-per-rule needs a number of at least 1."));
     QSet<QString> disabled;
     const QStringList rules =
         parser.value(options.disable).split(QLatin1Char(','), Qt::SkipEmptyParts);

@@ -23,7 +23,7 @@ const QVector<Command> &allCommands()
         {"check", "Check configurations against netlist, device and activity files.", runCheck},
         {"coverage", "Tell where the rates of the design's nets come from.", runCoverage},
         {"export", "Write the activity of a configuration for another tool.", runExport},
-        {"names", "Review what the names in a configuration mean, and mend them.", runNames},
+        {"names", "Review and repair the names in a configuration.", runNames},
         {"scopes", "Find the instances that activity files are of.", runScopes},
     };
     return commands;

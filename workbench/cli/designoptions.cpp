@@ -22,11 +22,12 @@ DesignOptions::DesignOptions(QCommandLineParser *parser)
     : m_parser(parser)
     , m_project(QStringLiteral("project"),
                 QStringLiteral("Take device and netlist from the project FILE instead of the only "
-                               "project beside the configuration."),
+                               "project in the configuration's folder."),
                 QStringLiteral("FILE"))
-    , m_netlist(QStringLiteral("netlist"), QStringLiteral("Take the netlist FILE.json."),
+    , m_netlist(QStringLiteral("netlist"), QStringLiteral("Use the netlist FILE.json."),
                 QStringLiteral("FILE.json"))
-    , m_device(QStringLiteral("device"), QStringLiteral("Take the device ID of the catalogue."),
+    , m_device(QStringLiteral("device"),
+               QStringLiteral("Use the device with this ID from the catalogue."),
                QStringLiteral("ID"))
 {
     parser->addOptions({m_project, m_netlist, m_device});

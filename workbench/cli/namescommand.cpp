@@ -25,15 +25,15 @@ struct NamesOptions
     QCommandLineOption format{QStringLiteral("format"), QStringLiteral("text (default) or json."),
                               QStringLiteral("FORMAT"), QStringLiteral("text")};
     QCommandLineOption record{QStringLiteral("record"),
-                              QStringLiteral("Write down what the names mean, in FILE.vlr.names.")};
+                              QStringLiteral("Record what the names mean in FILE.vlr.names.")};
     QCommandLineOption apply{
         QStringLiteral("apply"),
         QStringLiteral("Replace names by the proposals that are sure, or at least likely."),
         QStringLiteral("CERTAINTY")};
     QCommandLineOption plan{
         QStringLiteral("plan"),
-        QStringLiteral("Carry out F, a list that --format json wrote and somebody has reviewed; a "
-                       "record with \"remove\": true instead of a proposal is removed."),
+        QStringLiteral("Carry out F, a reviewed list written by --format json; a record with "
+                       "\"remove\": true instead of a proposal is removed."),
         QStringLiteral("F.json")};
 };
 
@@ -57,10 +57,10 @@ QString textOf(const Check::ReviewedRecord &record)
     const QString kind = kindName(kindOf(record));
     QString text =
         record.state == Check::NameState::Moved
-            ? QStringLiteral("moved: %1 \"%2\" is %3 now")
+            ? QStringLiteral("moved: %1 \"%2\" is now %3")
                   .arg(kind, record.name, quotedList(record.now))
             : QStringLiteral("missing: %1 \"%2\" is not in the netlist").arg(kind, record.name);
-    text += record.meant.isEmpty() ? QStringLiteral("; what it meant was not recorded")
+    text += record.meant.isEmpty() ? QStringLiteral("; its meaning was not recorded")
                                    : QStringLiteral("; it was ") + quotedList(record.meant);
     if (record.proposal.isEmpty())
         return text + QStringLiteral("\n    no proposal: ") + record.reason;
@@ -102,8 +102,10 @@ int readSubject(const QString &path, DesignOptions *designs, Subject *subject)
     for (const Check::Finding &finding : designs->findings())
         failed(finding.file, finding.message);
     if (!subject->design.names)
-        return designs->findings().isEmpty() ? failed(path, QStringLiteral("no netlist is known"))
-                                             : int(Unreadable);
+        return designs->findings().isEmpty()
+                   ? failed(path,
+                            QStringLiteral("no netlist was found; use --project or --netlist"))
+                   : int(Unreadable);
     if (!subject->input.namesError.isEmpty())
         return failed(Check::NameMemory::fileFor(path), subject->input.namesError);
     return Clean;
@@ -138,10 +140,10 @@ int readPlan(const Subject &subject, const QString &path, Check::Certainty least
 int runNames(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Reviews what the names in a configuration mean in the netlist.\n\nExit "
-                       "status: 0 no name is missing or means something else, 1 one does, 2 bad "
-                       "usage, 3 an input cannot be read, or a plan no longer fits."));
+    parser.setApplicationDescription(QStringLiteral(
+        "Compares the recorded meanings of the names in a configuration with the netlist.\n\nExit "
+        "status: 0 no name is missing or moved, 1 at least one is, 2 bad usage, 3 an input cannot "
+        "be read or a plan is refused."));
     parser.addPositionalArgument(QStringLiteral("FILE.vlr"), QStringLiteral("The configuration."));
     const NamesOptions options(&parser);
     DesignOptions designs(&parser);
@@ -160,9 +162,9 @@ int runNames(const QStringList &arguments)
     const bool isRecorded = parser.isSet(options.record);
     if (isApplied && certainty != certaintyName(Check::Certainty::Sure) &&
         certainty != certaintyName(Check::Certainty::Likely))
-        return badUsage(NAME, QStringLiteral("--apply takes sure or likely."));
+        return badUsage(NAME, QStringLiteral("--apply must be sure or likely."));
     if (int(isApplied) + int(isPlanned) + int(isRecorded) > 1)
-        return badUsage(NAME, QStringLiteral("--record, --apply and --plan exclude each other."));
+        return badUsage(NAME, QStringLiteral("--record, --apply and --plan cannot be combined."));
 
     Subject subject;
     status = readSubject(files.first(), &designs, &subject);

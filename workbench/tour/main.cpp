@@ -19,7 +19,7 @@ int main(int argc, char *argv[])
                                      QStringLiteral("Load plug-ins from DIR."),
                                      QStringLiteral("DIR"));
     const QCommandLineOption sample(QStringLiteral("sample"),
-                                    QStringLiteral("Take the sample project in DIR."),
+                                    QStringLiteral("Use the sample project in DIR."),
                                     QStringLiteral("DIR"), sampleFolder());
     QCommandLineParser parser;
     parser.setApplicationDescription(
@@ -32,7 +32,8 @@ int main(int argc, char *argv[])
     parser.process(application);
     const QStringList folders = parser.positionalArguments();
     if (folders.size() != 1) {
-        std::fputs("workbench-tour: one folder is needed.\nTry: workbench-tour --help\n", stderr);
+        std::fputs("workbench-tour: exactly one folder is required.\nTry: workbench-tour --help\n",
+                   stderr);
         return BadUsageStatus;
     }
     return runTour(folders.first(), parser.value(sample), parser.value(plugins));

@@ -30,19 +30,19 @@ struct Step
 };
 
 constexpr Step Steps[] = {
-    {"create a configuration by the wizard", createFileByWizard},
+    {"create a configuration with the wizard", createFileByWizard},
     {"open it from the project tree", openFileFromProjectTree},
     {"set the operating conditions", setConditions},
-    {"give a net its toggle rate", giveNetsRates},
-    {"refuse activity files that cannot be used", refuseUnusableActivityFiles},
+    {"set the toggle rate of a net", giveNetsRates},
+    {"refuse unusable activity files", refuseUnusableActivityFiles},
     {"bind activity files to an instance and to the top", bindActivityFiles},
     {"set the clock enables", setClockEnables},
     {"find ports and edit their values", findAndEditPorts},
     {"sort the ports and remove some", sortAndRemovePorts},
-    {"find flip-flops and block memories", findFlipFlopsAndMemories},
-    {"save it all", saveFile},
+    {"find flip-flops and block SRAMs", findFlipFlopsAndMemories},
+    {"save the configuration", saveFile},
     {"close it", closeFile},
-    {"open it again from the recent files", reopenFileFromRecentFiles},
+    {"reopen it from the recent files", reopenFileFromRecentFiles},
 };
 
 bool copyFolder(const QString &from, const QString &to)

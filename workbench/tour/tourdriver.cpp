@@ -99,7 +99,7 @@ void TourDriver::mouse(const QString &what, const Locator &where, Qt::MouseButto
                        Qt::KeyboardModifiers modifiers, int clicks)
 {
     Spot spot;
-    expect(QStringLiteral("%1 is there to be clicked").arg(what), [&] {
+    expect(QStringLiteral("%1 can be clicked").arg(what), [&] {
         spot = where();
         return spot.widget && spot.widget->isVisible() && spot.widget->isEnabled();
     });
@@ -239,8 +239,7 @@ void TourDriver::expect(const QString &what, const std::function<bool()> &condit
                 shown = describe(dialog);
                 return true;
             });
-            throw TourFailure(
-                QStringLiteral("It is not so that %1 (there is %2).").arg(what, shown));
+            throw TourFailure(QStringLiteral("Expected: %1 (found %2).").arg(what, shown));
         }
         QThread::msleep(PollMilliseconds);
     }
@@ -248,7 +247,7 @@ void TourDriver::expect(const QString &what, const std::function<bool()> &condit
 
 void TourDriver::expectDialog(const QString &title, const QString &text)
 {
-    expect(QStringLiteral("the dialog \"%1\" %2has come")
+    expect(QStringLiteral("the dialog \"%1\" %2is open")
                .arg(title, text.isEmpty() ? QString() : QStringLiteral("saying \"%1\" ").arg(text)),
            [&] {
                const QWidget *dialog = QApplication::activeModalWidget();
@@ -263,7 +262,7 @@ void TourDriver::answer(const QString &title, const QString &text, const QString
 {
     expectDialog(title, text);
     click(buttonText, button(buttonText));
-    expect(QStringLiteral("the box \"%1\" goes").arg(title), [&] {
+    expect(QStringLiteral("the box \"%1\" closes").arg(title), [&] {
         const auto *box = qobject_cast<const QMessageBox *>(QApplication::activeModalWidget());
         return !box || box->windowTitle() != title || box->text() != text;
     });

@@ -114,7 +114,7 @@ void TestNetlistReadDialog::cancels()
             m_control->gate.release();
         });
         QVERIFY(!read(&parent));
-        QVERIFY2(m_error.contains(QLatin1String("cancelled")), qPrintable(m_error));
+        QVERIFY2(m_error.contains(QLatin1String("canceled")), qPrintable(m_error));
     }
 }
 
@@ -126,7 +126,7 @@ void TestNetlistReadDialog::losesItsParent()
         QTimer::singleShot(shown ? 200 : 0, parent, [parent] { delete parent; });
         QTimer::singleShot(250, this, [this] { m_control->gate.release(); });
         QVERIFY(!read(parent, shown ? 0 : 100));
-        QVERIFY2(m_error.contains(QLatin1String("cancelled")), qPrintable(m_error));
+        QVERIFY2(m_error.contains(QLatin1String("canceled")), qPrintable(m_error));
     }
 }
 

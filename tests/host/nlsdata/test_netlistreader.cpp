@@ -69,13 +69,13 @@ void TestNetlistReader::refuses_data()
     const auto row = [](const char *name, const QByteArray &text, const char *cause) {
         QTest::newRow(name) << text << QString::fromUtf8(cause);
     };
-    row("empty", "", "it is empty");
-    row("not JSON", "module top();", "it is no netlist in JSON form");
+    row("empty", "", "the file is empty");
+    row("not JSON", "module top();", "not a JSON netlist");
     row("two documents", "{\"modules\": {}} {}", "text follows its end");
-    row("no comma", "{\"a\": 1 \"modules\": {}}", "it is not valid JSON");
+    row("no comma", "{\"a\": 1 \"modules\": {}}", "not valid JSON");
     row("no comma where nothing is needed", "{\"a\": {\"b\": [1 2]}, \"modules\": {}}",
-        "it is not valid JSON");
-    row("bad UTF-8", "{\"modules\": {\"\xff\": {}}}", "it is not valid UTF-8");
+        "not valid JSON");
+    row("bad UTF-8", "{\"modules\": {\"\xff\": {}}}", "not valid UTF-8");
     row("deep", "{\"a\": " + QByteArray(100000, '[') + QByteArray(100000, ']') + "}",
         "it nests too deeply");
     row("long name", "{\"modules\": {\"" + QByteArray(70000, 'x') + "\": {}}}",
@@ -103,10 +103,11 @@ void TestNetlistReader::refuses_data()
         "{\"modules\": {\"s\": {\"ports\": {\"A\": {\"bits\": [2]}}}, \"m\": {\"cells\": {\"c\": "
         "{\"type\": \"s\", \"connections\": {\"A\": [\"0\", \"1\"]}}}}}}",
         "is connected to more bits than it has");
-    row("module twice", "{\"modules\": {\"m\": {}, \"m\": {}}}", "module 'm' is there twice");
+    row("module twice", "{\"modules\": {\"m\": {}, \"m\": {}}}", "module 'm' is defined twice");
     row("only blackboxes", inModule("\"attributes\": {\"blackbox\": \"1\"}"),
         "no module with contents");
-    row("several tops", "{\"modules\": {\"a\": {}, \"b\": {}}}", "several could be it: 'a', 'b'");
+    row("several tops", "{\"modules\": {\"a\": {}, \"b\": {}}}",
+        "several are candidates: 'a', 'b'");
     NetlistJson tops;
     tops.module("a").top();
     tops.module("b").top();
