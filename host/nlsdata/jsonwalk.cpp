@@ -78,7 +78,7 @@ std::string_view JsonWalk::key(ondemand::field &field) const
 void JsonWalk::skip(ondemand::value value, int depth) const
 {
     if (depth > maximumNesting)
-        refuse(QStringLiteral("it nests too deeply%1").arg(place()));
+        refuse(QStringLiteral("nested too deeply%1").arg(place()));
     switch (take(value.type(), "value")) {
     case ondemand::json_type::object:
         for (auto field : object(value, "value"))

@@ -273,7 +273,7 @@ void TestMainWindow::removedFileLeavesOnlyCopy()
         edit(view);
     window().messages()->clear();
     m_host->write(QStringLiteral("a.vlr"), EmptyFile);
-    QTRY_VERIFY(messages().contains(QLatin1String("as it was")));
+    QTRY_VERIFY(messages().contains(QLatin1String("unchanged")));
     const bool edited = editedBefore || editedMeanwhile;
     QCOMPARE(view->windowTitle(), edited ? QStringLiteral("a.vlr*") : QStringLiteral("a.vlr"));
     QCOMPARE(save()->isEnabled(), edited);

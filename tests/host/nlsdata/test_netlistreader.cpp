@@ -71,16 +71,16 @@ void TestNetlistReader::refuses_data()
     };
     row("empty", "", "the file is empty");
     row("not JSON", "module top();", "not a JSON netlist");
-    row("two documents", "{\"modules\": {}} {}", "text follows its end");
+    row("two documents", "{\"modules\": {}} {}", "text after its end");
     row("no comma", "{\"a\": 1 \"modules\": {}}", "not valid JSON");
     row("no comma where nothing is needed", "{\"a\": {\"b\": [1 2]}, \"modules\": {}}",
         "not valid JSON");
     row("bad UTF-8", "{\"modules\": {\"\xff\": {}}}", "not valid UTF-8");
     row("deep", "{\"a\": " + QByteArray(100000, '[') + QByteArray(100000, ']') + "}",
-        "it nests too deeply");
+        "nested too deeply");
     row("long name", "{\"modules\": {\"" + QByteArray(70000, 'x') + "\": {}}}",
         "a name is longer than 65535 bytes");
-    row("no modules", "{\"creator\": \"x\"}", "has no 'modules'");
+    row("no modules", "{\"creator\": \"x\"}", "'modules' is missing");
     row("module is a number", "{\"modules\": {\"m\": 1}}", "'module' in module 'm'");
     row("bits is a number", inModule("\"ports\": {\"p\": {\"bits\": 2}}"),
         "'bits' in module 'm' at 'p'");
@@ -105,7 +105,7 @@ void TestNetlistReader::refuses_data()
         "is connected to more bits than it has");
     row("module twice", "{\"modules\": {\"m\": {}, \"m\": {}}}", "module 'm' is defined twice");
     row("only blackboxes", inModule("\"attributes\": {\"blackbox\": \"1\"}"),
-        "no module with contents");
+        "no module has any contents");
     row("several tops", "{\"modules\": {\"a\": {}, \"b\": {}}}",
         "several are candidates: 'a', 'b'");
     NetlistJson tops;
@@ -115,7 +115,7 @@ void TestNetlistReader::refuses_data()
     NetlistJson circle;
     circle.module("a").cell("x", "b");
     circle.module("b").cell("y", "a");
-    row("circle", circle.toUtf8(), "its modules contain each other");
+    row("circle", circle.toUtf8(), "the modules contain each other");
     circle.module("t").top().cell("z", "a");
     row("circle below the top", circle.toUtf8(), "module 'a' contains itself");
     row("multiplying", doubling(60).toUtf8(), "more than 50000000 objects");
@@ -144,7 +144,7 @@ void TestNetlistReader::refusesFiles()
     QVERIFY2(refused(m_folder.filePath(QStringLiteral("no.json")), "does not exist"),
              qPrintable(error));
     QVERIFY2(refused(m_folder.path(), "is a folder"), qPrintable(error));
-    QVERIFY2(refused(QStringLiteral("/dev/zero"), "is no regular file"), qPrintable(error));
+    QVERIFY2(refused(QStringLiteral("/dev/zero"), "not a regular file"), qPrintable(error));
     QFile huge(m_folder.filePath(QStringLiteral("huge.json")));
     QVERIFY(huge.open(QIODevice::WriteOnly));
     if (huge.resize(qint64(5) << 30))
