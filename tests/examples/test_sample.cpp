@@ -41,13 +41,13 @@ class TestSample : public QObject
     Q_OBJECT
 
 private slots:
-    void isReproduced_data();
-    void isReproduced();
-    void showsEveryCase();
-    void configurationIsSavedByTheEditor();
+    void resultsAreReproducible_data();
+    void resultsAreReproducible();
+    void coversEveryCase();
+    void editorKeepsConfiguration();
 };
 
-void TestSample::isReproduced_data()
+void TestSample::resultsAreReproducible_data()
 {
     QTest::addColumn<QString>("program");
     QTest::addColumn<QString>("script");
@@ -63,7 +63,7 @@ void TestSample::isReproduced_data()
                               << "activity.vcd" << QByteArray("$timescale");
 }
 
-void TestSample::isReproduced()
+void TestSample::resultsAreReproducible()
 {
     QFETCH(QString, program);
     QFETCH(QString, script);
@@ -94,7 +94,7 @@ void TestSample::isReproduced()
 }
 
 /// What the pages distinguish is in the design, as the netlist reader sees it.
-void TestSample::showsEveryCase()
+void TestSample::coversEveryCase()
 {
     QString error;
     const std::unique_ptr<NlsData::Netlist> netlist(
@@ -137,7 +137,7 @@ void TestSample::showsEveryCase()
 }
 
 /// Opening finds nothing to correct, and saving changes no byte.
-void TestSample::configurationIsSavedByTheEditor()
+void TestSample::editorKeepsConfiguration()
 {
     const TestHost host;
     const QByteArray committed = contents(QStringLiteral(SAMPLE_DIR "/sample.vlr"));

@@ -12,11 +12,11 @@ class TestDeviceDialog : public QObject
     Q_OBJECT
 
 private slots:
-    void answersAsConfigurationsAsk();
+    void warnsAboutDevicesWithoutSupplies();
 };
 
 /// The warning is for the devices that close open configurations, and for no other.
-void TestDeviceDialog::answersAsConfigurationsAsk()
+void TestDeviceDialog::warnsAboutDevicesWithoutSupplies()
 {
     TestHost host;
     auto *catalogue = DEV::DeviceCatalogue::get();

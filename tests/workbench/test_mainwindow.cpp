@@ -54,19 +54,19 @@ private slots:
     void showsPluginFailures();
     void routesSaveToTheActiveView();
     void asksViewByViewOnQuit();
-    void offersForeignChanges_data();
-    void offersForeignChanges();
+    void asksToReloadChangedFile_data();
+    void asksToReloadChangedFile();
     void keepsViewWhenReloadFails_data();
     void keepsViewWhenReloadFails();
-    void removedFileLeavesOnlyCopy_data();
-    void removedFileLeavesOnlyCopy();
+    void removedFileMarksViewModified_data();
+    void removedFileMarksViewModified();
     void removalDropsReloadQuestion();
-    void keepsQuietAboutOwnSaves();
-    void dropsQuestionWhenTheViewGoes();
+    void ignoresOwnSaves();
+    void dropsQuestionWhenViewCloses();
     void opensDroppedFiles();
     void remembersRecentFiles();
-    void changesTheDevice();
-    void opensTheProjectBesideAFile();
+    void changesDevice();
+    void opensProjectBesideFile();
     void reportsFileThatNeedsProject();
     void removesProjectFilesOnly();
 
@@ -162,7 +162,7 @@ void TestMainWindow::asksViewByViewOnQuit()
     QCOMPARE(m_host->read(QStringLiteral("a.vlr")), EmptyFile);
 }
 
-void TestMainWindow::offersForeignChanges_data()
+void TestMainWindow::asksToReloadChangedFile_data()
 {
     QTest::addColumn<bool>("modified");
     QTest::addColumn<QString>("answer");
@@ -173,7 +173,7 @@ void TestMainWindow::offersForeignChanges_data()
     QTest::newRow("keep changes") << true << "Keep" << false;
 }
 
-void TestMainWindow::offersForeignChanges()
+void TestMainWindow::asksToReloadChangedFile()
 {
     QFETCH(bool, modified);
     QFETCH(QString, answer);
@@ -242,7 +242,7 @@ void TestMainWindow::keepsViewWhenReloadFails()
     QCOMPARE(Core::ViewArea::get()->views(), QList<Core::IView *>{view});
 }
 
-void TestMainWindow::removedFileLeavesOnlyCopy_data()
+void TestMainWindow::removedFileMarksViewModified_data()
 {
     QTest::addColumn<bool>("editedBefore");
     QTest::addColumn<bool>("editedMeanwhile");
@@ -252,7 +252,7 @@ void TestMainWindow::removedFileLeavesOnlyCopy_data()
 }
 
 // Removed, put back with the same bytes, removed and saved again: nothing is asked at any time.
-void TestMainWindow::removedFileLeavesOnlyCopy()
+void TestMainWindow::removedFileMarksViewModified()
 {
     QFETCH(bool, editedBefore);
     QFETCH(bool, editedMeanwhile);
@@ -304,7 +304,7 @@ void TestMainWindow::removalDropsReloadQuestion()
     QCOMPARE(view->windowTitle(), QStringLiteral("a.vlr*"));
 }
 
-void TestMainWindow::keepsQuietAboutOwnSaves()
+void TestMainWindow::ignoresOwnSaves()
 {
     Core::IView *own = openView(QStringLiteral("own.vlr"));
     openView(QStringLiteral("other.vlr"));
@@ -318,7 +318,7 @@ void TestMainWindow::keepsQuietAboutOwnSaves()
     QVERIFY(question.text().contains(QLatin1String("other.vlr")));
 }
 
-void TestMainWindow::dropsQuestionWhenTheViewGoes()
+void TestMainWindow::dropsQuestionWhenViewCloses()
 {
     const QPointer<Core::IView> view = openView(QStringLiteral("a.vlr"));
     ModalDriver question([&view](QWidget *) { Core::ViewArea::get()->closeView(view); });
@@ -370,7 +370,7 @@ void TestMainWindow::remembersRecentFiles()
     QVERIFY(!window().recentFiles().paths().contains(expected.last()));
 }
 
-void TestMainWindow::changesTheDevice()
+void TestMainWindow::changesDevice()
 {
     const QPointer<Core::IView> view = openView(QStringLiteral("a.vlr"));
     const auto choose = [this](const QString &filter, int button) {
@@ -389,7 +389,7 @@ void TestMainWindow::changesTheDevice()
     QVERIFY(view);
 }
 
-void TestMainWindow::opensTheProjectBesideAFile()
+void TestMainWindow::opensProjectBesideFile()
 {
     Core::ProjectSession::get()->close();
     openView(QStringLiteral("a.vlr"));

@@ -17,10 +17,10 @@ class TestActionManager : public QObject
     Q_OBJECT
 
 private slots:
-    void followsTheActionOfTheActiveContext();
+    void followsActionOfActiveContext();
 };
 
-void TestActionManager::followsTheActionOfTheActiveContext()
+void TestActionManager::followsActionOfActiveContext()
 {
     const QString id = QStringLiteral("test.save");
     QAction *command = CommandRegistry::command(id);

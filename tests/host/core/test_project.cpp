@@ -22,9 +22,9 @@ private slots:
     void addsFilesAndSaves();
     void changesOneLine_data();
     void changesOneLine();
-    void editsKeepTheRest();
-    void tellsWhatIsWrong_data();
-    void tellsWhatIsWrong();
+    void editsKeepOtherMembers();
+    void reportsErrors_data();
+    void reportsErrors();
 };
 
 void TestProject::addsFilesAndSaves()
@@ -99,7 +99,7 @@ void TestProject::changesOneLine()
     QVERIFY2(removed == before || removed.contains("\"files\": []"), removed);
 }
 
-void TestProject::editsKeepTheRest()
+void TestProject::editsKeepOtherMembers()
 {
     TestHost host;
     const QString path = host.path(QStringLiteral("new.fpgaproj"));
@@ -129,7 +129,7 @@ void TestProject::editsKeepTheRest()
     QVERIFY2(text.startsWith("{\n    \"name\": ") && text.count('\n') == 7, text);
 }
 
-void TestProject::tellsWhatIsWrong_data()
+void TestProject::reportsErrors_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("cause");
@@ -141,7 +141,7 @@ void TestProject::tellsWhatIsWrong_data()
     QTest::newRow("results") << QByteArray("{\"results\": {\"RES.netlist\": []}}") << "\"results\"";
 }
 
-void TestProject::tellsWhatIsWrong()
+void TestProject::reportsErrors()
 {
     QFETCH(QByteArray, text);
     QFETCH(QString, cause);

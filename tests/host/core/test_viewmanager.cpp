@@ -63,10 +63,10 @@ private slots:
     void init();
     void cleanup();
     void activatesAndCloses();
-    void closesThroughAnyDoor();
-    void doesNotTakeAnOpenQuestionForAnAnswer();
-    void closesTheDialogsOfAViewAndThenFreesIt();
-    void survivesViewsThatAreDestroyed();
+    void closesByTabWindowOrDelete();
+    void repeatedCloseWaitsForAnswer();
+    void closesDialogsBeforeDeletingView();
+    void survivesDestroyedViews();
     void closesAllUntilOneRefuses();
 };
 
@@ -121,7 +121,7 @@ void TestViewManager::activatesAndCloses()
     QVERIFY(!m_host->activeView());
 }
 
-void TestViewManager::closesThroughAnyDoor()
+void TestViewManager::closesByTabWindowOrDelete()
 {
     const std::function<void(View *)> doors[] = {
         [this](View *) { emit m_host->area()->tabCloseRequested(0); },
@@ -150,7 +150,7 @@ void TestViewManager::closesThroughAnyDoor()
 }
 
 /// Somebody asks for the view's end while its own question about it is open.
-void TestViewManager::doesNotTakeAnOpenQuestionForAnAnswer()
+void TestViewManager::repeatedCloseWaitsForAnswer()
 {
     for (const auto answer : {QMessageBox::Yes, QMessageBox::No}) {
         auto *a = new View("a", &m_log);
@@ -181,7 +181,7 @@ void TestViewManager::doesNotTakeAnOpenQuestionForAnAnswer()
     }
 }
 
-void TestViewManager::closesTheDialogsOfAViewAndThenFreesIt()
+void TestViewManager::closesDialogsBeforeDeletingView()
 {
     QPointer<View> a = new View("a", &m_log);
     m_manager->showView(a);
@@ -206,7 +206,7 @@ void TestViewManager::closesTheDialogsOfAViewAndThenFreesIt()
     QTRY_COMPARE(m_log.join(QLatin1Char(' ')), QStringLiteral("aasked aclosed aoff > agone"));
 }
 
-void TestViewManager::survivesViewsThatAreDestroyed()
+void TestViewManager::survivesDestroyedViews()
 {
     auto *a = new View("a", &m_log);
     auto *b = new View("b", &m_log);

@@ -20,12 +20,12 @@ class TestDeviceDb : public QObject
 
 private slots:
     void initTestCase();
-    void coversEveryCaseOfSupplies();
-    void suppliesOfShippedFamilies_data();
-    void suppliesOfShippedFamilies();
-    void answersForTheProjectsDevice();
+    void catalogueHasEverySupplyCase();
+    void suppliesOfBuiltInFamilies_data();
+    void suppliesOfBuiltInFamilies();
+    void chipInfoFollowsProjectDevice();
     void addsDevices();
-    void tellsWhatIsWrong();
+    void reportsErrors();
 
 private:
     QTemporaryDir m_home;
@@ -45,7 +45,7 @@ void TestDeviceDb::initTestCase()
 }
 
 /// Each device in the words of what it has; the plug-in tells these cases apart.
-void TestDeviceDb::coversEveryCaseOfSupplies()
+void TestDeviceDb::catalogueHasEverySupplyCase()
 {
     QSet<QString> cases;
     int listed = 0;
@@ -71,7 +71,7 @@ void TestDeviceDb::coversEveryCaseOfSupplies()
         QVERIFY2(cases.contains(QString::fromLatin1(expected)), expected);
 }
 
-void TestDeviceDb::suppliesOfShippedFamilies_data()
+void TestDeviceDb::suppliesOfBuiltInFamilies_data()
 {
     QTest::addColumn<QString>("series");
     QTest::addColumn<QStringList>("vcc"); // minimum, maximum, default
@@ -93,7 +93,7 @@ void TestDeviceDb::suppliesOfShippedFamilies_data()
         row(id, series, "0.950 1.050 1.000", "1.710 1.890 1.800");
 }
 
-void TestDeviceDb::suppliesOfShippedFamilies()
+void TestDeviceDb::suppliesOfBuiltInFamilies()
 {
     QFETCH(QString, series);
     QFETCH(QStringList, vcc);
@@ -107,7 +107,7 @@ void TestDeviceDb::suppliesOfShippedFamilies()
     QCOMPARE(v.getVCCLDODefaultValue(), QString());
 }
 
-void TestDeviceDb::answersForTheProjectsDevice()
+void TestDeviceDb::chipInfoFollowsProjectDevice()
 {
     TestHost host;
     auto *project = TE::ProInfoManager::instance();
@@ -156,7 +156,7 @@ void TestDeviceDb::addsDevices()
     QCOMPARE(Core::IdeCore::deviceDataBase()->findByID(QStringLiteral("QF1-05-LQ144")), kept);
 }
 
-void TestDeviceDb::tellsWhatIsWrong()
+void TestDeviceDb::reportsErrors()
 {
     TestHost host;
     const std::size_t count = DeviceCatalogue::get()->devices().size();

@@ -12,10 +12,10 @@ class TestPluginManager : public QObject
     Q_OBJECT
 
 private slots:
-    void runsTheLifeCycleAndReportsTheRest();
+    void runsLifeCycleAndReportsFailures();
 };
 
-void TestPluginManager::runsTheLifeCycleAndReportsTheRest()
+void TestPluginManager::runsLifeCycleAndReportsFailures()
 {
     QTemporaryDir folder;
     for (const char *name : {"first", "refusing", "second", "wronginterface"}) {

@@ -14,11 +14,11 @@ class TestCellLibrary : public QObject
     Q_OBJECT
 
 private slots:
-    void embeddedFilesAreSound();
+    void builtInFilesAreValid();
     void findsTypes();
     void choosesByParameter();
-    void tellsProblems();
-    void addsTheUsersLibraries();
+    void reportsProblems();
+    void addsUserLibraries();
 
 private:
     QStringList load(const QByteArray &text);
@@ -39,7 +39,7 @@ QStringList TestCellLibrary::load(const QByteArray &text)
     return problems;
 }
 
-void TestCellLibrary::embeddedFilesAreSound()
+void TestCellLibrary::builtInFilesAreValid()
 {
     QStringList problems;
     const CellLibrary library(QStringLiteral(":/fpgaprj/cells"), &problems);
@@ -107,7 +107,7 @@ void TestCellLibrary::choosesByParameter()
     }
 }
 
-void TestCellLibrary::tellsProblems()
+void TestCellLibrary::reportsProblems()
 {
     QCOMPARE(load("{").size(), 1);
     QCOMPARE(load("[]").size(), 1);
@@ -121,7 +121,7 @@ void TestCellLibrary::tellsProblems()
 }
 
 /// A cell of the user's replaces the host's; what is wrong names its file, and the rest is used.
-void TestCellLibrary::addsTheUsersLibraries()
+void TestCellLibrary::addsUserLibraries()
 {
     QTemporaryDir home;
     qputenv("XDG_DATA_HOME", QFile::encodeName(home.path())); // before the one load

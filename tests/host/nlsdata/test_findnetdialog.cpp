@@ -72,8 +72,8 @@ private slots:
     void filters();
     void returnsChosenInListOrder();
     void findsOtherNames();
-    void survivesItsParent();
-    void keepsUpWithTyping();
+    void survivesParentDeletion();
+    void filtersLongListWhileTyping();
 
 private:
     QTemporaryDir m_folder;
@@ -183,7 +183,7 @@ void TestFindNetDialog::findsOtherNames()
     }
 }
 
-void TestFindNetDialog::survivesItsParent()
+void TestFindNetDialog::survivesParentDeletion()
 {
     auto *parent = new QWidget;
     ModalDriver driver([parent](QWidget *dialog) {
@@ -195,7 +195,7 @@ void TestFindNetDialog::survivesItsParent()
 
 /// With more nets than one turn of the event loop can look at, typing faster than the filter works
 /// ends with the list of the last text.
-void TestFindNetDialog::keepsUpWithTyping()
+void TestFindNetDialog::filtersLongListWhileTyping()
 {
     QList<Net *> nets;
     for (int i = 0; i < 50000; ++i)

@@ -57,7 +57,7 @@ private slots:
     void driversByDirection();
     void driversWithoutDirections();
     void codes();
-    void samePathTwice();
+    void duplicatePaths();
     void findsTop();
 };
 
@@ -236,7 +236,7 @@ void TestNetlist::codes()
     QCOMPARE(netlist->instances().at(2)->category(), 0);
 }
 
-void TestNetlist::samePathTwice()
+void TestNetlist::duplicatePaths()
 {
     NetlistJson json;
     json.module("top").top().net("v", {2, 3}).net("v[1]", {4}).cell("c", "a").cell("c", "b");

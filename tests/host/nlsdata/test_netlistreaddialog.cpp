@@ -44,9 +44,9 @@ class TestNetlistReadDialog : public QObject
 
 private slots:
     void initTestCase();
-    void finishes();
+    void showsProgress();
     void cancels();
-    void losesItsParent();
+    void parentDeletedWhileReading();
 
 private:
     std::unique_ptr<Netlist> read(QWidget *parent, int showAfter = 0);
@@ -75,7 +75,7 @@ std::unique_ptr<Netlist> TestNetlistReadDialog::read(QWidget *parent, int showAf
 }
 
 /// The reader goes on by itself once the dialog has been looked at.
-void TestNetlistReadDialog::finishes()
+void TestNetlistReadDialog::showsProgress()
 {
     QWidget parent;
     m_control = std::make_unique<HeldControl>();
@@ -118,7 +118,7 @@ void TestNetlistReadDialog::cancels()
     }
 }
 
-void TestNetlistReadDialog::losesItsParent()
+void TestNetlistReadDialog::parentDeletedWhileReading()
 {
     for (const bool shown : {true, false}) {
         auto *parent = new QWidget;

@@ -52,9 +52,9 @@ class TestNetlistReader : public QObject
     Q_OBJECT
 
 private slots:
-    void refuses_data();
-    void refuses();
-    void refusesFiles();
+    void reportsErrors_data();
+    void reportsErrors();
+    void reportsUnreadableFiles();
     void survivesBrokenBytes();
     void staysWithinLimits();
 
@@ -62,7 +62,7 @@ private:
     QTemporaryDir m_folder;
 };
 
-void TestNetlistReader::refuses_data()
+void TestNetlistReader::reportsErrors_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QString>("cause");
@@ -122,7 +122,7 @@ void TestNetlistReader::refuses_data()
     row("deep hierarchy", chain(3000).toUtf8(), "more than 256 levels of hierarchy");
 }
 
-void TestNetlistReader::refuses()
+void TestNetlistReader::reportsErrors()
 {
     QFETCH(QByteArray, text);
     QFETCH(QString, cause);
@@ -133,7 +133,7 @@ void TestNetlistReader::refuses()
     QVERIFY2(error.contains(cause) && error.endsWith(QLatin1Char('.')), qPrintable(error));
 }
 
-void TestNetlistReader::refusesFiles()
+void TestNetlistReader::reportsUnreadableFiles()
 {
     QString error;
     const auto refused = [&](const QString &path, const char *cause) {

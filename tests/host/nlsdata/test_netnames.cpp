@@ -45,7 +45,7 @@ private slots:
     void madeFromCells_data();
     void madeFromCells();
     void cells();
-    void hashesWhatItReads();
+    void hashesInput();
 };
 
 void TestNetNames::throughTheHierarchy()
@@ -178,7 +178,7 @@ void TestNetNames::cells()
                           QStringLiteral("d,SB_DFF,,t.v:1.1-2.2"), QStringLiteral("e,SB_DFF,,")}));
 }
 
-void TestNetNames::hashesWhatItReads()
+void TestNetNames::hashesInput()
 {
     // More than one step of the thread, and no multiple of it.
     NetlistJson json;

@@ -56,9 +56,9 @@ class TestEventManager : public QObject
 private slots:
     void cleanup() { QCOMPARE(EventBus::get()->subscriberCount(TYPE), 0); }
     void deliversByTypeOncePerHandler();
-    void survivesHandlersThatGo();
-    void leavesNewHandlersOutAndNobodyElse();
-    void nests();
+    void handlersMayBeDestroyedDuringDelivery();
+    void subscribersAddedDuringDeliveryWait();
+    void deliveriesNest();
 };
 
 void TestEventManager::deliversByTypeOncePerHandler()
@@ -74,7 +74,7 @@ void TestEventManager::deliversByTypeOncePerHandler()
     QCOMPARE(log.join(QLatin1Char(' ')), QStringLiteral("a b"));
 }
 
-void TestEventManager::survivesHandlersThatGo()
+void TestEventManager::handlersMayBeDestroyedDuringDelivery()
 {
     QStringList log;
     std::unique_ptr<Handler> a, b, c, d;
@@ -93,7 +93,7 @@ void TestEventManager::survivesHandlersThatGo()
 }
 
 /// Handlers that come during a delivery wait for the next one; the event may go meanwhile.
-void TestEventManager::leavesNewHandlersOutAndNobodyElse()
+void TestEventManager::subscribersAddedDuringDeliveryWait()
 {
     QStringList log;
     std::vector<std::unique_ptr<Handler>> added;
@@ -112,7 +112,7 @@ void TestEventManager::leavesNewHandlersOutAndNobodyElse()
     QCOMPARE(log.join(QLatin1Char(' ')), QStringLiteral("a7 b7 c7 d7"));
 }
 
-void TestEventManager::nests()
+void TestEventManager::deliveriesNest()
 {
     QStringList log;
     int depth = 0;

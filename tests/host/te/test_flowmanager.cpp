@@ -66,25 +66,25 @@ class TestFlowManager : public QObject
     Q_OBJECT
 
 private slots:
-    void runsInTheProjectFolder();
-    void failsPlainly_data();
-    void failsPlainly();
-    void stopsTheWholeTree_data();
-    void stopsTheWholeTree();
-    void restoresWhatARunChanged_data();
-    void restoresWhatARunChanged();
-    void endsIdleWithoutANewNetlist();
-    void noticesAResultReplacedFromOutside_data();
-    void noticesAResultReplacedFromOutside();
-    void waitsForAWholeNetlist();
+    void runsInProjectFolder();
+    void reportsFailure_data();
+    void reportsFailure();
+    void stopsProcessGroup_data();
+    void stopsProcessGroup();
+    void restoresFilesAfterFailedRun_data();
+    void restoresFilesAfterFailedRun();
+    void endsIdleWithoutNewNetlist();
+    void detectsNetlistReplacedByOtherProgram_data();
+    void detectsNetlistReplacedByOtherProgram();
+    void waitsForCompleteNetlist();
     void takesUpAnotherNetlistOfTheProject();
-    void startsAgainFromItsOwnEvent();
+    void restartsFromItsOwnEvent();
 
 private:
     FlowControl *const m_flow = FlowControl::get();
 };
 
-void TestFlowManager::runsInTheProjectFolder()
+void TestFlowManager::runsInProjectFolder()
 {
     TestHost host;
     m_flow->setWatching(true);
@@ -112,7 +112,7 @@ void TestFlowManager::runsInTheProjectFolder()
     QCOMPARE(states.text(), QStringLiteral("1 2"));
 }
 
-void TestFlowManager::failsPlainly_data()
+void TestFlowManager::reportsFailure_data()
 {
     QTest::addColumn<QString>("program");
     QTest::addColumn<QByteArray>("script");
@@ -127,7 +127,7 @@ void TestFlowManager::failsPlainly_data()
     QTest::newRow("nothing to run") << "" << QByteArray() << "no synthesis command";
 }
 
-void TestFlowManager::failsPlainly()
+void TestFlowManager::reportsFailure()
 {
     QFETCH(QString, program);
     QFETCH(QByteArray, script);
@@ -151,7 +151,7 @@ void TestFlowManager::failsPlainly()
              QStringList(QStringLiteral("netlist.json")));
 }
 
-void TestFlowManager::stopsTheWholeTree_data()
+void TestFlowManager::stopsProcessGroup_data()
 {
     QTest::addColumn<QByteArray>("script");
     QTest::newRow("project closed") << QByteArray("sleep 60 &\necho $!\nwait\n");
@@ -161,7 +161,7 @@ void TestFlowManager::stopsTheWholeTree_data()
         "(trap '' TERM; while :; do sleep 1; done) &\necho $!\nwait\n");
 }
 
-void TestFlowManager::stopsTheWholeTree()
+void TestFlowManager::stopsProcessGroup()
 {
     QFETCH(QByteArray, script);
     TestHost host;
@@ -187,7 +187,7 @@ void TestFlowManager::stopsTheWholeTree()
     QCOMPARE(host.read(QStringLiteral("impl/netlist.json")), TestHost::defaultNetlist());
 }
 
-void TestFlowManager::restoresWhatARunChanged_data()
+void TestFlowManager::restoresFilesAfterFailedRun_data()
 {
     QTest::addColumn<QByteArray>("script");
     QTest::newRow("nothing") << QByteArray();
@@ -199,7 +199,7 @@ void TestFlowManager::restoresWhatARunChanged_data()
 }
 
 /// A failed run leaves content, times and links as they were, and a user's own copies alone.
-void TestFlowManager::restoresWhatARunChanged()
+void TestFlowManager::restoresFilesAfterFailedRun()
 {
     QFETCH(QByteArray, script);
     TestHost host;
@@ -237,7 +237,7 @@ void TestFlowManager::restoresWhatARunChanged()
     }
 }
 
-void TestFlowManager::endsIdleWithoutANewNetlist()
+void TestFlowManager::endsIdleWithoutNewNetlist()
 {
     TestHost host;
     host.write(QStringLiteral("synth.sh"), "echo nothing to do\n");
@@ -251,14 +251,14 @@ void TestFlowManager::endsIdleWithoutANewNetlist()
     QTRY_COMPARE(states.text(), QStringLiteral("1 0 1 2"));
 }
 
-void TestFlowManager::noticesAResultReplacedFromOutside_data()
+void TestFlowManager::detectsNetlistReplacedByOtherProgram_data()
 {
     QTest::addColumn<QString>("how");
     for (const char *how : {"written in place", "renamed over", "folder made again"})
         QTest::newRow(how) << QString::fromLatin1(how);
 }
 
-void TestFlowManager::noticesAResultReplacedFromOutside()
+void TestFlowManager::detectsNetlistReplacedByOtherProgram()
 {
     QFETCH(QString, how);
     TestHost host;
@@ -296,7 +296,7 @@ void TestFlowManager::takesUpAnotherNetlistOfTheProject()
 }
 
 /// A tool empties its file first and may take minutes to fill it.
-void TestFlowManager::waitsForAWholeNetlist()
+void TestFlowManager::waitsForCompleteNetlist()
 {
     TestHost host;
     m_flow->setWatching(true);
@@ -327,7 +327,7 @@ void TestFlowManager::waitsForAWholeNetlist()
     QTRY_COMPARE(states.text(), QStringLiteral("1 0 2 2"));
 }
 
-void TestFlowManager::startsAgainFromItsOwnEvent()
+void TestFlowManager::restartsFromItsOwnEvent()
 {
     TestHost host;
     host.write(QStringLiteral("synth.sh"), "touch impl/netlist.json\n");

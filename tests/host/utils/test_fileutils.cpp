@@ -13,11 +13,11 @@ class TestFileUtils : public QObject
     Q_OBJECT
 
 private slots:
-    void remembersTheFolderOfEachCaption();
-    void survivesTheEndOfItsParent();
+    void remembersFolderPerCaption();
+    void survivesParentDeletion();
 };
 
-void TestFileUtils::remembersTheFolderOfEachCaption()
+void TestFileUtils::remembersFolderPerCaption()
 {
     TestHost host;
     for (const char *name : {"x.vcd", "a/x.vcd", "b/x.vcd"})
@@ -43,7 +43,7 @@ void TestFileUtils::remembersTheFolderOfEachCaption()
     QCOMPARE(choose("new", QString()), QDir(host.path(QString())).dirName());
 }
 
-void TestFileUtils::survivesTheEndOfItsParent()
+void TestFileUtils::survivesParentDeletion()
 {
     TestHost host;
     auto *parent = new QWidget;

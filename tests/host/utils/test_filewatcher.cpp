@@ -15,7 +15,7 @@ class TestFileWatcher : public QObject
 private slots:
     void init();
     void reportsForeignChanges();
-    void takesOwnWritesAsKnown();
+    void ignoresAcceptedWrites();
     void followsReplacedAndRemovedFiles();
     void followsStampsThroughLinksAndFolders();
 
@@ -75,7 +75,7 @@ void TestFileWatcher::reportsForeignChanges()
     QCOMPARE(changed.count(), 2);
 }
 
-void TestFileWatcher::takesOwnWritesAsKnown()
+void TestFileWatcher::ignoresAcceptedWrites()
 {
     FileWatcher watcher(FileWatcher::Compare::Content);
     FileWatcher witness(FileWatcher::Compare::Content);

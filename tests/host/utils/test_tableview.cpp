@@ -39,12 +39,12 @@ class TestTableView : public QObject
 private slots:
     void init();
     void cleanup() { m_window.reset(); }
-    void copiesWhatIsSelected();
+    void copiesSelection();
     void pastes_data();
     void pastes();
     void fillsDown();
-    void findsByFirstLetters();
-    void typesNumbers();
+    void typeAheadFindsRows();
+    void digitOpensEditor();
     void enterAndTab();
     void sharesWidths();
 
@@ -109,7 +109,7 @@ QString TestTableView::all() const
     return rows.join(QLatin1Char('|'));
 }
 
-void TestTableView::copiesWhatIsSelected()
+void TestTableView::copiesSelection()
 {
     m_model->setData(m_model->index(2, 2), QStringLiteral("a\t\"b\""), Qt::EditRole);
     select({2, 0}, 1);
@@ -172,7 +172,7 @@ void TestTableView::fillsDown()
     QCOMPARE(status(), QStringLiteral("0 cells changed, 2 cells refused."));
 }
 
-void TestTableView::findsByFirstLetters()
+void TestTableView::typeAheadFindsRows()
 {
     set(QStringLiteral("top 1 x|cpu/reg_1 2 y|cpu/reg_2 3 z|ctl 4 w"));
     select({0}, 1);
@@ -185,7 +185,7 @@ void TestTableView::findsByFirstLetters()
     QCOMPARE(row(), 1);
 }
 
-void TestTableView::typesNumbers()
+void TestTableView::digitOpensEditor()
 {
     select({0, 2, 3}, 1);
     const auto editor = [this] { return m_table->viewport()->findChild<QAbstractSpinBox *>(); };

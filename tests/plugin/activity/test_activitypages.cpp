@@ -37,17 +37,17 @@ private slots:
     void cleanupTestCase() { m_host.reset(); }
     void init();
     void cleanup() { m_view.reset(); }
-    void sectionsSurvive_data();
-    void sectionsSurvive();
-    void addsFromTheFinder_data();
-    void addsFromTheFinder();
-    void portShowsAndEdits();
-    void defaultsAreConfirmedByKey();
-    void bsramCellsByKind();
-    void bsramGrayIsNotTheSameAsFixed();
-    void clockNamesAreTyped();
-    void viewMayCloseUnderTheFinder();
-    void netlistMayChangeUnderTheFinder();
+    void sectionsRoundTrip_data();
+    void sectionsRoundTrip();
+    void addsFoundObjects_data();
+    void addsFoundObjects();
+    void editsPorts();
+    void keyConfirmsOfferedDefault();
+    void bsramEditableCellsByKind();
+    void bsramGrayDiffersFromReadOnly();
+    void validatesClockNames();
+    void viewClosedWhileFinderOpen();
+    void netlistReplacedWhileFinderOpen();
 
 private:
     QWidget *page(const QString &name) const
@@ -85,7 +85,7 @@ void TestActivityPages::init()
     m_view->setModified(false);
 }
 
-void TestActivityPages::sectionsSurvive_data()
+void TestActivityPages::sectionsRoundTrip_data()
 {
     QTest::addColumn<QString>("page");
     QTest::addColumn<QString>("read");
@@ -136,7 +136,7 @@ void TestActivityPages::sectionsSurvive_data()
           R"(<GlobalEnable value="0"><Clock name="c" quad1="0"/></GlobalEnable>)");
 }
 
-void TestActivityPages::sectionsSurvive()
+void TestActivityPages::sectionsRoundTrip()
 {
     QFETCH(QString, page);
     QFETCH(QString, read);
@@ -145,7 +145,7 @@ void TestActivityPages::sectionsSurvive()
     QCOMPARE(this->written(page), written);
 }
 
-void TestActivityPages::addsFromTheFinder_data()
+void TestActivityPages::addsFoundObjects_data()
 {
     QTest::addColumn<QString>("written");
     QTest::newRow("VLT::PortSetWidget")
@@ -172,7 +172,7 @@ void TestActivityPages::addsFromTheFinder_data()
     QTest::newRow("VLT::BsramSetWidget") << rams + QStringLiteral("</GlobalBsram>");
 }
 
-void TestActivityPages::addsFromTheFinder()
+void TestActivityPages::addsFoundObjects()
 {
     QFETCH(QString, written);
     const QString name = QString::fromLatin1(QTest::currentDataTag());
@@ -186,7 +186,7 @@ void TestActivityPages::addsFromTheFinder()
     }
 }
 
-void TestActivityPages::portShowsAndEdits()
+void TestActivityPages::editsPorts()
 {
     const QString name = QStringLiteral("VLT::PortSetWidget");
     read(name, QStringLiteral(R"(<PortOutEnable><Port name="a"/><Port name="b" type="2"/>)"
@@ -209,7 +209,7 @@ void TestActivityPages::portShowsAndEdits()
     QVERIFY(m_view->isModified());
 }
 
-void TestActivityPages::defaultsAreConfirmedByKey()
+void TestActivityPages::keyConfirmsOfferedDefault()
 {
     const QString name = QStringLiteral("VLT::DFFSetWidget");
     const QString section = QStringLiteral(R"(<LocalEnable><Instance name="a"/>)"
@@ -243,7 +243,7 @@ void TestActivityPages::defaultsAreConfirmedByKey()
     QVERIFY(written(name).contains(QLatin1String(R"("33.333")")));
 }
 
-void TestActivityPages::bsramCellsByKind()
+void TestActivityPages::bsramEditableCellsByKind()
 {
     const QString name = QStringLiteral("VLT::BsramSetWidget");
     const char *editable[] = {"12", "123",  "1345",   "123456", "1345",
@@ -262,7 +262,7 @@ void TestActivityPages::bsramCellsByKind()
     }
 }
 
-void TestActivityPages::bsramGrayIsNotTheSameAsFixed()
+void TestActivityPages::bsramGrayDiffersFromReadOnly()
 {
     const QString name = QStringLiteral("VLT::BsramSetWidget");
     read(name, QStringLiteral(
@@ -277,7 +277,7 @@ void TestActivityPages::bsramGrayIsNotTheSameAsFixed()
     QVERIFY(m_view->isModified());
 }
 
-void TestActivityPages::clockNamesAreTyped()
+void TestActivityPages::validatesClockNames()
 {
     auto *clocks =
         qobject_cast<ClockEnableSetWidget *>(page(QStringLiteral("VLT::ClockEnableSetWidget")));
@@ -314,7 +314,7 @@ void TestActivityPages::clockNamesAreTyped()
     QCOMPARE(table(clocks)->model()->rowCount(), 3);
 }
 
-void TestActivityPages::viewMayCloseUnderTheFinder()
+void TestActivityPages::viewClosedWhileFinderOpen()
 {
     auto *ports = qobject_cast<PortSetWidget *>(page(QStringLiteral("VLT::PortSetWidget")));
     const ModalDriver driver([this](QWidget *) { m_view.reset(); });
@@ -322,7 +322,7 @@ void TestActivityPages::viewMayCloseUnderTheFinder()
     QVERIFY(!m_view);
 }
 
-void TestActivityPages::netlistMayChangeUnderTheFinder()
+void TestActivityPages::netlistReplacedWhileFinderOpen()
 {
     auto *ports = qobject_cast<PortSetWidget *>(page(QStringLiteral("VLT::PortSetWidget")));
     const NlsData::Netlist *old = m_view->getNetlist();

@@ -19,26 +19,26 @@ private slots:
     void cleanup() { m_host.reset(); }
     void cleanupTestCase() { m_plugin.shutDown(); }
 
-    void everyEditMarksTheDocument_data();
-    void everyEditMarksTheDocument();
-    void enablingChain_data();
-    void enablingChain();
-    void fileIsRead_data();
-    void fileIsRead();
-    void gradeGivesTheJunctionRange();
-    void disabledAncestorDropsNothing();
+    void everyEditMarksDocument_data();
+    void everyEditMarksDocument();
+    void choicesEnableFields_data();
+    void choicesEnableFields();
+    void readsFile_data();
+    void readsFile();
+    void gradeSetsJunctionRange();
+    void disabledParentKeepsValues();
     void commaLocaleKeepsEveryValue();
-    void wheelOverAComboChangesNothing();
+    void wheelDoesNotChangeCombo();
     void labelsDimWithTheirFields();
-    void columnsFollowTheFont();
-    void fieldsHaveNamesOfTheirOwn();
+    void columnsStayAlignedInLargeFont();
+    void fieldsHaveUniqueAccessibleNames();
 
 private:
     VLT::VLTSettingPlugin m_plugin;
     QScopedPointer<TestHost> m_host;
 };
 
-void TestVLTCommonWidget::everyEditMarksTheDocument_data()
+void TestVLTCommonWidget::everyEditMarksDocument_data()
 {
     QTest::addColumn<QByteArray>("widget");
     for (const char *name :
@@ -49,7 +49,7 @@ void TestVLTCommonWidget::everyEditMarksTheDocument_data()
         QTest::newRow(name) << QByteArray(name);
 }
 
-void TestVLTCommonWidget::everyEditMarksTheDocument()
+void TestVLTCommonWidget::everyEditMarksDocument()
 {
     QFETCH(QByteArray, widget);
     const ConditionsPage page(*m_host, "<HeatSink>Custom</HeatSink>"
@@ -70,7 +70,7 @@ void TestVLTCommonWidget::everyEditMarksTheDocument()
     QVERIFY(page.view->isModified());
 }
 
-void TestVLTCommonWidget::enablingChain_data()
+void TestVLTCommonWidget::choicesEnableFields_data()
 {
     QTest::addColumn<QStringList>("clicks");
     QTest::addColumn<QString>("enabled");
@@ -110,7 +110,7 @@ void TestVLTCommonWidget::enablingChain_data()
         chain + QStringLiteral(" lineEditJA"), "AmbientTemp=25 CustomThetaJA=25");
 }
 
-void TestVLTCommonWidget::enablingChain()
+void TestVLTCommonWidget::choicesEnableFields()
 {
     QFETCH(QStringList, clicks);
     const ConditionsPage page(*m_host);
@@ -124,7 +124,7 @@ void TestVLTCommonWidget::enablingChain()
     QTEST(page.saved().remove(fixed).trimmed(), "saved");
 }
 
-void TestVLTCommonWidget::fileIsRead_data()
+void TestVLTCommonWidget::readsFile_data()
 {
     QTest::addColumn<QByteArray>("elements");
     QTest::addColumn<QString>("saved"); // without voltages
@@ -162,7 +162,7 @@ void TestVLTCommonWidget::fileIsRead_data()
         "TempGrade=Commercial Process=Typical JunctionTemp=-12.5");
 }
 
-void TestVLTCommonWidget::fileIsRead()
+void TestVLTCommonWidget::readsFile()
 {
     QFETCH(QByteArray, elements);
     const ConditionsPage page(*m_host, elements);
@@ -170,7 +170,7 @@ void TestVLTCommonWidget::fileIsRead()
     QTEST(page.saved().remove(QStringLiteral("VCC=1 VCCX=3.3 VCC_LDO=1.2")).simplified(), "saved");
 }
 
-void TestVLTCommonWidget::gradeGivesTheJunctionRange()
+void TestVLTCommonWidget::gradeSetsJunctionRange()
 {
     // "Commercial" is the first grade, so reading it changes no index and no range.
     const ConditionsPage page(*m_host, "<TempGrade>Commercial</TempGrade>"
@@ -188,7 +188,7 @@ void TestVLTCommonWidget::gradeGivesTheJunctionRange()
     choose(1, -40, 100, 85);
 }
 
-void TestVLTCommonWidget::disabledAncestorDropsNothing()
+void TestVLTCommonWidget::disabledParentKeepsValues()
 {
     const ConditionsPage page(*m_host);
     const QString before = page.saved();
@@ -226,7 +226,7 @@ void TestVLTCommonWidget::commaLocaleKeepsEveryValue()
     QLocale::setDefault(QLocale::c());
 }
 
-void TestVLTCommonWidget::wheelOverAComboChangesNothing()
+void TestVLTCommonWidget::wheelDoesNotChangeCombo()
 {
     const ConditionsPage page(*m_host);
     QWheelEvent event(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, -120), Qt::NoButton,
@@ -252,7 +252,7 @@ void TestVLTCommonWidget::labelsDimWithTheirFields()
     QCOMPARE(color(), bright);
 }
 
-void TestVLTCommonWidget::columnsFollowTheFont()
+void TestVLTCommonWidget::columnsStayAlignedInLargeFont()
 {
     const ConditionsPage page(*m_host);
     page.view->window()->resize(1600, 1400);
@@ -270,7 +270,7 @@ void TestVLTCommonWidget::columnsFollowTheFont()
         QTRY_COMPARE(left(name), left("spinAmbTemp"));
 }
 
-void TestVLTCommonWidget::fieldsHaveNamesOfTheirOwn()
+void TestVLTCommonWidget::fieldsHaveUniqueAccessibleNames()
 {
     const ConditionsPage page(*m_host);
     QSet<QString> names;

@@ -11,22 +11,22 @@ private slots:
     void initTestCase() { QVERIFY(m_plugin.initialize()); }
     void cleanupTestCase() { m_plugin.shutDown(); }
 
-    void deviceDecides_data();
-    void deviceDecides();
-    void storedValueIsChecked_data();
-    void storedValueIsChecked();
-    void tieMovesTheFollower_data();
-    void tieMovesTheFollower();
-    void hiddenSupplyIsLeftAlone();
-    void fixedModels();
-    void rangeIsTold();
-    void deviceChangeAppliesTheRules();
+    void suppliesShownPerDevice_data();
+    void suppliesShownPerDevice();
+    void checksStoredVoltage_data();
+    void checksStoredVoltage();
+    void tiedSuppliesMoveTogether_data();
+    void tiedSuppliesMoveTogether();
+    void hiddenSupplyIsDropped();
+    void modelsWithFixedVccx();
+    void showsVoltageRange();
+    void deviceChangeAppliesSupplyRules();
 
 private:
     VLT::VLTSettingPlugin m_plugin;
 };
 
-void TestVLTVoltages::deviceDecides_data()
+void TestVLTVoltages::suppliesShownPerDevice_data()
 {
     QTest::addColumn<QString>("device");
     QTest::addColumn<QString>("supplies"); // shown; in parentheses when the user cannot set it
@@ -44,7 +44,7 @@ void TestVLTVoltages::deviceDecides_data()
     add("QF2-22-QN48", "VCC (VCCX) (VCCLDO)", "VCC=1.2 VCCX=1.2 VCC_LDO=1.2");
 }
 
-void TestVLTVoltages::deviceDecides()
+void TestVLTVoltages::suppliesShownPerDevice()
 {
     QFETCH(QString, device);
     QFETCH(QString, saved);
@@ -65,7 +65,7 @@ void TestVLTVoltages::deviceDecides()
     QVERIFY2(page.saved().contains(saved + QLatin1Char(' ')), qPrintable(page.saved()));
 }
 
-void TestVLTVoltages::storedValueIsChecked_data()
+void TestVLTVoltages::checksStoredVoltage_data()
 {
     QTest::addColumn<QByteArray>("stored"); // VCC of a device with 0.9 to 1.1, default 1.0
     QTest::addColumn<double>("value");
@@ -79,7 +79,7 @@ void TestVLTVoltages::storedValueIsChecked_data()
     QTest::newRow("no number") << QByteArray("x") << 1.0;
 }
 
-void TestVLTVoltages::storedValueIsChecked()
+void TestVLTVoltages::checksStoredVoltage()
 {
     QFETCH(QByteArray, stored);
     QFETCH(double, value);
@@ -89,7 +89,7 @@ void TestVLTVoltages::storedValueIsChecked()
     QCOMPARE(page.view->isModified(), value == 1.0); // a replaced value is a change
 }
 
-void TestVLTVoltages::tieMovesTheFollower_data()
+void TestVLTVoltages::tiedSuppliesMoveTogether_data()
 {
     QTest::addColumn<QString>("device");
     QTest::addColumn<QByteArray>("edited");
@@ -109,7 +109,7 @@ void TestVLTVoltages::tieMovesTheFollower_data()
     add("QF2-22-QN48", "doubleSpinVCC", 1.25, {1.25, 1.25, 1.2});
 }
 
-void TestVLTVoltages::tieMovesTheFollower()
+void TestVLTVoltages::tiedSuppliesMoveTogether()
 {
     QFETCH(QString, device);
     QFETCH(QByteArray, edited);
@@ -124,7 +124,7 @@ void TestVLTVoltages::tieMovesTheFollower()
     QVERIFY(page.view->isModified());
 }
 
-void TestVLTVoltages::hiddenSupplyIsLeftAlone()
+void TestVLTVoltages::hiddenSupplyIsDropped()
 {
     const TestHost host(QStringLiteral("QF2-12-LQ144"));
     const ConditionsPage page(host, "<VCCX>2.5</VCCX>");
@@ -133,7 +133,7 @@ void TestVLTVoltages::hiddenSupplyIsLeftAlone()
     QCOMPARE(page.spin("doubleSpinVCCX")->value(), 0.0);
 }
 
-void TestVLTVoltages::fixedModels()
+void TestVLTVoltages::modelsWithFixedVccx()
 {
     const TestHost host(QStringLiteral("QF1-05-LQ144"));
     const ConditionsPage page(host);
@@ -150,7 +150,7 @@ void TestVLTVoltages::fixedModels()
     }
 }
 
-void TestVLTVoltages::rangeIsTold()
+void TestVLTVoltages::showsVoltageRange()
 {
     struct StatusTips : QObject
     {
@@ -180,7 +180,7 @@ void TestVLTVoltages::rangeIsTold()
                 .endsWith(QLatin1String("; one supply with VCC on this device")));
 }
 
-void TestVLTVoltages::deviceChangeAppliesTheRules()
+void TestVLTVoltages::deviceChangeAppliesSupplyRules()
 {
     const TestHost host;
     const ConditionsPage page(host);

@@ -35,12 +35,12 @@ class TestConfiguration : public QObject
 
 private slots:
     void readsEverySection();
-    void writesWhatTheEditorSaved();
-    void remarksOnWhatOpeningChanges_data();
-    void remarksOnWhatOpeningChanges();
-    void refusesWithLineAndCause_data();
-    void refusesWithLineAndCause();
-    void namesTheTextThatCannotBeWritten();
+    void savedFileRoundTrips();
+    void reportsWhatOpeningChanges_data();
+    void reportsWhatOpeningChanges();
+    void reportsLineAndCauseOfErrors_data();
+    void reportsLineAndCauseOfErrors();
+    void namesUnwritableText();
 };
 
 void TestConfiguration::readsEverySection()
@@ -67,7 +67,7 @@ void TestConfiguration::readsEverySection()
     QCOMPARE(report.lines.elements.value(QStringLiteral("FilterGlitch")), 25);
 }
 
-void TestConfiguration::writesWhatTheEditorSaved()
+void TestConfiguration::savedFileRoundTrips()
 {
     ReadReport report;
     QByteArray bytes;
@@ -88,7 +88,7 @@ void TestConfiguration::writesWhatTheEditorSaved()
     QVERIFY(readConfiguration(bytes, &report) == read);
 }
 
-void TestConfiguration::remarksOnWhatOpeningChanges_data()
+void TestConfiguration::reportsWhatOpeningChanges_data()
 {
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("remarks");
@@ -124,7 +124,7 @@ void TestConfiguration::remarksOnWhatOpeningChanges_data()
         "choice 4 AirFlow 150 0|choice 4 HeatSink none");
 }
 
-void TestConfiguration::remarksOnWhatOpeningChanges()
+void TestConfiguration::reportsWhatOpeningChanges()
 {
     QFETCH(QByteArray, content);
     ReadReport report;
@@ -136,7 +136,7 @@ void TestConfiguration::remarksOnWhatOpeningChanges()
     QTEST(lines.join(QLatin1Char('|')), "remarks");
 }
 
-void TestConfiguration::refusesWithLineAndCause_data()
+void TestConfiguration::reportsLineAndCauseOfErrors_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<int>("line");
@@ -151,7 +151,7 @@ void TestConfiguration::refusesWithLineAndCause_data()
         << head + "<Config>\n<GlobalEnable \xc2\xa0value='1'/></Config>" << 4 << QString();
 }
 
-void TestConfiguration::refusesWithLineAndCause()
+void TestConfiguration::reportsLineAndCauseOfErrors()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QString, cause);
@@ -162,7 +162,7 @@ void TestConfiguration::refusesWithLineAndCause()
     QVERIFY2(report.error.contains(cause) && !report.error.isEmpty(), qPrintable(report.error));
 }
 
-void TestConfiguration::namesTheTextThatCannotBeWritten()
+void TestConfiguration::namesUnwritableText()
 {
     const QString half = QStringLiteral("c") + QChar(0xd800);
     const QList<QPair<QString, QString>> cases = {

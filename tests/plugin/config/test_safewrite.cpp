@@ -44,11 +44,11 @@ class TestSafeWrite : public QObject
 private slots:
     void init() { m_folder.reset(new QTemporaryDir); }
 
-    void replacesWholeOrNotAtAll_data();
-    void replacesWholeOrNotAtAll();
+    void replacesAtomically_data();
+    void replacesAtomically();
     void keepsLinksAndPermissions();
-    void createsWholeOrNotAtAll();
-    void whatCannotBeOpened();
+    void createsAtomically();
+    void reportsUnwritablePaths();
 
 private:
     QString path(const QString &name) const { return m_folder->filePath(name); }
@@ -72,7 +72,7 @@ private:
     QScopedPointer<QTemporaryDir> m_folder;
 };
 
-void TestSafeWrite::replacesWholeOrNotAtAll_data()
+void TestSafeWrite::replacesAtomically_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<int>("oldSize"); // -1: no file
@@ -99,7 +99,7 @@ void TestSafeWrite::replacesWholeOrNotAtAll_data()
     }
 }
 
-void TestSafeWrite::replacesWholeOrNotAtAll()
+void TestSafeWrite::replacesAtomically()
 {
     QFETCH(QString, kind);
     QFETCH(int, oldSize);
@@ -158,7 +158,7 @@ void TestSafeWrite::keepsLinksAndPermissions()
     QCOMPARE(after.st_gid, before.st_gid);
 }
 
-void TestSafeWrite::createsWholeOrNotAtAll()
+void TestSafeWrite::createsAtomically()
 {
     const QString file = path(QStringLiteral("file"));
     const QByteArray bytes(LIMIT + 1, 'n');
@@ -172,7 +172,7 @@ void TestSafeWrite::createsWholeOrNotAtAll()
     QCOMPARE(read(QStringLiteral("file")), bytes);
 }
 
-void TestSafeWrite::whatCannotBeOpened()
+void TestSafeWrite::reportsUnwritablePaths()
 {
     const auto outcome = [](const QString &path) {
         return int(VLT::replaceFile(path, "new").outcome);

@@ -15,14 +15,14 @@ class TestVlrFile : public QObject
     Q_OBJECT
 
 private slots:
-    void contentIsRecognised_data();
-    void contentIsRecognised();
+    void recognizesContent_data();
+    void recognizesContent();
     void entitiesAreNotExpanded_data();
     void entitiesAreNotExpanded();
-    void envelopeIsWritten();
+    void writesEnvelope();
 };
 
-void TestVlrFile::contentIsRecognised_data()
+void TestVlrFile::recognizesContent_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<VlrContent>("content");
@@ -71,7 +71,7 @@ void TestVlrFile::contentIsRecognised_data()
     add("not XML", QByteArray("\x7f\x45\x4c\x46\0\0", 6), VlrContent::Invalid);
 }
 
-void TestVlrFile::contentIsRecognised()
+void TestVlrFile::recognizesContent()
 {
     QFETCH(QByteArray, bytes);
     QTEST(VLT::inspectFile(bytes), "content");
@@ -104,7 +104,7 @@ void TestVlrFile::entitiesAreNotExpanded()
     QVERIFY2(peak() - before < 50, qPrintable(QString::number(peak() - before)));
 }
 
-void TestVlrFile::envelopeIsWritten()
+void TestVlrFile::writesEnvelope()
 {
     const auto section = [](QXmlStreamWriter *writer) {
         writer->writeStartElement(QStringLiteral("NetRate"));

@@ -32,21 +32,21 @@ private slots:
     void cleanup() { m_host.reset(); }
     void cleanupTestCase() { m_plugin.shutDown(); }
 
-    void titleFollowsTheState();
-    void reloadShowsTheBanner();
-    void netlistIsKeptForWhoHoldsIt();
+    void titleShowsModification();
+    void netlistReloadShowsBanner();
+    void heldNetlistStaysAlive();
     void failedReloadClosesOnce();
-    void readableNetlistKeepsTheView();
+    void readableNetlistKeepsView();
     void closeQuestion_data();
     void closeQuestion();
-    void viewMayGoWhileItAsks();
-    void deviceWithoutVoltages();
-    void halfAFileDoesNotOpen_data();
-    void halfAFileDoesNotOpen();
-    void failedSaveKeepsTheChanges();
-    void openEditorIsSaved();
-    void refusedCloseKeepsWhatIsTyped();
-    void messagesShowWholeNames();
+    void deletedWhileConfirming();
+    void deviceWithoutSuppliesClosesViews();
+    void rejectsPartlyParsedFile_data();
+    void rejectsPartlyParsedFile();
+    void failedSaveKeepsChanges();
+    void savesOpenEditor();
+    void refusedCloseKeepsTypedText();
+    void messagesShowLongNamesInFull();
     void savedFileIsValidAndStable();
 
 private:
@@ -77,7 +77,7 @@ private:
         QVERIFY(editor);
         QTest::keyClicks(editor, QStringLiteral("new"));
     }
-    void synthesise(const QByteArray &netlist)
+    void synthesize(const QByteArray &netlist)
     {
         m_host->useNetlist(netlist);
         m_host->finishSynthesis();
@@ -87,7 +87,7 @@ private:
     QScopedPointer<TestHost> m_host;
 };
 
-void TestVLTView::titleFollowsTheState()
+void TestVLTView::titleShowsModification()
 {
     VLTView *view = open();
     QCOMPARE(view->windowTitle(), QStringLiteral("a.vlr"));
@@ -108,7 +108,7 @@ void TestVLTView::titleFollowsTheState()
     QVERIFY(view->save());
 }
 
-void TestVLTView::reloadShowsTheBanner()
+void TestVLTView::netlistReloadShowsBanner()
 {
     VLTView *view = open();
     const NlsData::Netlist *old = view->getNetlist();
@@ -118,7 +118,7 @@ void TestVLTView::reloadShowsTheBanner()
                        {QStringLiteral("status"), process == QByteArray("Process.Pnr") ? 2 : 1}});
     QTest::qWait(0);
     QCOMPARE(view->getNetlist(), old);
-    synthesise(TestHost::defaultNetlist());
+    synthesize(TestHost::defaultNetlist());
     QVERIFY(!banner(view)); // not inside the event
     QTRY_VERIFY(banner(view));
     QVERIFY(view->getNetlist() != old);
@@ -126,13 +126,13 @@ void TestVLTView::reloadShowsTheBanner()
     QCOMPARE(view->layout()->itemAt(0)->widget(), first);
     QTest::mouseClick(first->findChild<QPushButton *>(), Qt::LeftButton);
     QVERIFY(first->isHidden());
-    synthesise(TestHost::defaultNetlist());
+    synthesize(TestHost::defaultNetlist());
     QTRY_VERIFY(!first->isHidden());
     QCOMPARE(banner(view), first);
     QVERIFY(!view->isModified());
 }
 
-void TestVLTView::netlistIsKeptForWhoHoldsIt()
+void TestVLTView::heldNetlistStaysAlive()
 {
     VLTView *view = open();
     std::shared_ptr<NlsData::Netlist> held = view->holdNetlist();
@@ -140,7 +140,7 @@ void TestVLTView::netlistIsKeptForWhoHoldsIt()
     // As a page does that runs a dialog on the netlist's objects.
     const NlsData::Port *port = held->ports().first();
     ModalDriver driver([&](QWidget *dialog) {
-        synthesise(TestHost::defaultNetlist());
+        synthesize(TestHost::defaultNetlist());
         QTRY_VERIFY(view->getNetlist() != held.get()); // at once, while the dialog is open
         dialog->close();
     });
@@ -160,7 +160,7 @@ void TestVLTView::failedReloadClosesOnce()
         QCOMPARE(QApplication::activeModalWidget(), dialog);
         QTest::keyClick(dialog, Qt::Key_Return);
     });
-    synthesise("{");
+    synthesize("{");
     QTRY_COMPARE(closed.size(), 1);
     finishDeletions();
     QVERIFY(!view);
@@ -169,16 +169,16 @@ void TestVLTView::failedReloadClosesOnce()
                                            "netlist file. VLR view will be closed"));
 }
 
-void TestVLTView::readableNetlistKeepsTheView()
+void TestVLTView::readableNetlistKeepsView()
 {
     const QPointer<VLTView> view = open();
     const NlsData::Netlist *old = view->getNetlist();
     ModalDriver driver([&](QWidget *dialog) {
         const QPointer<QWidget> message = dialog;
-        synthesise(TestHost::defaultNetlist()); // the next run, while the first one's end is told
+        synthesize(TestHost::defaultNetlist()); // the next run, while the first one's end is told
         QTRY_VERIFY(!message || !message->isVisible());
     });
-    synthesise("{");
+    synthesize("{");
     QTRY_VERIFY(banner(view));
     QTest::qWait(0);
     QVERIFY(view && VLTViewManager::vltViews().contains(view));
@@ -218,7 +218,7 @@ void TestVLTView::closeQuestion()
     QTEST(saved, "saves");
 }
 
-void TestVLTView::viewMayGoWhileItAsks()
+void TestVLTView::deletedWhileConfirming()
 {
     auto *view = new VLTView(m_host->device(), nullptr);
     QVERIFY(view->getVoltageInfo());
@@ -230,7 +230,7 @@ void TestVLTView::viewMayGoWhileItAsks()
     QVERIFY(!event.isAccepted());
 }
 
-void TestVLTView::deviceWithoutVoltages()
+void TestVLTView::deviceWithoutSuppliesClosesViews()
 {
     const auto changeDevice = [this] { m_host->setDevice(QString::fromLatin1(NO_VOLTAGE_DEVICE)); };
     for (const char *dialog : {"", "message", "question"}) {
@@ -257,7 +257,7 @@ void TestVLTView::deviceWithoutVoltages()
     }
 }
 
-void TestVLTView::halfAFileDoesNotOpen_data()
+void TestVLTView::rejectsPartlyParsedFile_data()
 {
     QTest::addColumn<QByteArray>("inTag");
     QTest::newRow("no-break space") << QByteArray("\xc2\xa0");
@@ -265,7 +265,7 @@ void TestVLTView::halfAFileDoesNotOpen_data()
     QTest::newRow("byte order mark") << QByteArray("\xef\xbb\xbf");
 }
 
-void TestVLTView::halfAFileDoesNotOpen()
+void TestVLTView::rejectsPartlyParsedFile()
 {
     QFETCH(QByteArray, inTag);
     const QByteArray bytes = "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG><Config><GlobalEnable " +
@@ -276,7 +276,7 @@ void TestVLTView::halfAFileDoesNotOpen()
     QVERIFY(!view.readCfgFile(m_host->write(QStringLiteral("a.vlr"), bytes)));
 }
 
-void TestVLTView::failedSaveKeepsTheChanges()
+void TestVLTView::failedSaveKeepsChanges()
 {
     VLTView *view = open();
     view->setModified(true);
@@ -302,7 +302,7 @@ void TestVLTView::failedSaveKeepsTheChanges()
     QVERIFY(view->save());
 }
 
-void TestVLTView::openEditorIsSaved()
+void TestVLTView::savesOpenEditor()
 {
     VLTView *view = open();
     QStandardItemModel model(1, 2);
@@ -314,7 +314,7 @@ void TestVLTView::openEditorIsSaved()
     QVERIFY(!view->isModified()); // the editor has gone without a second commit
 }
 
-void TestVLTView::refusedCloseKeepsWhatIsTyped()
+void TestVLTView::refusedCloseKeepsTypedText()
 {
     VLTView *view = open();
     QStandardItemModel model(1, 2);
@@ -326,7 +326,7 @@ void TestVLTView::refusedCloseKeepsWhatIsTyped()
     QCOMPARE(model.item(0)->text(), QStringLiteral("new"));
 }
 
-void TestVLTView::messagesShowWholeNames()
+void TestVLTView::messagesShowLongNamesInFull()
 {
     const QString name = QString(200, QLatin1Char('m')) + QStringLiteral("_end");
     ModalDriver driver([&](QWidget *dialog) {

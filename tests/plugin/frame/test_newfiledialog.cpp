@@ -18,9 +18,9 @@ class TestNewFileDialog : public QObject
     Q_OBJECT
 
 private slots:
-    void refusesInTheLabel();
-    void leavesNoFragment();
-    void createsTheFileInANewFolder();
+    void showsErrorsInLabel();
+    void failedCreationLeavesNoFile();
+    void createsFileInNewFolder();
 };
 
 namespace {
@@ -43,7 +43,7 @@ QString pressOk(QWidget *dialog)
 
 } // namespace
 
-void TestNewFileDialog::refusesInTheLabel()
+void TestNewFileDialog::showsErrorsInLabel()
 {
     TestHost host;
     const QString taken = host.write(QStringLiteral("sub/taken.vlr"), "x");
@@ -70,7 +70,7 @@ void TestNewFileDialog::refusesInTheLabel()
     QCOMPARE(host.read(QStringLiteral("sub/taken.vlr")), QByteArray("x"));
 }
 
-void TestNewFileDialog::leavesNoFragment()
+void TestNewFileDialog::failedCreationLeavesNoFile()
 {
     TestHost host;
     std::signal(SIGXFSZ, SIG_IGN);
@@ -91,7 +91,7 @@ void TestNewFileDialog::leavesNoFragment()
     QCOMPARE(host.read(QStringLiteral("a.vlr")), VLT::emptyFile());
 }
 
-void TestNewFileDialog::createsTheFileInANewFolder()
+void TestNewFileDialog::createsFileInNewFolder()
 {
     TestHost host;
     ModalDriver driver([&](QWidget *dialog) {

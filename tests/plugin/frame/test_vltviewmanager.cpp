@@ -38,17 +38,17 @@ private slots:
     void cleanup() { m_host.reset(); }
     void cleanupTestCase();
 
-    void managerIsCreatedBeforeTheApplication() { QVERIFY(g_managerCameFirst); }
+    void managerExistsBeforeApplication() { QVERIFY(g_managerCameFirst); }
     void opensFilesOnly_data();
     void opensFilesOnly();
-    void refusalIsTold_data();
-    void refusalIsTold();
-    void oneFileIsOpenOnce();
-    void fileOpenedAgainWhileTheNetlistIsRead();
-    void saveFollowsTheActiveView();
-    void saveFollowsTheOpenEditor();
-    void typedTextSurvivesMenus_data();
-    void typedTextSurvivesMenus();
+    void reportsWhyFileDoesNotOpen_data();
+    void reportsWhyFileDoesNotOpen();
+    void reopeningShowsExistingView();
+    void reopenedWhileReadingNetlist();
+    void saveCommandFollowsActiveView();
+    void saveCommandFollowsOpenEditor();
+    void menusKeepTypedText_data();
+    void menusKeepTypedText();
 
 private:
     QAction *saveCommand() const
@@ -123,7 +123,7 @@ void TestVLTViewManager::opensFilesOnly()
     QVERIFY(VLTViewManager::vltViews().isEmpty());
 }
 
-void TestVLTViewManager::refusalIsTold_data()
+void TestVLTViewManager::reportsWhyFileDoesNotOpen_data()
 {
     QTest::addColumn<QString>("device");
     QTest::addColumn<QByteArray>("netlist");
@@ -147,7 +147,7 @@ void TestVLTViewManager::refusalIsTold_data()
                              << QStringLiteral("Error: Can not open %1:\nInvalid VLR file.");
 }
 
-void TestVLTViewManager::refusalIsTold()
+void TestVLTViewManager::reportsWhyFileDoesNotOpen()
 {
     QFETCH(QString, device);
     QFETCH(QByteArray, netlist);
@@ -170,7 +170,7 @@ void TestVLTViewManager::refusalIsTold()
     VLTViewManager::openView(m_host->device(), QString()); // says nothing
 }
 
-void TestVLTViewManager::oneFileIsOpenOnce()
+void TestVLTViewManager::reopeningShowsExistingView()
 {
     const VLT::VLTView *first = open("a.vlr");
     open("b.vlr");
@@ -189,7 +189,7 @@ void TestVLTViewManager::oneFileIsOpenOnce()
     QCOMPARE(VLTViewManager::vltViews().size(), 1);
 }
 
-void TestVLTViewManager::fileOpenedAgainWhileTheNetlistIsRead()
+void TestVLTViewManager::reopenedWhileReadingNetlist()
 {
     const QString path = m_host->write(QStringLiteral("a.vlr"), EMPTY);
     bool openedInside = false;
@@ -205,7 +205,7 @@ void TestVLTViewManager::fileOpenedAgainWhileTheNetlistIsRead()
     QVERIFY(VLTViewManager::vltViews().isEmpty());
 }
 
-void TestVLTViewManager::saveFollowsTheActiveView()
+void TestVLTViewManager::saveCommandFollowsActiveView()
 {
     VLT::VLTView *first = open("first.vlr");
     VLT::VLTView *second = open("second.vlr");
@@ -228,7 +228,7 @@ void TestVLTViewManager::saveFollowsTheActiveView()
     QCOMPARE(m_host->read(QStringLiteral("first.vlr")), EMPTY);
 }
 
-void TestVLTViewManager::saveFollowsTheOpenEditor()
+void TestVLTViewManager::saveCommandFollowsOpenEditor()
 {
     VLT::VLTView *view = open("a.vlr", fileWith(" value=\"12.5\""));
     m_host->viewManager()->area()->show();
@@ -267,7 +267,7 @@ void TestVLTViewManager::saveFollowsTheOpenEditor()
     QVERIFY(!view->isModified() && !saveCommand()->isEnabled());
 }
 
-void TestVLTViewManager::typedTextSurvivesMenus_data()
+void TestVLTViewManager::menusKeepTypedText_data()
 {
     QTest::addColumn<QByteArray>("before");
     QTest::addColumn<QString>("typed");
@@ -282,7 +282,7 @@ void TestVLTViewManager::typedTextSurvivesMenus_data()
 }
 
 // With the mouse, which leaves the keyboard focus where it is.
-void TestVLTViewManager::typedTextSurvivesMenus()
+void TestVLTViewManager::menusKeepTypedText()
 {
     QFETCH(QByteArray, before);
     QFETCH(QString, typed);

@@ -32,7 +32,7 @@ class TestModuleInstSelectDialog : public QObject
 
 private slots:
     void filters();
-    void keepsUpWithTyping();
+    void filtersLongListWhileTyping();
 
 private:
     std::unique_ptr<NlsData::Netlist> read(const NetlistJson &json) const
@@ -71,7 +71,7 @@ void TestModuleInstSelectDialog::filters()
 
 /// The list that typing, correcting and clearing leaves is the list that a plain search gives, with
 /// more entries than one turn of the event loop can list.
-void TestModuleInstSelectDialog::keepsUpWithTyping()
+void TestModuleInstSelectDialog::filtersLongListWhileTyping()
 {
     NetlistJson json;
     auto &top = json.module("top").top();

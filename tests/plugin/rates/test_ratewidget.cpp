@@ -78,8 +78,8 @@ private slots:
     void sortsValuesAsText();
     void asksBeforeChangingUnit();
     void addsNets();
-    void survivesNewNetlistAndClosing();
-    void checksBothTables();
+    void netlistReplacedOrViewClosedWhilePickerOpen();
+    void reportsEmptyRates();
 
 private:
     const TestHost m_host;
@@ -265,7 +265,7 @@ void TestRateWidget::addsNets()
     QVERIFY(f.view->isModified());
 }
 
-void TestRateWidget::survivesNewNetlistAndClosing()
+void TestRateWidget::netlistReplacedOrViewClosedWhilePickerOpen()
 {
     const Fixture f(m_host);
     {
@@ -288,7 +288,7 @@ void TestRateWidget::survivesNewNetlistAndClosing()
     closed.nets->onNew();
 }
 
-void TestRateWidget::checksBothTables()
+void TestRateWidget::reportsEmptyRates()
 {
     const Fixture f(m_host);
     QVERIFY(f.page->checkData());

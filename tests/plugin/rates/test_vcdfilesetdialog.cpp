@@ -72,10 +72,10 @@ class TestVcdFileSetDialog : public QObject
 private slots:
     void initTestCase();
     void cleanup() { QLocale::setDefault(QLocale::c()); }
-    void refusesInOrder();
+    void reportsFirstProblem();
     void checksTimes();
-    void typesOnlyTimes();
-    void editsInPlace();
+    void acceptsOnlyTimes();
+    void editsExistingRecord();
     void choosesFileAndInstance();
 
 private:
@@ -93,7 +93,7 @@ void TestVcdFileSetDialog::initTestCase()
     m_file = m_host.write(QStringLiteral("run one.vcd"), "$end");
 }
 
-void TestVcdFileSetDialog::refusesInOrder()
+void TestVcdFileSetDialog::reportsFirstProblem()
 {
     const Form form(m_view.get());
     form.edit("editEndTime")->setText(QStringLiteral("0"));
@@ -163,7 +163,7 @@ void TestVcdFileSetDialog::checksTimes()
     }
 }
 
-void TestVcdFileSetDialog::typesOnlyTimes()
+void TestVcdFileSetDialog::acceptsOnlyTimes()
 {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     const Form form(m_view.get());
@@ -177,7 +177,7 @@ void TestVcdFileSetDialog::typesOnlyTimes()
     }
 }
 
-void TestVcdFileSetDialog::editsInPlace()
+void TestVcdFileSetDialog::editsExistingRecord()
 {
     const QString unit = QStringLiteral("ps");
     VLT_VcdFile record{

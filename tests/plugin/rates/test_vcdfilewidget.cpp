@@ -75,13 +75,13 @@ private slots:
     void editsRatesInCommaLocale();
     void changesUnits();
     void showsAndSorts();
-    void marksGlitchOnlyWithFiles();
+    void glitchFilterNeedsFiles();
     void addsEditsAndRemoves();
-    void survivesClosingUnderItsDialog();
-    void refusesMissingFiles();
-    void renamedDesignStaysTheDesign();
+    void viewClosedWhileDialogOpen();
+    void reportsMissingFile();
+    void renamedDesignKeepsBinding();
     void editsByKey();
-    void largestRateIsShownWhole();
+    void showsLargestRateInFull();
     void enterOnUnchangedNumberMarksNothing();
     void cellsStoreNothing();
 
@@ -174,7 +174,7 @@ void TestVcdFileWidget::showsAndSorts()
     QVERIFY(!f.view->isModified());
 }
 
-void TestVcdFileWidget::marksGlitchOnlyWithFiles()
+void TestVcdFileWidget::glitchFilterNeedsFiles()
 {
     const Fixture f(m_host);
     QTest::mouseClick(f.glitch, Qt::LeftButton, Qt::NoModifier, {8, f.glitch->height() / 2});
@@ -224,7 +224,7 @@ void TestVcdFileWidget::addsEditsAndRemoves()
     QVERIFY(!f.column(1).contains(QStringLiteral("a.saif")));
 }
 
-void TestVcdFileWidget::survivesClosingUnderItsDialog()
+void TestVcdFileWidget::viewClosedWhileDialogOpen()
 {
     for (const bool adding : {true, false}) {
         Fixture f(m_host);
@@ -239,7 +239,7 @@ void TestVcdFileWidget::survivesClosingUnderItsDialog()
     }
 }
 
-void TestVcdFileWidget::refusesMissingFiles()
+void TestVcdFileWidget::reportsMissingFile()
 {
     const QByteArray there = m_host.write(QStringLiteral("b.vcd"), "").toUtf8();
     const Fixture f(m_host);
@@ -254,7 +254,7 @@ void TestVcdFileWidget::refusesMissingFiles()
     QVERIFY(f.find<QTableView>("tableView")->selectionModel()->isRowSelected(1, {}));
 }
 
-void TestVcdFileWidget::renamedDesignStaysTheDesign()
+void TestVcdFileWidget::renamedDesignKeepsBinding()
 {
     const TestHost host;
     const Fixture f(host);
@@ -296,7 +296,7 @@ void TestVcdFileWidget::editsByKey()
     }
 }
 
-void TestVcdFileWidget::largestRateIsShownWhole()
+void TestVcdFileWidget::showsLargestRateInFull()
 {
     const Fixture f(m_host);
     QCOMPARE(f.ioValue->minimumWidth(), 110);

@@ -14,8 +14,8 @@ private slots:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::German)); } // a comma
     void init();
     void cleanup();
-    void commitsWhatIsTyped();
-    void committedByOthers();
+    void commitsTypedValue();
+    void commitOpenEditor();
     void elidesInFrontOfTheLastPart();
     void backgroundShinesThroughASelection();
 
@@ -52,7 +52,7 @@ void TestDoubleDelegate::cleanup()
     m_model.reset();
 }
 
-void TestDoubleDelegate::commitsWhatIsTyped()
+void TestDoubleDelegate::commitsTypedValue()
 {
     struct Case
     {
@@ -85,7 +85,7 @@ void TestDoubleDelegate::commitsWhatIsTyped()
     }
 }
 
-void TestDoubleDelegate::committedByOthers()
+void TestDoubleDelegate::commitOpenEditor()
 {
     QTest::keyClicks(edit(), QStringLiteral("8"));
     m_delegate->commitOpenEditor();

@@ -58,18 +58,18 @@ class TestNlsDataFinderDialog : public QObject
 
 private slots:
     void initTestCase() { m_netlist.reset(activityNetlist()); }
-    void listsItsType_data();
-    void listsItsType();
+    void listsObjectsOfType_data();
+    void listsObjectsOfType();
     void matchesWholePaths();
-    void everyPatternDecides();
-    void resultsFollowTheSelection();
-    void enterInTheListAccepts();
+    void prefilterKeepsResults();
+    void returnsSelectedObjects();
+    void enterInListAccepts();
 
 private:
     std::unique_ptr<NlsData::Netlist> m_netlist;
 };
 
-void TestNlsDataFinderDialog::listsItsType_data()
+void TestNlsDataFinderDialog::listsObjectsOfType_data()
 {
     QTest::addColumn<int>("type");
     QTest::addColumn<QString>("title");
@@ -84,7 +84,7 @@ void TestNlsDataFinderDialog::listsItsType_data()
     QTest::newRow("other") << 1 << "Dialog" << QStringList();
 }
 
-void TestNlsDataFinderDialog::listsItsType()
+void TestNlsDataFinderDialog::listsObjectsOfType()
 {
     QFETCH(int, type);
     QFETCH(QString, title);
@@ -111,7 +111,7 @@ void TestNlsDataFinderDialog::matchesWholePaths()
 }
 
 // Most paths are ruled out without asking the pattern; that must never change the answer.
-void TestNlsDataFinderDialog::everyPatternDecides()
+void TestNlsDataFinderDialog::prefilterKeepsResults()
 {
     const QStringList names{
         QStringLiteral("index"),  QStringLiteral("\u0130NDEX"), QStringLiteral("in[1]dex"),
@@ -140,7 +140,7 @@ void TestNlsDataFinderDialog::everyPatternDecides()
     }
 }
 
-void TestNlsDataFinderDialog::resultsFollowTheSelection()
+void TestNlsDataFinderDialog::returnsSelectedObjects()
 {
     Finder finder(m_netlist.get(), NlsDataFinderDialog::FindOBuff);
     finder.search(QStringLiteral("*"));
@@ -158,7 +158,7 @@ void TestNlsDataFinderDialog::resultsFollowTheSelection()
     QCOMPARE(finder.getBuff().first()->path(), QStringLiteral("bus"));
 }
 
-void TestNlsDataFinderDialog::enterInTheListAccepts()
+void TestNlsDataFinderDialog::enterInListAccepts()
 {
     Finder finder(m_netlist.get(), NlsDataFinderDialog::FindDff);
     QVERIFY(QTest::qWaitForWindowActive(&finder));

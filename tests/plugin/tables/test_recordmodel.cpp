@@ -15,14 +15,14 @@ class TestRecordModel : public QObject
 private slots:
     void init();
     void cleanup();
-    void servesItsColumns();
-    void editsByValue();
+    void servesColumns();
+    void storesEditedValues();
     void sortsStablyBothWays();
-    void sortsManyAsFew_data();
-    void sortsManyAsFew();
-    void goesByRowWhateverTheIndexCarries();
+    void longSortMatchesStableSort_data();
+    void longSortMatchesStableSort();
+    void usesRowNotIndexPointer();
     void removesRows();
-    void namesFollowTheList();
+    void nameCountsFollowList();
 
 private:
     Sample *append(const char *name, float rate = -1, bool fixed = false)
@@ -59,7 +59,7 @@ void TestRecordModel::cleanup()
     m_view.reset();
 }
 
-void TestRecordModel::servesItsColumns()
+void TestRecordModel::servesColumns()
 {
     QAbstractItemModelTester tester(m_model.get());
     append("a", 33.3f);
@@ -86,7 +86,7 @@ void TestRecordModel::servesItsColumns()
     QVERIFY(!m_model->flags(last).testFlag(Qt::ItemIsEditable));
 }
 
-void TestRecordModel::editsByValue()
+void TestRecordModel::storesEditedValues()
 {
     const QSignalSpy changed(m_model.get(), &QAbstractItemModel::dataChanged);
     Sample *sample = append("a");
@@ -131,7 +131,7 @@ void TestRecordModel::sortsStablyBothWays()
     QVERIFY(!m_view->isModified());
 }
 
-void TestRecordModel::sortsManyAsFew_data()
+void TestRecordModel::longSortMatchesStableSort_data()
 {
     QTest::addColumn<QString>("letters");
     QTest::newRow("ASCII") << QStringLiteral("aAbB/[1");
@@ -141,7 +141,7 @@ void TestRecordModel::sortsManyAsFew_data()
 }
 
 // Long lists are sorted by folded copies of the names, which must not show.
-void TestRecordModel::sortsManyAsFew()
+void TestRecordModel::longSortMatchesStableSort()
 {
     QFETCH(QString, letters);
     const QVector<uint> alphabet = letters.toUcs4();
@@ -162,7 +162,7 @@ void TestRecordModel::sortsManyAsFew()
     QCOMPARE(m_records->list(), expected);
 }
 
-void TestRecordModel::goesByRowWhateverTheIndexCarries()
+void TestRecordModel::usesRowNotIndexPointer()
 {
     append("b", 2);
     Sample *second = append("a", 1);
@@ -198,7 +198,7 @@ void TestRecordModel::removesRows()
     }
 }
 
-void TestRecordModel::namesFollowTheList()
+void TestRecordModel::nameCountsFollowList()
 {
     const auto listed = [this](const char *name) {
         return m_records->contains(QString::fromLatin1(name));

@@ -60,12 +60,12 @@ private slots:
     void cleanup();
     void startsUnsorted();
     void newRowsHaveTheFocus();
-    void removesWhatIsSelected();
+    void removesSelectedRows();
     void asksBeforeRemoving();
-    void selectionFollowsItsRecords();
-    void shiftSelectsFromTheRecord();
-    void sortCommitsTheOpenEditor();
-    void mayGoUnderItsQuestion();
+    void selectionFollowsSortedRecords();
+    void shiftSelectsFromSortedRecord();
+    void sortCommitsOpenEditor();
+    void deletedWhileConfirming();
 
 private:
     void select(const QVector<int> &rows)
@@ -132,7 +132,7 @@ void TestTablePage::newRowsHaveTheFocus()
     QCOMPARE(m_page->table->selectionModel()->selectedRows().size(), 1);
 }
 
-void TestTablePage::removesWhatIsSelected()
+void TestTablePage::removesSelectedRows()
 {
     select({2, 5, 3});
     m_page->table->setFocus();
@@ -166,7 +166,7 @@ void TestTablePage::asksBeforeRemoving()
     QVERIFY(!m_view->isModified());
 }
 
-void TestTablePage::selectionFollowsItsRecords()
+void TestTablePage::selectionFollowsSortedRecords()
 {
     select({0, 1, 4});
     QItemSelectionModel *selection = m_page->table->selectionModel();
@@ -184,7 +184,7 @@ void TestTablePage::selectionFollowsItsRecords()
     QCOMPARE(m_page->model.names(), QStringLiteral("5 3 2"));
 }
 
-void TestTablePage::shiftSelectsFromTheRecord()
+void TestTablePage::shiftSelectsFromSortedRecord()
 {
     for (const bool byKey : {false, true}) {
         cleanup();
@@ -205,7 +205,7 @@ void TestTablePage::shiftSelectsFromTheRecord()
     }
 }
 
-void TestTablePage::sortCommitsTheOpenEditor()
+void TestTablePage::sortCommitsOpenEditor()
 {
     m_page->table->edit(m_page->model.index(0, 1));
     QTest::keyClicks(m_page->table->findChild<QDoubleSpinBox *>(), QStringLiteral("77"));
@@ -215,7 +215,7 @@ void TestTablePage::sortCommitsTheOpenEditor()
     QCOMPARE(m_page->records.list().last(), edited);
 }
 
-void TestTablePage::mayGoUnderItsQuestion()
+void TestTablePage::deletedWhileConfirming()
 {
     select({0});
     // The page is closed by somebody else while the question of its menu's command is open.

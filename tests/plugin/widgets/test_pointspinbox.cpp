@@ -10,12 +10,12 @@ class TestPointSpinBox : public QObject
 
 private slots:
     void initTestCase() { QLocale::setDefault(QLocale(QStringLiteral("de_DE"))); }
-    void takesACommaForAPoint();
-    void wheelNeedsTheFocus();
-    void numbersOfTheFile();
+    void acceptsDecimalComma();
+    void wheelNeedsFocus();
+    void numberTexts();
 };
 
-void TestPointSpinBox::takesACommaForAPoint()
+void TestPointSpinBox::acceptsDecimalComma()
 {
     const QList<QPair<const char *, const char *>> cases = {{"12,5", "12.50%"},
                                                             {"12.5", "12.50%"},
@@ -34,7 +34,7 @@ void TestPointSpinBox::takesACommaForAPoint()
     }
 }
 
-void TestPointSpinBox::wheelNeedsTheFocus()
+void TestPointSpinBox::wheelNeedsFocus()
 {
     QWidget window;
     VLT::PointSpinBox box(&window);
@@ -56,7 +56,7 @@ void TestPointSpinBox::wheelNeedsTheFocus()
     QCOMPARE(box.value(), 1.0);
 }
 
-void TestPointSpinBox::numbersOfTheFile()
+void TestPointSpinBox::numberTexts()
 {
     QCOMPARE(VLT::numberText(25.408), QStringLiteral("25.408"));
     // The short way of two decimals gives the same text, and takes no number for its neighbour.
