@@ -26,11 +26,14 @@ public:
         setObjectName(QString::fromLatin1(name));
         setShortTitle(objectName());
     }
-    ~View() override { note("gone"); }
+    ~View() override { note("deleted"); }
 
     void onActivated() override { note("on"); }
     void onDeactivated() override { note("off"); }
-    void note(const char *what) { m_log->append(objectName() + QString::fromLatin1(what)); }
+    void note(const char *what)
+    {
+        m_log->append(objectName() + QLatin1Char(' ') + QLatin1String(what));
+    }
 
     std::function<bool()> mayClose;
 
@@ -63,7 +66,9 @@ private slots:
     void init();
     void cleanup();
     void activatesAndCloses();
+    void closesByTabWindowOrDelete_data();
     void closesByTabWindowOrDelete();
+    void repeatedCloseWaitsForAnswer_data();
     void repeatedCloseWaitsForAnswer();
     void closesDialogsBeforeDeletingView();
     void survivesDestroyedViews();
@@ -73,10 +78,11 @@ private slots:
 void TestViewManager::init()
 {
     connect(m_manager, &ViewManager::viewActiveted, this, [this](IView *view) {
-        m_log.append(QLatin1Char('>') + (view ? view->objectName() : QString()));
+        m_log.append((view ? view->objectName() : QStringLiteral("nothing")) +
+                     QLatin1String(" active"));
     });
     connect(m_manager, &ViewManager::viewClosed, this, [this](IView *view) {
-        m_log.append(view->objectName() + QLatin1String("closed"));
+        m_log.append(view->objectName() + QLatin1String(" closed"));
         QVERIFY(dynamic_cast<View *>(view)); // it still is what it was
     });
 }
@@ -91,7 +97,7 @@ void TestViewManager::cleanup()
 
 QString TestViewManager::takeLog()
 {
-    const QString log = m_log.join(QLatin1Char(' '));
+    const QString log = m_log.join(QLatin1String(", "));
     m_log.clear();
     return log;
 }
@@ -101,84 +107,97 @@ void TestViewManager::activatesAndCloses()
     auto *a = new View("a", &m_log);
     auto *b = new View("b", &m_log);
     m_manager->showView(a);
-    QCOMPARE(takeLog(), QStringLiteral("aon >a"));
+    QCOMPARE(takeLog(), QStringLiteral("a on, a active"));
     m_manager->showView(b);
-    QCOMPARE(takeLog(), QStringLiteral("aoff bon >b"));
+    QCOMPARE(takeLog(), QStringLiteral("a off, b on, b active"));
     m_manager->showView(b);
     QCOMPARE(takeLog(), QString());
     m_manager->showView(a);
-    QCOMPARE(takeLog(), QStringLiteral("boff aon >a"));
+    QCOMPARE(takeLog(), QStringLiteral("b off, a on, a active"));
     a->setShortTitle(QStringLiteral("R&D"));
     QCOMPARE(m_host->area()->tabText(0), QStringLiteral("R&&D"));
     QVERIFY(m_manager->closeView(a));
-    QCOMPARE(takeLog(), QStringLiteral("aasked aclosed aoff bon >b"));
+    QCOMPARE(takeLog(), QStringLiteral("a asked, a closed, a off, b on, b active"));
     m_manager->showView(a); // too late
     QCOMPARE(m_host->views(), QList<IView *>({b}));
     deleteDeferred();
-    QCOMPARE(takeLog(), QStringLiteral("agone"));
+    QCOMPARE(takeLog(), QStringLiteral("a deleted"));
     QVERIFY(m_manager->closeView(b));
-    QCOMPARE(takeLog(), QStringLiteral("basked bclosed boff >"));
+    QCOMPARE(takeLog(), QStringLiteral("b asked, b closed, b off, nothing active"));
     QVERIFY(!m_host->activeView());
+}
+
+void TestViewManager::closesByTabWindowOrDelete_data()
+{
+    QTest::addColumn<bool>("byTab");
+    QTest::addColumn<bool>("deletes");
+    QTest::newRow("tab") << true << false;
+    QTest::newRow("window") << false << false;
+    QTest::newRow("delete on close") << false << true;
 }
 
 void TestViewManager::closesByTabWindowOrDelete()
 {
-    const std::function<void(View *)> doors[] = {
-        [this](View *) { emit m_host->area()->tabCloseRequested(0); },
-        [](View *view) { view->close(); },
-        [](View *view) {
-            view->setAttribute(Qt::WA_DeleteOnClose);
-            view->close();
-        },
+    QFETCH(bool, byTab);
+    QFETCH(bool, deletes);
+    auto *a = new View("a", &m_log);
+    const auto close = [&] {
+        a->setAttribute(Qt::WA_DeleteOnClose, deletes);
+        if (byTab)
+            emit m_host->area()->tabCloseRequested(0);
+        else
+            a->close();
     };
-    for (const auto &open : doors) {
-        auto *a = new View("a", &m_log);
-        m_manager->showView(a);
-        a->mayClose = [] { return false; };
-        open(a);
-        a->setAttribute(Qt::WA_DeleteOnClose, false);
-        deleteDeferred();
-        QCOMPARE(m_host->area()->currentWidget(), a);
-        QVERIFY(!a->isHidden());
-        a->mayClose = nullptr;
-        takeLog();
-        open(a);
-        deleteDeferred();
-        QCOMPARE(takeLog(), QStringLiteral("aasked aclosed aoff > agone"));
-        QCOMPARE(m_host->area()->count(), 0);
-    }
+    m_manager->showView(a);
+    a->mayClose = [] { return false; };
+    close();
+    a->setAttribute(Qt::WA_DeleteOnClose, false);
+    deleteDeferred();
+    QCOMPARE(m_host->area()->currentWidget(), a);
+    QVERIFY(!a->isHidden());
+    a->mayClose = nullptr;
+    takeLog();
+    close();
+    deleteDeferred();
+    QCOMPARE(takeLog(), QStringLiteral("a asked, a closed, a off, nothing active, a deleted"));
+    QCOMPARE(m_host->area()->count(), 0);
 }
 
-/// Somebody asks for the view's end while its own question about it is open.
+void TestViewManager::repeatedCloseWaitsForAnswer_data()
+{
+    QTest::addColumn<bool>("accepts");
+    QTest::addColumn<QString>("log");
+    QTest::newRow("accepted") << true << "a asked, a closed, a off, nothing active, a deleted";
+    QTest::newRow("refused, then asked again")
+        << false << "a asked, a asked, a closed, a off, nothing active, a deleted";
+}
+
+/// Further requests to close the view arrive while its own question is open.
 void TestViewManager::repeatedCloseWaitsForAnswer()
 {
-    for (const auto answer : {QMessageBox::Yes, QMessageBox::No}) {
-        auto *a = new View("a", &m_log);
-        m_manager->showView(a);
-        takeLog();
-        a->mayClose = [&] {
-            QMessageBox question(QMessageBox::Question, QString(), QString(),
-                                 QMessageBox::Yes | QMessageBox::No, a);
-            ModalDriver driver([&](QWidget *dialog) {
-                QVERIFY(!m_manager->closeView(a));
-                emit m_host->area()->tabCloseRequested(0);
-                a->close(); // answers true without asking: Qt's own guard
-                QVERIFY(!m_host->closeAllViews());
-                deleteDeferred();
-                QCOMPARE(m_host->views().size(), 1);
-                pressButton(answer)(dialog);
-            });
-            const bool yes = question.exec() == QMessageBox::Yes;
-            a->mayClose = nullptr;
-            return yes;
-        };
-        QCOMPARE(m_manager->closeView(a), answer == QMessageBox::Yes);
-        // After a no the later request asks once more.
-        QTRY_COMPARE(m_log.join(QLatin1Char(' ')),
-                     answer == QMessageBox::Yes
-                         ? QStringLiteral("aasked aclosed aoff > agone")
-                         : QStringLiteral("aasked aasked aclosed aoff > agone"));
-    }
+    QFETCH(bool, accepts);
+    QFETCH(QString, log);
+    auto *a = new View("a", &m_log);
+    m_manager->showView(a);
+    takeLog();
+    a->mayClose = [&] {
+        QMessageBox question(QMessageBox::Question, QString(), QString(),
+                             QMessageBox::Yes | QMessageBox::No, a);
+        ModalDriver driver([&](QWidget *dialog) {
+            QVERIFY(!m_manager->closeView(a));
+            emit m_host->area()->tabCloseRequested(0);
+            a->close(); // returns true without asking: Qt's own guard
+            QVERIFY(!m_host->closeAllViews());
+            deleteDeferred();
+            QCOMPARE(m_host->views().size(), 1);
+            pressButton(accepts ? QMessageBox::Yes : QMessageBox::No)(dialog);
+        });
+        const bool yes = question.exec() == QMessageBox::Yes;
+        a->mayClose = nullptr;
+        return yes;
+    };
+    QCOMPARE(m_manager->closeView(a), accepts);
+    QTRY_COMPARE(m_log.join(QLatin1String(", ")), log);
 }
 
 void TestViewManager::closesDialogsBeforeDeletingView()
@@ -188,22 +207,24 @@ void TestViewManager::closesDialogsBeforeDeletingView()
     takeLog();
     QPushButton button(a);
     QDialog *outer = new QDialog(&button);
-    // The request comes from the inner dialog's event loop, which goes on for a while.
+    // The request arrives in the inner dialog's event loop, while code of the view is on the stack.
     bool alive = false;
     ModalDriver driver([&](QWidget *) {
         ModalDriver second([&](QWidget *) {
             QVERIFY(m_manager->closeView(a));
-            QTest::qWait(20);
+            QTRY_VERIFY(!outer->isVisible());
+            deleteDeferred();
             alive = !a.isNull();
         });
         QMessageBox::information(outer, QString(), QString());
     });
     outer->exec();
-    // Code of the view would stand here, and go on using the view and its children.
+    // Here code of the view would continue to use the view and its children.
     QVERIFY(alive);
     QVERIFY(a);
     button.setParent(nullptr);
-    QTRY_COMPARE(m_log.join(QLatin1Char(' ')), QStringLiteral("aasked aclosed aoff > agone"));
+    QTRY_COMPARE(m_log.join(QLatin1String(", ")),
+                 QStringLiteral("a asked, a closed, a off, nothing active, a deleted"));
 }
 
 void TestViewManager::survivesDestroyedViews()
@@ -214,9 +235,9 @@ void TestViewManager::survivesDestroyedViews()
     m_manager->showView(a);
     takeLog();
     delete a;
-    QCOMPARE(takeLog(), QStringLiteral("agone > bon >b"));
+    QCOMPARE(takeLog(), QStringLiteral("a deleted, nothing active, b on, b active"));
     delete b;
-    QCOMPARE(takeLog(), QStringLiteral("bgone >"));
+    QCOMPARE(takeLog(), QStringLiteral("b deleted, nothing active"));
     QVERIFY(m_host->views().isEmpty());
 }
 

@@ -25,6 +25,7 @@ private slots:
     void suppliesOfBuiltInFamilies();
     void chipInfoFollowsProjectDevice();
     void addsDevices();
+    void reportsErrors_data();
     void reportsErrors();
 
 private:
@@ -33,7 +34,7 @@ private:
 
 void TestDeviceDb::initTestCase()
 {
-    // Before anything asks for the data base, which reads the user's file once.
+    // Before the catalogue is first used: it reads the user's file only once.
     qputenv("XDG_DATA_HOME", QFile::encodeName(m_home.path()));
     QVERIFY(QDir().mkpath(QFileInfo(DeviceCatalogue::userFile()).absolutePath()));
     QFile file(DeviceCatalogue::userFile());
@@ -44,7 +45,7 @@ void TestDeviceDb::initTestCase()
     QVERIFY2(error.contains(QLatin1String("devices.json")), qPrintable(error));
 }
 
-/// Each device in the words of what it has; the plug-in tells these cases apart.
+/// Lists each device's supplies and ties; the plug-in treats these cases differently.
 void TestDeviceDb::catalogueHasEverySupplyCase()
 {
     QSet<QString> cases;
@@ -138,8 +139,8 @@ void TestDeviceDb::addsDevices()
     QCOMPARE(mine.getVCCMax(), QStringLiteral("1.10"));
     QCOMPARE(ZUM::Voltage(QStringLiteral("QF1-01"), QStringLiteral("QN48")).getVCCDefaultValue(),
              QString()); // replaced
-    // A replacement of a shipped device is newer than the other entries of its part and package,
-    // wherever it is; one without data leaves the chip to those that have it.
+    // Of the entries of a part and package, a replacement of a built-in device is the newest; one
+    // without data does not hide those that have it.
     const auto defaultVcc = [&](const QByteArray &voltage) {
         const QString file = host.write(QStringLiteral("own.json"),
                                         R"({"devices": [{"id": "QF2-10-BG256",)"
@@ -156,47 +157,49 @@ void TestDeviceDb::addsDevices()
     QCOMPARE(Core::IdeCore::deviceDataBase()->findByID(QStringLiteral("QF1-05-LQ144")), kept);
 }
 
+void TestDeviceDb::reportsErrors_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<QString>("cause");
+    const auto device = [](const char *name, const QByteArray &voltage, const char *cause) {
+        QTest::newRow(name) << R"({"devices": [{"id": "good", "partName": "g"},)"
+                               R"({"id": "i", "partName": "p", "voltage": )" +
+                                   voltage + "}]}"
+                            << "entry 2 of \"devices\" (\"i\")" << cause;
+    };
+    device("number as voltage", "5", "\"voltage\"");
+    device("no number", R"({"vcc": {"min": "a", "max": 2, "default": 1}})", "\"vcc\"");
+    device("not finite", R"({"vccx": {"min": 1, "max": "nan", "default": 1}})", "\"vccx\"");
+    device("default too high", R"({"vcc": {"min": 1, "max": 2, "default": 2.1}})", "\"vcc\"");
+    const QByteArray vcc = R"({"vcc": {"min": 1, "max": 2, "default": 1}, )";
+    device("unknown tie", vcc + R"("ties": ["vcc-gnd"]})", "vcc-gnd");
+    device("tie without a supply", vcc + R"("ties": ["vcc-vccx"]})", "both");
+    device("tied defaults differ",
+           vcc + R"("vccx": {"min": 1, "max": 2, "default": 1.1}, "ties": ["vcc-vccx"]})",
+           "same range");
+    const auto family = [](const char *name, const QByteArray &members, const char *cause) {
+        QTest::newRow(name) << R"({"families": [{"series": "s")" + members + "}]}"
+                            << "entry 1 of \"families\" (\"s\")" << cause;
+    };
+    family("no parts", "", "parts");
+    family("no list of packages", R"(, "parts": {"p": "P"})", "\"p\"");
+    family("list as voltage", R"(, "parts": {"p": ["P"]}, "voltage": [])", "\"voltage\"");
+}
+
 void TestDeviceDb::reportsErrors()
 {
+    QFETCH(QByteArray, text);
+    QFETCH(QString, entry);
+    QFETCH(QString, cause);
     TestHost host;
     const std::size_t count = DeviceCatalogue::get()->devices().size();
-    const QPair<QByteArray, const char *> cases[] = {
-        {"5", "\"voltage\""},
-        {R"({"vcc": {"min": "a", "max": 2, "default": 1}})", "\"vcc\""},
-        {R"({"vccx": {"min": 1, "max": "nan", "default": 1}})", "\"vccx\""},
-        {R"({"vcc": {"min": 1, "max": 2, "default": 2.1}})", "\"vcc\""},
-        {R"({"vcc": {"min": 1, "max": 2, "default": 1}, "ties": ["vcc-gnd"]})", "vcc-gnd"},
-        {R"({"vcc": {"min": 1, "max": 2, "default": 1}, "ties": ["vcc-vccx"]})", "both"},
-        {R"({"vcc": {"min": 1, "max": 2, "default": 1}, "vccx": {"min": 1, "max": 2, "default": 1.1},
-            "ties": ["vcc-vccx"]})",
-         "same range"},
-    };
-    for (const auto &[voltage, cause] : cases) {
-        const QString path = host.write(QStringLiteral("bad.json"),
-                                        R"({"devices": [{"id": "good", "partName": "g"},)"
-                                        R"({"id": "i", "partName": "p", "voltage": )" +
-                                            voltage + "}]}");
-        QString error;
-        QVERIFY2(!DeviceCatalogue::get()->addFile(path, &error), cause);
-        QVERIFY2(error.contains(QLatin1String("bad.json")) &&
-                     error.contains(QLatin1String("entry 2 of \"devices\" (\"i\")")) &&
-                     error.contains(QLatin1String(cause)),
-                 qPrintable(error));
-        QCOMPARE(DeviceCatalogue::get()->devices().size(), count);
-    }
-    for (const auto &[family, cause] :
-         {std::pair(QByteArray(R"({"series": "s"})"), "parts"),
-          std::pair(QByteArray(R"({"series": "s", "parts": {"p": "P"}})"), "\"p\""),
-          std::pair(QByteArray(R"({"series": "s", "parts": {"p": ["P"]}, "voltage": []})"),
-                    "\"voltage\"")}) {
-        QString error;
-        const QString path =
-            host.write(QStringLiteral("bad.json"), R"({"families": [)" + family + "]}");
-        QVERIFY2(!DeviceCatalogue::get()->addFile(path, &error), cause);
-        QVERIFY2(error.contains(QLatin1String("entry 1 of \"families\" (\"s\")")) &&
-                     error.contains(QLatin1String(cause)),
-                 qPrintable(error));
-    }
+    QString error;
+    QVERIFY(!DeviceCatalogue::get()->addFile(host.write(QStringLiteral("bad.json"), text), &error));
+    QVERIFY2(error.contains(QLatin1String("bad.json")) && error.contains(entry) &&
+                 error.contains(cause),
+             qPrintable(error));
+    QCOMPARE(DeviceCatalogue::get()->devices().size(), count);
 }
 
 QTEST_MAIN(TestDeviceDb)

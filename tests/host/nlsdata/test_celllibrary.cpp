@@ -16,6 +16,7 @@ class TestCellLibrary : public QObject
 private slots:
     void builtInFilesAreValid();
     void findsTypes();
+    void choosesByParameter_data();
     void choosesByParameter();
     void reportsProblems();
     void addsUserLibraries();
@@ -27,7 +28,7 @@ private:
     std::unique_ptr<CellLibrary> m_library;
 };
 
-/// Loads a library of that one file; gives the problems.
+/// Loads a library with only that file; returns the problems.
 QStringList TestCellLibrary::load(const QByteArray &text)
 {
     QFile file(m_folder.filePath(QStringLiteral("cells.json")));
@@ -72,8 +73,31 @@ void TestCellLibrary::findsTypes()
     QVERIFY(!ram->isOutput("D") && !ram->isOutput("Q2"));
 }
 
+void TestCellLibrary::choosesByParameter_data()
+{
+    QTest::addColumn<QByteArray>("mode");
+    QTest::addColumn<QByteArray>("width");
+    QTest::addColumn<bool>("decimal");
+    QTest::addColumn<int>("primitive");
+    const auto row = [](const char *name, const QByteArray &mode, const QByteArray &width,
+                        bool decimal, int primitive) {
+        QTest::newRow(name) << mode << width << decimal << primitive;
+    };
+    const QByteArray nine = "00000000000000000000000000001001";
+    row("text with a trailing space", "SDP ", nine, false, 1);
+    row("one of a list", "ROM", nine, false, 2);
+    row("binary digits", "X", nine, false, 3);
+    row("plain number", "X", "9", true, 3);
+    row("plain number that looks binary", "X", "1001", true, 4);
+    row("undefined digits", "X", "100x", false, 4);
+    row("too long", "X", '1' + nine + nine, false, 4);
+}
+
 void TestCellLibrary::choosesByParameter()
 {
+    QFETCH(QByteArray, mode);
+    QFETCH(QByteArray, width);
+    QFETCH(bool, decimal);
     QCOMPARE(load(R"({"cells": {"RAM": {"category": 5, "primitive": 4, "variants": [
         {"when": {"MODE": "SDP", "WIDTH": 9}, "primitive": 1},
         {"when": {"MODE": ["LUT", "ROM"]}, "primitive": 2},
@@ -82,29 +106,10 @@ void TestCellLibrary::choosesByParameter()
              QStringList());
     const CellType *ram = m_library->find("RAM");
     QCOMPARE(ram->codes({}).primitive, 5);
-    const QByteArray nine = "00000000000000000000000000001001";
-    struct Case
-    {
-        const char *mode;
-        QByteArray width;
-        bool decimal;
-        int primitive;
-    };
-    const Case cases[] = {
-        {"SDP ", nine, false, 1},           // its trailing blank does not count
-        {"ROM", nine, false, 2},            // one of a list
-        {"X", nine, false, 3},              // binary digits
-        {"X", "9", true, 3},                // a plain number
-        {"X", "1001", true, 4},             // a plain number that looks binary
-        {"X", "100x", false, 4},            // undefined digits
-        {"X", '1' + nine + nine, false, 4}, // too long
-    };
-    for (const Case &c : cases) {
-        const auto codes =
-            ram->codes({{"MODE", c.mode}, {"WIDTH", c.width.constData(), c.decimal}});
-        QCOMPARE(codes.primitive, c.primitive);
-        QCOMPARE(codes.category, 5);
-    }
+    const auto codes =
+        ram->codes({{"MODE", mode.constData()}, {"WIDTH", width.constData(), decimal}});
+    QTEST(int(codes.primitive), "primitive");
+    QCOMPARE(codes.category, 5);
 }
 
 void TestCellLibrary::reportsProblems()
@@ -120,11 +125,11 @@ void TestCellLibrary::reportsProblems()
     QVERIFY(!m_library->find("A"));
 }
 
-/// A cell of the user's replaces the host's; what is wrong names its file, and the rest is used.
+/// User cells replace built-in ones; errors name their file, and the other cells are used.
 void TestCellLibrary::addsUserLibraries()
 {
     QTemporaryDir home;
-    qputenv("XDG_DATA_HOME", QFile::encodeName(home.path())); // before the one load
+    qputenv("XDG_DATA_HOME", QFile::encodeName(home.path())); // before the libraries are loaded
     QVERIFY(QDir().mkpath(CellLibrary::userFolder()));
     const QPair<QString, QByteArray> files[] = {
         {QStringLiteral("own.json"),

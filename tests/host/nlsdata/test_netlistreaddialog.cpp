@@ -8,6 +8,7 @@
 
 #include <QDialog>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 #include <QSemaphore>
 #include <QTemporaryDir>
@@ -17,7 +18,7 @@ using namespace NlsData;
 
 namespace {
 
-/// Stops the reading thread at its first report until it is let go.
+/// Blocks the reading thread at its first report until `gate` is released.
 class HeldControl : public ReadControl
 {
 public:
@@ -45,7 +46,9 @@ class TestNetlistReadDialog : public QObject
 private slots:
     void initTestCase();
     void showsProgress();
+    void cancels_data();
     void cancels();
+    void parentDeletedWhileReading_data();
     void parentDeletedWhileReading();
 
 private:
@@ -65,7 +68,7 @@ void TestNetlistReadDialog::initTestCase()
     QVERIFY(json.write(m_path));
 }
 
-/// Reads with a control that the test holds and has to let go.
+/// Reads with `m_control`, whose gate the test has to release.
 std::unique_ptr<Netlist> TestNetlistReadDialog::read(QWidget *parent, int showAfter)
 {
     m_error.clear();
@@ -74,7 +77,6 @@ std::unique_ptr<Netlist> TestNetlistReadDialog::read(QWidget *parent, int showAf
     return readNetlistWithDialog(parent, m_path, &m_error, options, showAfter);
 }
 
-/// The reader goes on by itself once the dialog has been looked at.
 void TestNetlistReadDialog::showsProgress()
 {
     QWidget parent;
@@ -93,41 +95,60 @@ void TestNetlistReadDialog::showsProgress()
     QVERIFY(!watch.isActive());
     QVERIFY(parent.findChildren<QDialog *>().isEmpty());
 
-    QString error; // a short read has no dialog, which the driver of a later one would find
+    QString error; // a short read shows no dialog
     QVERIFY(!readNetlistFileWithDialog(&parent, m_folder.path(), &error, true));
     QVERIFY2(error.contains(QLatin1String("it is a folder")), qPrintable(error));
 }
 
+void TestNetlistReadDialog::cancels_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("button") << false;
+    QTest::newRow("Escape") << true;
+}
+
 void TestNetlistReadDialog::cancels()
 {
-    for (const bool byKey : {false, true}) {
-        QWidget parent;
-        m_control = std::make_unique<HeldControl>();
-        ModalDriver driver([&](QWidget *dialog) {
-            auto *button = dialog->findChild<QPushButton *>();
-            if (byKey)
-                QTest::keyClick(dialog, Qt::Key_Escape);
-            else
-                QTest::mouseClick(button, Qt::LeftButton);
-            QVERIFY(dialog->isVisible()); // until the reader has stopped
-            QVERIFY(!button->isEnabled());
-            m_control->gate.release();
-        });
-        QVERIFY(!read(&parent));
-        QVERIFY2(m_error.contains(QLatin1String("canceled")), qPrintable(m_error));
-    }
+    QFETCH(bool, byKey);
+    QWidget parent;
+    m_control = std::make_unique<HeldControl>();
+    ModalDriver driver([&](QWidget *dialog) {
+        auto *button = dialog->findChild<QPushButton *>();
+        if (byKey)
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        else
+            QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(dialog->isVisible()); // until the reader has stopped
+        QVERIFY(!button->isEnabled());
+        m_control->gate.release();
+    });
+    QVERIFY(!read(&parent));
+    QVERIFY2(m_error.contains(QLatin1String("canceled")), qPrintable(m_error));
+}
+
+void TestNetlistReadDialog::parentDeletedWhileReading_data()
+{
+    QTest::addColumn<bool>("shown");
+    QTest::newRow("with the dialog open") << true;
+    QTest::newRow("before the dialog opens") << false;
 }
 
 void TestNetlistReadDialog::parentDeletedWhileReading()
 {
-    for (const bool shown : {true, false}) {
-        auto *parent = new QWidget;
-        m_control = std::make_unique<HeldControl>();
-        QTimer::singleShot(shown ? 200 : 0, parent, [parent] { delete parent; });
-        QTimer::singleShot(250, this, [this] { m_control->gate.release(); });
-        QVERIFY(!read(parent, shown ? 0 : 100));
-        QVERIFY2(m_error.contains(QLatin1String("canceled")), qPrintable(m_error));
-    }
+    QFETCH(bool, shown);
+    auto *parent = new QWidget;
+    m_control = std::make_unique<HeldControl>();
+    QPointer<QWidget> guard = parent;
+    QTimer poll;
+    connect(&poll, &QTimer::timeout, this, [&] {
+        if (guard && (!shown || QApplication::activeModalWidget()))
+            delete parent;
+        else if (m_control->isCancelled())
+            m_control->gate.release();
+    });
+    poll.start();
+    QVERIFY(!read(parent, shown ? 0 : 100));
+    QVERIFY2(m_error.contains(QLatin1String("canceled")), qPrintable(m_error));
 }
 
 QTEST_MAIN(TestNetlistReadDialog)

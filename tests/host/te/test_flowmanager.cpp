@@ -22,7 +22,7 @@ using Utils::FileStamp;
 
 namespace {
 
-/// Notes the states that the bus tells of.
+/// Records the states that the event bus delivers.
 class States : public QUtil::IEventHandler
 {
 public:
@@ -31,7 +31,8 @@ public:
     void handleIEvent(const QUtil::IEvent *event) override
     {
         QCOMPARE(event->value(QStringLiteral("process")).toString(), QStringLiteral("Process.Syn"));
-        seen.append(event->value(QStringLiteral("status")).toString());
+        seen.append(QLatin1String(QMetaEnum::fromType<FlowControl::Status>().valueToKey(
+            event->value(QStringLiteral("status")).toInt())));
         if (onEvent)
             onEvent();
     }
@@ -52,7 +53,7 @@ QByteArray projectText(const QString &program)
         .toUtf8();
 }
 
-/// False for a process that has ended, also when nobody has taken note of its end yet.
+/// False for a process that has ended, even if it is still a zombie.
 bool isAlive(const QByteArray &pid)
 {
     QFile stat(QStringLiteral("/proc/%1/stat").arg(QString::fromLatin1(pid.trimmed())));
@@ -90,7 +91,13 @@ void TestFlowManager::runsInProjectFolder()
     m_flow->setWatching(true);
     host.write(QStringLiteral("synth.sh"),
                "echo \"out $1\"\necho err >&2\npwd\nprintf 'cr\\r\\n\\nno end'\n"
-               "echo new > impl/netlist.json\n");
+               "cat new.json > impl/netlist.json\n");
+    const QByteArray netlist = TestHost::defaultNetlist() + ' ';
+    const QString other = host.write(QStringLiteral("new.json"), netlist);
+    Utils::FileWatcher witness(Utils::FileWatcher::Compare::Stamp);
+    QSignalSpy written(&witness, &Utils::FileWatcher::changed);
+    witness.watch(host.netlistPath());
+    witness.watch(other);
     Core::ProjectSession::get()->open(
         host.write(QStringLiteral("p.fpgaproj"), projectText(QStringLiteral("sh"))), nullptr);
     QSignalSpy output(m_flow, &FlowControl::output);
@@ -99,17 +106,20 @@ void TestFlowManager::runsInProjectFolder()
     QVERIFY2(m_flow->start(&error), qPrintable(error));
     QVERIFY(!m_flow->start(&error));
     QVERIFY(error.contains(QLatin1String("already")));
-    QTRY_COMPARE(states.text(), QStringLiteral("1 2"));
+    QTRY_COMPARE(states.text(), QStringLiteral("Running Finished"));
     QStringList lines;
     for (const QList<QVariant> &line : output)
         lines.append(line.first().toString());
     QCOMPARE(lines, QStringList({QStringLiteral("out a b; $c"), QStringLiteral("err"),
                                  QDir(host.path(QString())).canonicalPath(), QStringLiteral("cr"),
                                  QString(), QStringLiteral("no end")}));
-    QCOMPARE(host.read(QStringLiteral("impl/netlist.json")), QByteArray("new\n"));
-    // The run's own writing is no replacement from outside.
-    QTest::qWait(800);
-    QCOMPARE(states.text(), QStringLiteral("1 2"));
+    QCOMPARE(host.read(QStringLiteral("impl/netlist.json")), netlist);
+    // The run's own netlist is not a replacement by another program: that would have been reported
+    // before a later change of another file.
+    QTRY_COMPARE(written.count(), 1);
+    host.write(QStringLiteral("new.json"), "later");
+    QTRY_COMPARE(written.count(), 2);
+    QCOMPARE(states.text(), QStringLiteral("Running Finished"));
 }
 
 void TestFlowManager::reportsFailure_data()
@@ -140,7 +150,7 @@ void TestFlowManager::reportsFailure()
     States states;
     QString error;
     if (m_flow->start(&error)) {
-        QTRY_COMPARE(states.text(), QStringLiteral("1 3"));
+        QTRY_COMPARE(states.text(), QStringLiteral("Running Failed"));
         error = messages.last().first().toString();
     } else {
         QCOMPARE(states.text(), QString());
@@ -181,7 +191,7 @@ void TestFlowManager::stopsProcessGroup()
         return;
     }
     m_flow->stop(200);
-    QTRY_COMPARE(states.text(), QStringLiteral("1 4"));
+    QTRY_COMPARE(states.text(), QStringLiteral("Running Stopped"));
     QTRY_VERIFY(!isAlive(child));
     QVERIFY(messages.last().first().toString().contains(QLatin1String("stopped")));
     QCOMPARE(host.read(QStringLiteral("impl/netlist.json")), TestHost::defaultNetlist());
@@ -198,7 +208,7 @@ void TestFlowManager::restoresFilesAfterFailedRun_data()
     QTest::newRow("new file") << QByteArray("echo cut > impl/report.json\n");
 }
 
-/// A failed run leaves content, times and links as they were, and a user's own copies alone.
+/// A failed run keeps content, times and links, and does not touch the user's own copies.
 void TestFlowManager::restoresFilesAfterFailedRun()
 {
     QFETCH(QByteArray, script);
@@ -223,7 +233,7 @@ void TestFlowManager::restoresFilesAfterFailedRun()
             nullptr);
         States states;
         QVERIFY(m_flow->start(nullptr));
-        QTRY_COMPARE(states.text(), QStringLiteral("1 3"));
+        QTRY_COMPARE(states.text(), QStringLiteral("Running Failed"));
         const FileStamp after = FileStamp::of(netlist);
         QCOMPARE(host.read(QStringLiteral("impl/netlist.json")), TestHost::defaultNetlist());
         QCOMPARE(after.modified, before.modified);
@@ -244,11 +254,11 @@ void TestFlowManager::endsIdleWithoutNewNetlist()
     QSignalSpy messages(m_flow, &FlowControl::message);
     States states;
     QVERIFY(m_flow->start(nullptr));
-    QTRY_COMPARE(states.text(), QStringLiteral("1 0"));
+    QTRY_COMPARE(states.text(), QStringLiteral("Running Idle"));
     QVERIFY(messages.last().first().toString().contains(QLatin1String("up to date")));
     host.write(QStringLiteral("synth.sh"), "cp -p impl/netlist.json n; mv n impl/netlist.json\n");
     QVERIFY(m_flow->start(nullptr));
-    QTRY_COMPARE(states.text(), QStringLiteral("1 0 1 2"));
+    QTRY_COMPARE(states.text(), QStringLiteral("Running Idle Running Finished"));
 }
 
 void TestFlowManager::detectsNetlistReplacedByOtherProgram_data()
@@ -277,7 +287,7 @@ void TestFlowManager::detectsNetlistReplacedByOtherProgram()
         }
         QTRY_COMPARE(states.seen.size(), round);
     }
-    QCOMPARE(states.text(), QStringLiteral("2 2"));
+    QCOMPARE(states.text(), QStringLiteral("Finished Finished"));
 }
 
 void TestFlowManager::takesUpAnotherNetlistOfTheProject()
@@ -312,19 +322,19 @@ void TestFlowManager::waitsForCompleteNetlist()
                  qPrintable(message));
         QCOMPARE(states.text(), QString());
     }
-    // A run that writes nothing leaves another program's netlist to be taken up.
+    // After a run that writes nothing, another program's netlist is still used.
     host.write(QStringLiteral("synth.sh"), "exit 0\n");
     host.useNetlist(TestHost::defaultNetlist() + ' ');
     QVERIFY(m_flow->start(nullptr));
-    QTRY_COMPARE(states.text(), QStringLiteral("1 0 2"));
+    QTRY_COMPARE(states.text(), QStringLiteral("Running Idle Finished"));
 
     Utils::FileWatcher witness(Utils::FileWatcher::Compare::Stamp);
     QSignalSpy removed(&witness, &Utils::FileWatcher::removed);
     witness.watch(host.netlistPath());
-    QVERIFY(QFile::remove(host.netlistPath())); // a missing netlist is no result
+    QVERIFY(QFile::remove(host.netlistPath())); // a missing netlist is not a result
     QTRY_COMPARE(removed.count(), 1);
     host.useNetlist(TestHost::defaultNetlist());
-    QTRY_COMPARE(states.text(), QStringLiteral("1 0 2 2"));
+    QTRY_COMPARE(states.text(), QStringLiteral("Running Idle Finished Finished"));
 }
 
 void TestFlowManager::restartsFromItsOwnEvent()
@@ -333,13 +343,13 @@ void TestFlowManager::restartsFromItsOwnEvent()
     host.write(QStringLiteral("synth.sh"), "touch impl/netlist.json\n");
     States states;
     states.onEvent = [&] {
-        if (states.text() == QLatin1String("1 2"))
+        if (states.text() == QLatin1String("Running Finished"))
             QVERIFY(m_flow->start(nullptr));
         else if (states.seen.size() == 3)
             m_flow->stop(); // as soon as it runs
     };
     QVERIFY(m_flow->start(nullptr));
-    QTRY_COMPARE(states.text(), QStringLiteral("1 2 1 4"));
+    QTRY_COMPARE(states.text(), QStringLiteral("Running Finished Running Stopped"));
 }
 
 QTEST_MAIN(TestFlowManager)

@@ -16,12 +16,6 @@
 using VLT::VLTView;
 using VLT::VLTViewManager;
 
-namespace {
-
-constexpr char NO_VOLTAGE_DEVICE[] = "QF3-50-BG900";
-
-} // namespace
-
 class TestVLTView : public QObject
 {
     Q_OBJECT
@@ -40,9 +34,11 @@ private slots:
     void closeQuestion_data();
     void closeQuestion();
     void deletedWhileConfirming();
+    void deviceWithoutSuppliesClosesViews_data();
     void deviceWithoutSuppliesClosesViews();
     void rejectsPartlyParsedFile_data();
     void rejectsPartlyParsedFile();
+    void failedSaveKeepsChanges_data();
     void failedSaveKeepsChanges();
     void savesOpenEditor();
     void refusedCloseKeepsTypedText();
@@ -64,7 +60,7 @@ private:
     {
         return view->findChild<QWidget *>(QStringLiteral("VLT__ChangedBanner"));
     }
-    /// Leaves an open editor with "new" in a table of the view; a change marks the view.
+    /// Leaves "new" in the open editor of a table of the view; a change marks the view modified.
     void typeIntoTable(VLTView *view, QStandardItemModel *model)
     {
         model->setItem(0, 0, new QStandardItem(QStringLiteral("old")));
@@ -175,7 +171,7 @@ void TestVLTView::readableNetlistKeepsView()
     const NlsData::Netlist *old = view->getNetlist();
     ModalDriver driver([&](QWidget *dialog) {
         const QPointer<QWidget> message = dialog;
-        synthesize(TestHost::defaultNetlist()); // the next run, while the first one's end is told
+        synthesize(TestHost::defaultNetlist()); // the next run, during the first one's message
         QTRY_VERIFY(!message || !message->isVisible());
     });
     synthesize("{");
@@ -230,31 +226,36 @@ void TestVLTView::deletedWhileConfirming()
     QVERIFY(!event.isAccepted());
 }
 
+void TestVLTView::deviceWithoutSuppliesClosesViews_data()
+{
+    QTest::addColumn<QString>("dialog");
+    QTest::newRow("no dialog") << "";
+    QTest::newRow("during a message") << "message";
+    QTest::newRow("during the close question") << "question";
+}
+
 void TestVLTView::deviceWithoutSuppliesClosesViews()
 {
-    const auto changeDevice = [this] { m_host->setDevice(QString::fromLatin1(NO_VOLTAGE_DEVICE)); };
-    for (const char *dialog : {"", "message", "question"}) {
-        cleanup();
-        init();
-        const QPointer<VLTView> view = open();
-        const QPointer<VLTView> second = open(VLT::emptyFile(), QStringLiteral("b.vlr"));
-        view->setModified(true);
-        auto *spin = view->findChild<QDoubleSpinBox *>(QStringLiteral("spinAmbTemp"));
-        spin->selectAll();
-        QTest::keyClicks(spin, QStringLiteral("3")); // dropped like every other change
-        if (!*dialog) {
-            changeDevice();
-        } else {
-            ModalDriver driver([&](QWidget *) { changeDevice(); });
-            if (dialog == QByteArray("question"))
-                Core::ViewManager::instance()->closeView(view);
-            else
-                VLT::showMessage(QMessageBox::Information, view, QString(), QString());
-        }
-        QTRY_VERIFY(VLTViewManager::vltViews().isEmpty());
-        QTRY_VERIFY(!view && !second);
-        QCOMPARE(m_host->read(QStringLiteral("a.vlr")), VLT::emptyFile());
+    QFETCH(QString, dialog);
+    const auto changeDevice = [this] { m_host->setDevice(QStringLiteral("QF3-50-BG900")); };
+    const QPointer<VLTView> view = open();
+    const QPointer<VLTView> second = open(VLT::emptyFile(), QStringLiteral("b.vlr"));
+    view->setModified(true);
+    auto *spin = view->findChild<QDoubleSpinBox *>(QStringLiteral("spinAmbTemp"));
+    spin->selectAll();
+    QTest::keyClicks(spin, QStringLiteral("3")); // discarded like every other change
+    if (dialog.isEmpty()) {
+        changeDevice();
+    } else {
+        ModalDriver driver([&](QWidget *) { changeDevice(); });
+        if (dialog == QLatin1String("question"))
+            Core::ViewManager::instance()->closeView(view);
+        else
+            VLT::showMessage(QMessageBox::Information, view, QString(), QString());
     }
+    QTRY_VERIFY(VLTViewManager::vltViews().isEmpty());
+    QTRY_VERIFY(!view && !second);
+    QCOMPARE(m_host->read(QStringLiteral("a.vlr")), VLT::emptyFile());
 }
 
 void TestVLTView::rejectsPartlyParsedFile_data()
@@ -276,28 +277,35 @@ void TestVLTView::rejectsPartlyParsedFile()
     QVERIFY(!view.readCfgFile(m_host->write(QStringLiteral("a.vlr"), bytes)));
 }
 
+void TestVLTView::failedSaveKeepsChanges_data()
+{
+    QTest::addColumn<QString>("target"); // of the link that replaces the file
+    QTest::addColumn<QString>("verb");
+    QTest::newRow("missing folder") << "missing/folder"
+                                    << "open";
+    QTest::newRow("full disk") << "/dev/full"
+                               << "write";
+}
+
 void TestVLTView::failedSaveKeepsChanges()
 {
+    QFETCH(QString, target);
+    QFETCH(QString, verb);
     VLTView *view = open();
     view->setModified(true);
-    // What the file's path leads to when it is saved, and what is told.
-    const QList<QPair<const char *, const char *>> cases = {{"missing/folder", "open"},
-                                                            {"/dev/full", "write"}};
-    for (const auto &[target, verb] : cases) {
-        QVERIFY(QFile::remove(view->file()));
-        QVERIFY(QFile::link(QLatin1String(target), view->file()));
-        QString detail;
-        ModalDriver driver([&detail](QWidget *dialog) {
-            detail = qobject_cast<QMessageBox *>(dialog)->informativeText();
-            pressButton(QMessageBox::Ok)(dialog);
-        });
-        QVERIFY(!view->save());
-        QVERIFY(detail.contains(QLatin1String("The file is as it was.")));
-        QCOMPARE(driver.title(), QStringLiteral("Warning"));
-        QCOMPARE(driver.text(), QStringLiteral("Cannot %1 the config file '%2'!")
-                                    .arg(QLatin1String(verb), view->file()));
-        QVERIFY(view->isModified());
-    }
+    QVERIFY(QFile::remove(view->file()));
+    QVERIFY(QFile::link(target, view->file()));
+    QString detail;
+    ModalDriver driver([&detail](QWidget *dialog) {
+        detail = qobject_cast<QMessageBox *>(dialog)->informativeText();
+        pressButton(QMessageBox::Ok)(dialog);
+    });
+    QVERIFY(!view->save());
+    QVERIFY(detail.contains(QLatin1String("The file is as it was.")));
+    QCOMPARE(driver.title(), QStringLiteral("Warning"));
+    QCOMPARE(driver.text(),
+             QStringLiteral("Cannot %1 the config file '%2'!").arg(verb, view->file()));
+    QVERIFY(view->isModified());
     QFile::remove(view->file());
     QVERIFY(view->save());
 }

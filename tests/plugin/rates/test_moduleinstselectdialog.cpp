@@ -31,6 +31,7 @@ class TestModuleInstSelectDialog : public QObject
     Q_OBJECT
 
 private slots:
+    void filters_data();
     void filters();
     void filtersLongListWhileTyping();
 
@@ -46,8 +47,28 @@ private:
     QTemporaryDir m_folder;
 };
 
+void TestModuleInstSelectDialog::filters_data()
+{
+    QTest::addColumn<QString>("filter");
+    QTest::addColumn<QString>("listed");
+    const char *all = "top CPU0 a*b[1] cpu1 u_uart"; // the design first, the others by name
+    QTest::newRow("none") << "" << all;
+    QTest::newRow("spaces") << "   " << all;
+    QTest::newRow("any case") << " CpU "
+                              << "CPU0 cpu1";
+    QTest::newRow("no pattern") << "*"
+                                << "a*b[1]";
+    QTest::newRow("brackets") << "b[1]"
+                              << "a*b[1]";
+    QTest::newRow("design") << "op"
+                            << "top";
+    QTest::newRow("no match") << "xyz"
+                              << "";
+}
+
 void TestModuleInstSelectDialog::filters()
 {
+    QFETCH(QString, filter);
     NetlistJson json;
     auto &top = json.module("top").top();
     for (const char *cell : {"u_uart", "CPU0", "a*b[1]", "cpu1"})
@@ -57,20 +78,12 @@ void TestModuleInstSelectDialog::filters()
     ModuleInstSelectDialog dialog(nullptr, netlist.get(), true);
     auto *edit = dialog.findChild<QLineEdit *>(QStringLiteral("lineEditFilter"));
     auto *list = dialog.findChild<QListWidget *>(QStringLiteral("listWidget"));
-    const char *all = "top CPU0 a*b[1] cpu1 u_uart"; // the design first, the others by name
-    const QList<QPair<const char *, const char *>> cases = {
-        {"", all},     {"   ", all}, {" CpU ", "CPU0 cpu1"}, {"*", "a*b[1]"}, {"b[1]", "a*b[1]"},
-        {"op", "top"}, {"xyz", ""},
-    };
-    for (const auto &[filter, expected] : cases) {
-        edit->clear();
-        QTest::keyClicks(edit, QLatin1String(filter));
-        QCOMPARE(shown(list).join(QLatin1Char(' ')), QLatin1String(expected));
-    }
+    QTest::keyClicks(edit, filter);
+    QTEST(shown(list).join(QLatin1Char(' ')), "listed");
 }
 
-/// The list that typing, correcting and clearing leaves is the list that a plain search gives, with
-/// more entries than one turn of the event loop can list.
+/// Typing, correcting and clearing end with the list of a plain search, even with more entries than
+/// one turn of the event loop can list.
 void TestModuleInstSelectDialog::filtersLongListWhileTyping()
 {
     NetlistJson json;

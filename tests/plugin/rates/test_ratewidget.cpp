@@ -72,9 +72,12 @@ class TestRateWidget : public QObject
 
 private slots:
     void cleanup() { QLocale::setDefault(QLocale::c()); }
+    void readsAndWrites_data();
     void readsAndWrites();
     void editsInBothUnits();
+    void untypedRatesStayUnset_data();
     void untypedRatesStayUnset();
+    void pastesOnlyRates();
     void sortsValuesAsText();
     void asksBeforeChangingUnit();
     void addsNets();
@@ -85,33 +88,38 @@ private:
     const TestHost m_host;
 };
 
-void TestRateWidget::readsAndWrites()
+void TestRateWidget::readsAndWrites_data()
 {
+    QTest::addColumn<QByteArray>("xml");
+    QTest::addColumn<QByteArray>("written");
+    QTest::addColumn<bool>("isToggle");
     const QByteArray nets(R"(<Net name="a&lt;b&gt;" value="1e2"/><Net name="a" value=""/>)");
     const auto section = [](const char *type, const QByteArray &content) {
         return "<NetRate" + QByteArray(type) + '>' + content + "</NetRate>";
     };
     const char *toggle = R"( type="toggle")";
     const char *signal = R"( type="signal")";
-    const QList<QPair<QByteArray, QByteArray>> cases = {
-        {"", ""},
-        {section(toggle, nets), section(toggle, nets)},
-        {section(signal, nets), section(signal, nets)},
-        {section(R"( type="Toggle")", nets), section(signal, nets)},
-        {section("", nets), section(signal, nets)},
-        {section(toggle, "<Net/><Port/>"), section(toggle, R"(<Net name="" value=""/>)")},
-        {section(signal, ""), ""},
-    };
-    for (const auto &[xml, expected] : cases) {
-        const Fixture f(m_host);
-        f.read(xml);
-        QCOMPARE(f.written(), expected);
-        // Without a section the form's own unit stays.
-        const bool isToggle = xml.isEmpty() || xml.contains("\"toggle\"");
-        QCOMPARE(f.find<QRadioButton>("radioToggle")->isChecked(), isToggle);
-        QCOMPARE(f.nets->valueType(), isToggle);
-        QVERIFY(f.find<QGroupBox>("groupIORate")->isHidden());
-    }
+    QTest::newRow("no section") << QByteArray() << QByteArray() << true; // the form's own unit
+    QTest::newRow("toggle") << section(toggle, nets) << section(toggle, nets) << true;
+    QTest::newRow("signal") << section(signal, nets) << section(signal, nets) << false;
+    QTest::newRow("other case") << section(R"( type="Toggle")", nets) << section(signal, nets)
+                                << false;
+    QTest::newRow("no type") << section("", nets) << section(signal, nets) << false;
+    QTest::newRow("unknown element") << section(toggle, "<Net/><Port/>")
+                                     << section(toggle, R"(<Net name="" value=""/>)") << true;
+    QTest::newRow("no nets") << section(signal, "") << QByteArray() << false;
+}
+
+void TestRateWidget::readsAndWrites()
+{
+    QFETCH(QByteArray, xml);
+    QFETCH(bool, isToggle);
+    const Fixture f(m_host);
+    f.read(xml);
+    QTEST(f.written(), "written");
+    QCOMPARE(f.find<QRadioButton>("radioToggle")->isChecked(), isToggle);
+    QCOMPARE(f.nets->valueType(), isToggle);
+    QVERIFY(f.find<QGroupBox>("groupIORate")->isHidden());
 }
 
 void TestRateWidget::editsInBothUnits()
@@ -143,44 +151,66 @@ void TestRateWidget::editsInBothUnits()
     QCOMPARE(f.table->findChild<QDoubleSpinBox *>()->text(), QStringLiteral("0.00"));
 }
 
+void TestRateWidget::untypedRatesStayUnset_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("typed"); // null when the editor is only opened
+    QTest::addColumn<QString>("after");
+    const QString seven = QStringLiteral("7");
+    QTest::newRow("unset, opened") << "" << QString() << "";
+    QTest::newRow("unset, negative") << ""
+                                     << "-5"
+                                     << "";
+    QTest::newRow("unset, sign") << ""
+                                 << "-"
+                                 << "";
+    QTest::newRow("unset, point") << ""
+                                  << "."
+                                  << "";
+    QTest::newRow("unset, zero") << ""
+                                 << "0"
+                                 << "0.00";
+    QTest::newRow("set, opened") << seven << QString() << seven;
+    QTest::newRow("set, emptied") << seven << ""
+                                  << "";
+    QTest::newRow("set, negative") << seven << "-5"
+                                   << "";
+    QTest::newRow("set, sign") << seven << "-" << seven;
+}
+
 void TestRateWidget::untypedRatesStayUnset()
 {
-    const char *nets = R"(<NetRate type="toggle"><Net name="a" value=""/>)"
-                       R"(<Net name="b" value="7"/></NetRate>)";
-    struct Case
-    {
-        int row;
-        const char *typed; // null when the editor is only opened
-        const char *value;
-    };
-    for (const Case &row : {Case{0, nullptr, ""}, Case{0, "-5", ""}, Case{0, "-", ""},
-                            Case{0, ".", ""}, Case{0, "0", "0.00"}, Case{1, nullptr, "7"},
-                            Case{1, "", ""}, Case{1, "-5", ""}, Case{1, "-", "7"}}) {
-        for (const int key : {0, int(Qt::Key_Return), int(Qt::Key_Tab)}) {
-            const Fixture f(m_host);
-            f.read(nets);
-            QVERIFY(QTest::qWaitForWindowActive(f.view.get()));
-            doubleClickCell(f.table, row.row, 1);
-            auto *editor = f.table->findChild<QDoubleSpinBox *>();
-            QCOMPARE(editor->text(), QLatin1String(row.row == 0 ? "" : "7.00"));
-            if (row.typed) {
-                editor->selectAll();
-                QTest::keyClick(editor, Qt::Key_Delete);
-                QTest::keyClicks(editor, QLatin1String(row.typed));
-            }
-            // As opening and closing a menu does.
-            QFocusEvent out(QEvent::FocusOut, Qt::PopupFocusReason);
-            QCoreApplication::sendEvent(editor, &out);
-            key ? QTest::keyClick(editor, Qt::Key(key)) : f.table->setFocus();
-            QTRY_VERIFY(!f.table->viewport()->isAncestorOf(QApplication::focusWidget()));
-            const QString before = row.row == 0 ? QString() : QStringLiteral("7");
-            QCOMPARE(f.nets->getData().at(row.row)->value, QLatin1String(row.value));
-            QCOMPARE(f.view->isModified(), before != QLatin1String(row.value));
+    QFETCH(QString, before);
+    QFETCH(QString, typed);
+    QFETCH(QString, after);
+    for (const int key : {0, int(Qt::Key_Return), int(Qt::Key_Tab)}) {
+        const Fixture f(m_host);
+        f.read(R"(<NetRate type="toggle"><Net name="a" value=")" + before.toUtf8() +
+               R"("/><Net name="b"/></NetRate>)");
+        QVERIFY(QTest::qWaitForWindowActive(f.view.get()));
+        doubleClickCell(f.table, 0, 1);
+        auto *editor = f.table->findChild<QDoubleSpinBox *>();
+        QCOMPARE(editor->text(), before.isEmpty() ? QString() : QStringLiteral("7.00"));
+        if (!typed.isNull()) {
+            editor->selectAll();
+            QTest::keyClick(editor, Qt::Key_Delete);
+            QTest::keyClicks(editor, typed);
         }
+        // As opening and closing a menu does.
+        QFocusEvent out(QEvent::FocusOut, Qt::PopupFocusReason);
+        QCoreApplication::sendEvent(editor, &out);
+        key ? QTest::keyClick(editor, Qt::Key(key)) : f.table->setFocus();
+        QTRY_VERIFY(!f.table->viewport()->isAncestorOf(QApplication::focusWidget()));
+        QCOMPARE(f.nets->getData().first()->value, after);
+        QCOMPARE(f.view->isModified(), before != after);
     }
+}
 
+void TestRateWidget::pastesOnlyRates()
+{
     const Fixture f(m_host);
-    f.read(nets);
+    f.read(R"(<NetRate type="toggle"><Net name="a" value=""/>)"
+           R"(<Net name="b" value="7"/></NetRate>)");
     f.table->setCurrentIndex(f.table->model()->index(0, 1));
     f.table->clearSelection();
     QApplication::clipboard()->setText(QStringLiteral("-5\n-5"));

@@ -73,7 +73,9 @@ private slots:
     void initTestCase();
     void cleanup() { QLocale::setDefault(QLocale::c()); }
     void reportsFirstProblem();
+    void checksTimes_data();
     void checksTimes();
+    void acceptsOnlyTimes_data();
     void acceptsOnlyTimes();
     void editsExistingRecord();
     void choosesFileAndInstance();
@@ -126,41 +128,58 @@ void TestVcdFileSetDialog::reportsFirstProblem()
     QCOMPARE(record->timeUnit, QStringLiteral("s"));
 }
 
-void TestVcdFileSetDialog::checksTimes()
+void TestVcdFileSetDialog::checksTimes_data()
 {
+    QTest::addColumn<QString>("start");
+    QTest::addColumn<QString>("end");
+    QTest::addColumn<QString>("stored"); // end time, or the refusal
+    const auto row = [](const char *name, const char *start, const char *end, const char *stored) {
+        QTest::newRow(name) << QString::fromLatin1(start) << QString::fromLatin1(end)
+                            << QString::fromLatin1(stored);
+    };
     const char *zero = "End time value cannot be 0.";
     const char *order = "End time value must be greater than start time value.";
-    struct Case
-    {
-        const char *start, *end, *refusal;
-    };
-    // A file may hold any text, so that the fields may too.
-    const Case cases[] = {
-        {"", "", ""},      {"5", "", ""},    {"", "0.001", ""}, {"9", "10", ""},
-        {"5", "6.", ""},   {"inf", "1", ""}, {"", "0", zero},   {"5", "0.000", zero},
-        {"", "inf", zero}, {"", "x", zero},  {"5", "5", order}, {"5.001", "5", order},
-        {"", "-1", order},
-    };
-    for (const Case &times : cases) {
-        VLT_VcdFile record{m_file,
-                           QStringLiteral("core"),
-                           true,
-                           QLatin1String(times.start),
-                           QLatin1String(times.end),
-                           QStringLiteral("ns")};
-        const Form form(m_view.get(), &record);
-        if (*times.refusal) {
-            QCOMPARE(form.refusal(), QLatin1String(times.refusal));
-            continue;
-        }
-        form.pressOk();
-        QCOMPARE(form.dialog.result(), int(QDialog::Accepted));
-        QString end = QLatin1String(times.end);
-        if (end.endsWith(QLatin1Char('.'))) // unfinished
-            end.chop(1);
-        QCOMPARE(record.startTime + record.endTime + record.timeUnit,
-                 QLatin1String(times.start) + end + QLatin1String("ns"));
+    row("none", "", "", "");
+    row("start", "5", "", "");
+    row("end", "", "0.001", "0.001");
+    row("compared as numbers", "9", "10", "10");
+    row("unfinished", "5", "6.", "6");
+    row("zero", "", "0", zero);
+    row("zero after start", "5", "0.000", zero);
+    row("equal", "5", "5", order);
+    row("reversed", "5.001", "5", order);
+    // A file may have any text, so the fields may, too.
+    row("infinite start", "inf", "1", "1");
+    row("infinite end", "", "inf", zero);
+    row("no number", "", "x", zero);
+    row("negative", "", "-1", order);
+}
+
+void TestVcdFileSetDialog::checksTimes()
+{
+    QFETCH(QString, start);
+    QFETCH(QString, end);
+    QFETCH(QString, stored);
+    VLT_VcdFile record{m_file, QStringLiteral("core"), true, start, end, QStringLiteral("ns")};
+    const Form form(m_view.get(), &record);
+    if (stored.startsWith(QLatin1String("End time"))) {
+        QCOMPARE(form.refusal(), stored);
+        return;
     }
+    form.pressOk();
+    QCOMPARE(form.dialog.result(), int(QDialog::Accepted));
+    QCOMPARE(record.startTime, start);
+    QCOMPARE(record.endTime, stored);
+    QCOMPARE(record.timeUnit, QStringLiteral("ns"));
+}
+
+void TestVcdFileSetDialog::acceptsOnlyTimes_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("12,5") << "12.5";
+    QTest::newRow("007") << "0";
+    QTest::newRow("-1e3") << "13";
+    QTest::newRow("1234567890.1234") << "123456789.123";
 }
 
 void TestVcdFileSetDialog::acceptsOnlyTimes()
@@ -168,13 +187,8 @@ void TestVcdFileSetDialog::acceptsOnlyTimes()
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
     const Form form(m_view.get());
     QLineEdit *edit = form.edit("editStartTime");
-    const QList<QPair<const char *, const char *>> cases = {
-        {"12,5", "12.5"}, {"007", "0"}, {"-1e3", "13"}, {"1234567890.1234", "123456789.123"}};
-    for (const auto &[keys, text] : cases) {
-        edit->clear();
-        QTest::keyClicks(edit, QLatin1String(keys));
-        QCOMPARE(edit->text(), QLatin1String(text));
-    }
+    QTest::keyClicks(edit, QLatin1String(QTest::currentDataTag()));
+    QTEST(edit->text(), "text");
 }
 
 void TestVcdFileSetDialog::editsExistingRecord()

@@ -14,6 +14,7 @@ private slots:
     void initTestCase() { QLocale::setDefault(QLocale(QLocale::German)); } // a comma
     void init();
     void cleanup();
+    void commitsTypedValue_data();
     void commitsTypedValue();
     void commitOpenEditor();
     void elidesInFrontOfTheLastPart();
@@ -52,37 +53,51 @@ void TestDoubleDelegate::cleanup()
     m_model.reset();
 }
 
+void TestDoubleDelegate::commitsTypedValue_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("key"); // 0 when the editor loses the focus
+    QTest::addColumn<QString>("stored");
+    const auto row = [](const char *typed, int key, const char *stored) {
+        const char *end = key == 0 ? "focus lost" : key == Qt::Key_Escape ? "Escape" : "Return";
+        QTest::addRow("%s, %s", *typed ? typed : "nothing", end)
+            << QString::fromLatin1(typed) << key << QString::fromLatin1(stored);
+    };
+    row("33.3", Qt::Key_Return, "33.30");
+    row("33,3", Qt::Key_Return, "33.30");
+    row("7%", Qt::Key_Return, "7.00");
+    row("-0", Qt::Key_Return, "0.00");
+    row("-5", Qt::Key_Return, "-1");
+    row("-,5", Qt::Key_Return, "-1");
+    row("-5", 0, "-1");
+    row("-", Qt::Key_Return, "12.5");
+    row("--", 0, "12.5");
+    row("12.50", 0, "12.5");
+    row("12,5", Qt::Key_Return, "12.5");
+    row("150", Qt::Key_Return, "15.00"); // the last digit is refused
+    row("", Qt::Key_Return, "-1");
+    row("", 0, "-1");
+    row("4", 0, "4.00");
+    row("4", Qt::Key_Escape, "12.5");
+}
+
 void TestDoubleDelegate::commitsTypedValue()
 {
-    struct Case
-    {
-        const char *typed;
-        int key; // 0 when the focus is taken
-        const char *expected;
-    };
-    for (const Case &row :
-         {Case{"33.3", Qt::Key_Return, "33.30"}, Case{"33,3", Qt::Key_Return, "33.30"},
-          Case{"7%", Qt::Key_Return, "7.00"}, Case{"-0", Qt::Key_Return, "0.00"},
-          Case{"-5", Qt::Key_Return, "-1"}, Case{"-,5", Qt::Key_Return, "-1"}, Case{"-5", 0, "-1"},
-          Case{"-", Qt::Key_Return, "12.5"}, Case{"--", 0, "12.5"}, Case{"12.50", 0, "12.5"},
-          Case{"12,5", Qt::Key_Return, "12.5"}, Case{"150", Qt::Key_Return, "15.00"},
-          Case{"", Qt::Key_Return, "-1"}, Case{"", 0, "-1"}, Case{"4", 0, "4.00"},
-          Case{"4", Qt::Key_Escape, "12.5"}}) {
-        m_model->setData(m_model->index(0, 1), 12.5f);
-        QDoubleSpinBox *editor = edit();
-        QVERIFY(editor);
-        QCOMPARE(editor->text(), QStringLiteral("12.50"));
-        QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(editor, Qt::Key_Backspace);
-        QTest::keyClicks(editor, QString::fromLatin1(row.typed));
-        if (row.key)
-            QTest::keyClick(editor, Qt::Key(row.key));
-        else
-            m_table->setFocus();
-        QTRY_COMPARE(stored(), QString::fromLatin1(row.expected));
-        QTRY_VERIFY(!m_table->isPersistentEditorOpen(m_model->index(0, 1)));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    }
+    QFETCH(QString, typed);
+    QFETCH(int, key);
+    QFETCH(QString, stored);
+    QDoubleSpinBox *editor = edit();
+    QVERIFY(editor);
+    QCOMPARE(editor->text(), QStringLiteral("12.50"));
+    QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(editor, Qt::Key_Backspace);
+    QTest::keyClicks(editor, typed);
+    if (key)
+        QTest::keyClick(editor, Qt::Key(key));
+    else
+        m_table->setFocus();
+    QTRY_COMPARE(this->stored(), stored);
+    QTRY_VERIFY(!m_table->isPersistentEditorOpen(m_model->index(0, 1)));
 }
 
 void TestDoubleDelegate::commitOpenEditor()

@@ -63,6 +63,7 @@ private slots:
     void removesSelectedRows();
     void asksBeforeRemoving();
     void selectionFollowsSortedRecords();
+    void shiftSelectsFromSortedRecord_data();
     void shiftSelectsFromSortedRecord();
     void sortCommitsOpenEditor();
     void deletedWhileConfirming();
@@ -184,25 +185,29 @@ void TestTablePage::selectionFollowsSortedRecords()
     QCOMPARE(m_page->model.names(), QStringLiteral("5 3 2"));
 }
 
+void TestTablePage::shiftSelectsFromSortedRecord_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("click") << false;
+    QTest::newRow("arrow key") << true;
+}
+
 void TestTablePage::shiftSelectsFromSortedRecord()
 {
-    for (const bool byKey : {false, true}) {
-        cleanup();
-        init();
-        const auto click = [this](int row, Qt::KeyboardModifiers modifiers) {
-            QTest::mouseClick(m_page->table->viewport(), Qt::LeftButton, modifiers,
-                              m_page->table->visualRect(m_page->model.index(row, 0)).center());
-        };
-        click(1, {});
-        clickHeader(1); // the record is in row 4 then
-        if (byKey)
-            QTest::keyClick(m_page->table, Qt::Key_Up, Qt::ShiftModifier);
-        else
-            click(3, Qt::ShiftModifier);
-        QVector<int> rows = selectedRows(m_page->table->selectionModel());
-        std::sort(rows.begin(), rows.end());
-        QCOMPARE(rows, QVector<int>({3, 4}));
-    }
+    QFETCH(bool, byKey);
+    const auto click = [this](int row, Qt::KeyboardModifiers modifiers) {
+        QTest::mouseClick(m_page->table->viewport(), Qt::LeftButton, modifiers,
+                          m_page->table->visualRect(m_page->model.index(row, 0)).center());
+    };
+    click(1, {});
+    clickHeader(1); // moves the record to row 4
+    if (byKey)
+        QTest::keyClick(m_page->table, Qt::Key_Up, Qt::ShiftModifier);
+    else
+        click(3, Qt::ShiftModifier);
+    QVector<int> rows = selectedRows(m_page->table->selectionModel());
+    std::sort(rows.begin(), rows.end());
+    QCOMPARE(rows, QVector<int>({3, 4}));
 }
 
 void TestTablePage::sortCommitsOpenEditor()
@@ -218,7 +223,7 @@ void TestTablePage::sortCommitsOpenEditor()
 void TestTablePage::deletedWhileConfirming()
 {
     select({0});
-    // The page is closed by somebody else while the question of its menu's command is open.
+    // Something else closes the page while the question of its context menu's command is open.
     QTimer::singleShot(0, this, [this] {
         QWidget *menu = QApplication::activePopupWidget();
         QVERIFY(menu);
