@@ -2,8 +2,8 @@
 
 #include "extsys/iplugin.h"
 
-/// Makes the plug-in of the power analysis configuration the embedded host's opener of ".vlr"
-/// files. A plug-in of its own, because the other one knows nothing of this host.
+/// Registers the power analysis configuration's plug-in as the embedded host's opener of ".vlr"
+/// files. A separate plug-in, because the other one knows nothing of this host.
 class BridgePlugin : public ExtSys::IPlugin
 {
     Q_OBJECT

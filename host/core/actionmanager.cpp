@@ -16,7 +16,7 @@ void ActionManager::registerAction(QAction *action, const QString &id, const QSt
 
 CommandRegistry *CommandRegistry::get()
 {
-    // Never destroyed: actions of static life may end after the application.
+    // Intentionally leaked: static actions may be destroyed after the application.
     static CommandRegistry *const self = new CommandRegistry;
     return self;
 }
@@ -45,7 +45,7 @@ CommandRegistry::Command &CommandRegistry::find(const QString &id)
         proxy->setEnabled(false);
         connect(proxy, &QAction::triggered, this, [this, id] {
             QAction *action = activeAction(id);
-            if (action && action->isEnabled()) // trigger() would not ask
+            if (action && action->isEnabled()) // trigger() does not check
                 action->trigger();
         });
         it = m_commands.insert(id, {proxy, QString(), {}});

@@ -20,8 +20,8 @@ class HOST_EXPORT CommandRegistry : public QObject
 public:
     static CommandRegistry *get();
 
-    /// The command `id`, created at the first call and owned by the manager. It shows text, tool
-    /// tip and enabled state of the registered action whose context is active and triggers it;
+    /// The command `id`, created by the first call and owned by the manager. It shows text, tool
+    /// tip and enabled state of the registered action whose context is active, and triggers it;
     /// without one it is disabled and shows its default text.
     static QAction *command(const QString &id);
 

@@ -13,8 +13,8 @@ namespace Core {
 
 class IView;
 
-/// Opens files of some kinds as views. Found in the object pool; whoever loads a plug-in of a
-/// closed interface publishes one for it.
+/// Opens files of some kinds as views. Found in the object pool; a bridge publishes one for a
+/// plug-in that does not know this interface.
 class HOST_EXPORT IFileOpener : public QObject
 {
     Q_OBJECT
@@ -23,31 +23,31 @@ public:
     IFileOpener();
     ~IFileOpener() override;
 
-    /// Lower-case file name suffixes without a point.
+    /// Lower-case file name extensions without the point.
     virtual QStringList suffixes() const = 0;
 
-    /// Opens the file on `device`, or shows its view again. Null when it does not open, which the
-    /// user has been told.
+    /// Opens the file for `device`, or shows the view that it has. On failure informs the user and
+    /// returns null.
     virtual Core::IView *open(const DEV::DeviceArg &device, const QString &path) = 0;
 
-    /// Reads an open file anew, in a new view in place of the present one, whose changes are
-    /// dropped. When the file does not open, the user has been told and the view stays as it is.
+    /// Reloads an open file in a new view that replaces the present one, whose changes are
+    /// discarded. On failure informs the user and keeps the view.
     virtual void reload(const DEV::DeviceArg &device, const QString &path) = 0;
 
     /// Closes the file's view as the user would; a modified one may refuse.
     virtual void close(const QString &path) = 0;
 
-    /// The view that shows the file; null when none does.
+    /// The view of the file; null if it is not open.
     virtual Core::IView *view(const QString &path) const = 0;
 
-    /// The document path of the file that `view` shows; empty when the view is of another kind.
+    /// The document path of the file in `view`; empty if the view is of another kind.
     virtual QString filePath(const Core::IView *view) const = 0;
 
     /// Whether the file is open and has changes that are not saved.
     virtual bool isModified(const QString &path) const = 0;
 
-    /// Another program has removed the file of an open view, which then counts as modified, or
-    /// has put it back as it was, so that only edits count again.
+    /// Another program has removed the file of an open view, which then counts as modified, or has
+    /// restored it, so that only edits count again.
     virtual void setFileMissing(const QString &path, bool missing) = 0;
 
     /// Shows a record of an open file in its view: selected, and scrolled to. It is found by the
@@ -61,7 +61,7 @@ public:
     /// has been told; runs the event loop then.
     virtual bool save(const QString &path) = 0;
 
-    /// The opener in the pool for the file name's suffix; null when there is none.
+    /// The opener in the pool for the file name's extension; null if there is none.
     static IFileOpener *forFile(const QString &path);
 };
 

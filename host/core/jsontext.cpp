@@ -16,7 +16,7 @@ QByteArray compact(const QJsonValue &value)
     return list.mid(1, list.size() - 2);
 }
 
-/// The value as a user would write it: a list on one line while that is short.
+/// The value as a user would write it: a short list on one line.
 QByteArray rendered(const QJsonValue &value, const QByteArray &lineBreak)
 {
     const bool isObject = value.isObject();
@@ -96,7 +96,7 @@ QVector<JsonText::Item> JsonText::items(int container) const
         Item item{{at, at}, {at, at}};
         if (isObject) {
             item.name.end = skipValue(at);
-            at = skipSpace(skipSpace(item.name.end) + 1); // behind the colon
+            at = skipSpace(skipSpace(item.name.end) + 1); // after the colon
             item.value.begin = at;
         }
         item.value.end = skipValue(item.value.begin);
@@ -118,7 +118,7 @@ int JsonText::find(const QVector<Item> &items, const QString &name) const
     return -1;
 }
 
-/// The line break and indentation before a place; empty when something else is on its line.
+/// The line break and indentation before a position; empty if something else is on its line.
 QByteArray JsonText::breakBefore(int at) const
 {
     int begin = at;
@@ -138,7 +138,7 @@ void JsonText::addItem(int container, const QByteArray &item, bool isMember)
         m_text.replace(container + 1, end - container - 1, item);
         return;
     }
-    // A line of its own changes no other line when it is not the last one.
+    // Not as the last line: the line before that would need a comma.
     const Item &next = isMember ? present.last() : present.first();
     const QByteArray lineBreak = breakBefore(next.name.begin);
     if (lineBreak.isEmpty())

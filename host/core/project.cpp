@@ -43,7 +43,7 @@ bool isTextList(const QJsonValue &value)
     return std::all_of(list.begin(), list.end(), [](const QJsonValue &v) { return v.isString(); });
 }
 
-/// The name of the first member that is not of the kind that it has to be; empty when all are.
+/// The name of the first member that has the wrong type; empty if there is none.
 QString wrongMember(const QJsonObject &data)
 {
     for (QLatin1String member : {NAME, DEVICE}) {
@@ -204,7 +204,7 @@ void ProjectFile::setSources(const QStringList &paths)
         m_text.removeAt({SOURCES}, i);
         present.removeAt(i);
     }
-    // What is left is in the order that it had, or the list is written anew.
+    // If the remaining sources keep their order, only lines are added and removed.
     const auto isKept = [&present](const QString &path) { return present.contains(path); };
     QStringList kept = paths;
     kept.erase(std::remove_if(kept.begin(), kept.end(), std::not_fn(isKept)), kept.end());

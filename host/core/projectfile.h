@@ -15,14 +15,14 @@ namespace Core {
 
 class Project;
 
-/// The host's side of a project. Its file is JSON with the suffix ".fpgaproj":
+/// The host's side of a project. Its file is JSON with the extension ".fpgaproj":
 ///
 ///     {"name": "...", "device": "<id>", "top": "...", "sources": ["..."], "files": ["..."],
 ///      "synthesis": {"program": "...", "arguments": ["..."]},
 ///      "results": {"RES.netlist": "..."}, "recordNames": true}
 ///
-/// Paths are relative to the project file's folder. Members that are not listed are kept, and so
-/// are the order and the spelling of what a change does not concern. Every change is saved at once.
+/// Paths are relative to the project file's folder. Unknown members are kept, and so are order and
+/// spelling of everything that a change does not concern. Every change is saved at once.
 class HOST_EXPORT ProjectFile : public QObject
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
 
     static ProjectFile *of(const Project *project);
 
-    /// That of the current project; null when none is open.
+    /// The current project's; null if none is open.
     static ProjectFile *current();
 
     /// Absolute path of the project file, and of its folder, the working folder of the flow.
@@ -41,8 +41,8 @@ public:
     QString folder() const;
     QString name() const;
 
-    /// Writes a project file that has the name alone, and nothing yet to keep. False on failure,
-    /// with one sentence in `error`; an existing file is not touched.
+    /// Creates a project file that has only the name. False on failure, with one sentence in
+    /// `error`; an existing file is not changed.
     static bool create(const QString &path, const QString &name, QString *error);
 
     void setName(const QString &name);
@@ -58,10 +58,10 @@ public:
     QStringList sources() const;
     QStringList files() const;
 
-    /// Lines of sources that stay in their order are not changed.
+    /// Lines of sources that keep their order are not changed.
     void setSources(const QStringList &paths);
 
-    /// A new file comes first in a list that has one file per line, else last: one line changes.
+    /// Added at the front of a list with one file per line, otherwise at its end: one line changes.
     void addFile(const QString &path);
     void removeFile(const QString &path);
 
@@ -69,7 +69,7 @@ public:
     QString synthesisProgram() const;
     QStringList synthesisArguments() const;
 
-    /// An empty program takes the command out of the project.
+    /// An empty program removes the command from the project.
     void setSynthesis(const QString &program, const QStringList &arguments);
 
     /// Whether saving a configuration also records what its names mean; so it is unless the project
@@ -77,7 +77,7 @@ public:
     bool recordsNames() const;
     void setRecordsNames(bool records);
 
-    /// Absolute path of the result; empty when the project does not name it.
+    /// Absolute path of the result; empty if the project does not name it.
     QString resultFile(const QString &key) const;
     void setResultFile(const QString &key, const QString &path);
 
@@ -87,15 +87,15 @@ public:
     /// Writes the project file; false on failure, with one sentence in `error`.
     bool save(QString *error) const;
 
-    /// Saves what `changes` does to the project once, behind its last change. False when it could
-    /// not be saved; saveFailed() has said why.
+    /// Calls `changes` and saves the project once afterwards. False if that failed; saveFailed()
+    /// has given the reason.
     bool changeTogether(const std::function<void()> &changes);
 
 signals:
     void changed();
     void fileAdded(const QString &path);
 
-    /// A change could not be saved; it holds as long as the project is open.
+    /// A change could not be saved; it is in effect as long as the project is open.
     void saveFailed(const QString &message);
 
 private:
@@ -108,7 +108,7 @@ private:
 
     const QString m_path;
     JsonText m_text;
-    QJsonObject m_data; // what the text says
+    QJsonObject m_data; // parsed from the text
     bool m_together = false;
 };
 

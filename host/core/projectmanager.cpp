@@ -13,7 +13,7 @@ Project *ProjectManager::currentProject()
 
 ProjectSession *ProjectSession::get()
 {
-    // Never destroyed, as every service that others refer to.
+    // Intentionally leaked, like every service that others refer to.
     static ProjectSession *const self = new ProjectSession;
     return self;
 }

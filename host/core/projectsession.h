@@ -19,15 +19,15 @@ class HOST_EXPORT ProjectSession : public QObject
 public:
     static ProjectSession *get();
 
-    /// Opens a project in place of the current one. On failure gives null and one sentence in
-    /// `error`, and the current project stays.
+    /// Opens a project that replaces the current one. On failure returns null, with one sentence in
+    /// `error`, and keeps the current project.
     Project *open(const QString &path, QString *error);
     void close();
 
     Project *current() const { return m_current.get(); }
 
 signals:
-    /// Another project is current, or none. The former one still lives.
+    /// Another project is current, or none. The former one still exists.
     void currentProjectChanged();
 
 private:

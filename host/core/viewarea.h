@@ -16,8 +16,8 @@ namespace Core {
 class IView;
 class ViewManager;
 
-/// The host's side of the view manager. Without an area of the program's it shows the views in a
-/// tab widget of its own, which has no window around it.
+/// The host's side of the view manager. Unless the program sets an area, it shows the views in a
+/// tab widget of its own without a window.
 class HOST_EXPORT ViewArea : public QObject
 {
     Q_OBJECT
@@ -26,8 +26,8 @@ public:
     static ViewArea *get();
     ViewManager *manager() const { return m_manager; }
 
-    /// Where views are shown from now on; not owned. To be set before the first view is shown.
-    /// Its tabs' close buttons close views.
+    /// Sets where views are shown; not owned. Call it before the first view is shown. Its tabs'
+    /// close buttons close views.
     void setArea(QTabWidget *area);
     QTabWidget *area();
 
@@ -42,16 +42,16 @@ public:
     void showView(IView *view);
     bool closeView(IView *view);
 
-    /// Closes view by view, the active one first; stops at the first that refuses, and then gives
-    /// false.
+    /// Closes the open views one by one, the active one first; stops at the first that refuses and
+    /// returns false.
     bool closeAllViews();
 
-    /// Closes all views without asking any, for when the program or a test ends.
+    /// Closes all views without asking, at the end of the program or of a test.
     void discardAllViews();
 
     void registerContext(QWidget *widget, const QString &context, bool enabled);
 
-    /// The contexts that the active view stands in.
+    /// The contexts of the active view.
     QStringList activeContexts() const { return m_activeContexts; }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -84,7 +84,7 @@ private:
     QList<Context> m_contexts;
     QStringList m_activeContexts;
     QSet<QObject *> m_closing; // views whose close event is being handled
-    QSet<QObject *> m_reasked; // of these, the ones that were asked to close once more
+    QSet<QObject *> m_reasked; // of these, those with a further request to close
     QSet<QObject *> m_closed;  // views that wait for their deletion
 };
 

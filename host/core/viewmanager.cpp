@@ -33,8 +33,8 @@ int depth(const QWidget *widget)
     return parents;
 }
 
-/// The visible windows that wait in an event loop of their own, or may do so: menus and modal
-/// dialogs, inner ones before the ones that opened them. The list of a combo box has no loop.
+/// The visible windows that run, or may run, their own event loop: menus and modal dialogs, inner
+/// ones before those that opened them. The list of a combo box has no loop.
 QList<QWidget *> waitingWindows()
 {
     QList<QWidget *> waiting;
@@ -84,7 +84,7 @@ QWidget *ViewManager::dialogParent() const
 
 ViewArea *ViewArea::get()
 {
-    // Never destroyed: views that outlive the application's objects may still refer to it.
+    // Intentionally leaked: views that outlive the application's objects may refer to it.
     static ViewArea *const self = new ViewArea;
     return self;
 }
@@ -108,7 +108,7 @@ void ViewArea::setArea(QTabWidget *area)
 QTabWidget *ViewArea::area()
 {
     if (!m_area)
-        setArea(new QTabWidget); // lives until the process ends, as this object does
+        setArea(new QTabWidget); // leaked, like this object
     return m_area;
 }
 
@@ -141,8 +141,8 @@ bool ViewArea::closeView(IView *view)
         m_reasked.insert(view);
         return false;
     }
-    // Not QWidget::close(): while a close event of the view is being handled, that answers true
-    // without asking.
+    // Not QWidget::close(), which returns true without asking while a close event of the view is
+    // being handled.
     QCloseEvent event;
     QCoreApplication::sendEvent(view, &event);
     return !m_views.contains(view);
@@ -201,11 +201,11 @@ void ViewArea::handleCloseEvent(IView *view, QEvent *event)
     const QPointer<IView> guard = view;
     static_cast<QObject *>(view)->event(event);
     if (!guard)
-        return; // onViewDestroyed() has forgotten it
+        return; // onViewDestroyed() has removed it
     m_closing.remove(view);
     const bool reasked = m_reasked.remove(view);
     if (!m_views.contains(view))
-        return; // discarded meanwhile
+        return; // discarded in the meantime
     if (event->isAccepted())
         finishClose(view);
     else if (reasked)
@@ -243,7 +243,7 @@ void ViewArea::finishClose(IView *view)
 }
 
 /// Code of a view that runs a dialog is on the stack below it: a deletion from the dialog's event
-/// loop, or from one nested deeper, would pull the ground from under that code. So it waits until
+/// loop, or from one nested deeper, would free objects still in use on the stack. So it waits until
 /// the dialogs' loops have ended, which leaves `level` loops.
 void ViewArea::deleteAtLevel(IView *view, int level)
 {
@@ -261,7 +261,7 @@ void ViewArea::onTabCloseRequested(int index)
 
 void ViewArea::onViewDestroyed(QObject *view)
 {
-    // Only the address counts here: the object is no view any more.
+    // Only the address is used: the object is not a view any more.
     m_views.erase(std::remove_if(m_views.begin(), m_views.end(),
                                  [view](const QObject *known) { return known == view; }),
                   m_views.end());
@@ -289,7 +289,7 @@ void ViewArea::updateActiveView()
         view = nullptr;
     if (view == m_active)
         return updateContexts();
-    // A view that is being destroyed is no view any more, and only its QWidget part may be left.
+    // A view that is being destroyed may have only its QWidget part left.
     auto *previous = qobject_cast<IView *>(m_active.data());
     m_active = view;
     if (previous)

@@ -128,7 +128,7 @@ bool readDevice(const QJsonObject &object, std::vector<Device> *devices, QString
     return true;
 }
 
-/// A family is short for the devices PART-PACKAGE of all its parts, which share their supplies.
+/// A family stands for the devices PART-PACKAGE of all its parts, which share their supplies.
 bool readFamily(const QJsonObject &object, std::vector<Device> *devices, QString *error)
 {
     Device device;

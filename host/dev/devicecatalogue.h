@@ -14,7 +14,7 @@ namespace DEV {
 
 class DeviceDb;
 
-/// Range and default of one supply, as texts in volts; empty when the chip does not have it.
+/// Range and default of one supply, as texts in volts; empty if the chip does not have it.
 struct Supply
 {
     QString min;
@@ -22,13 +22,13 @@ struct Supply
     QString defaultValue;
 };
 
-/// Supply data of a chip. All empty when nothing is known about it.
+/// Supply data of a chip; all empty if none is known.
 struct SupplyData
 {
     Supply vcc;
     Supply vccx;
     Supply vccldo;
-    bool vccVccx = false; ///< the two are one supply on this chip; likewise below
+    bool vccVccx = false; ///< the two are tied on this chip; likewise below
     bool vccxVccldo = false;
     bool vccVccldo = false;
 
@@ -44,30 +44,30 @@ struct Device
     int addition = 0; ///< grows with every entry read; a replacement is a new addition
 };
 
-/// The host's side of the device database: the catalogue that ships, and the user's additions.
+/// The host's side of the device database: the built-in catalogue and the user's additions.
 class HOST_EXPORT DeviceCatalogue
 {
 public:
     static DeviceCatalogue *get();
     DeviceDb *dataBase() const { return m_dataBase; }
 
-    /// In the order of the catalogue. Devices stay where they are once they are known.
+    /// In the order of the catalogue. Devices keep their addresses.
     const std::deque<Device> &devices() const { return m_devices; }
     const Device *find(const QString &id) const;
     ChipInfo chipInfo(const QString &id) const;
 
-    /// Supply data of a chip, by DEV::ChipInfo's device and package. Of several entries the newest
-    /// addition that has supply data counts.
+    /// Supply data of a chip, by DEV::ChipInfo's device and package. Of several entries, the newest
+    /// one that has supply data counts.
     SupplyData supplies(const QString &device, const QString &package) const;
 
-    /// Adds the devices of a catalogue file; a device of a known identifier replaces that one. On
-    /// failure gives false and one sentence in `error`, and adds nothing.
+    /// Adds the devices of a catalogue file; a device with a known identifier replaces the earlier
+    /// one. On failure adds nothing and returns false, with one sentence in `error`.
     bool addFile(const QString &path, QString *error);
 
-    /// The user's own catalogue, read at start when it exists.
+    /// The user's own catalogue, read at startup if it exists.
     static QString userFile();
 
-    /// What was wrong with the user's file at start; empty when nothing was.
+    /// The error in the user's file at startup; empty if there was none.
     QString userFileError() const { return m_userFileError; }
 
 private:

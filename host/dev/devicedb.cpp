@@ -25,7 +25,7 @@ const DeviceArg *DeviceDb::findByID(const QString &id) const
 
 DeviceCatalogue *DeviceCatalogue::get()
 {
-    // Never destroyed, as every service that others refer to.
+    // Intentionally leaked, like every service that others refer to.
     static DeviceCatalogue *const self = new DeviceCatalogue;
     return self;
 }

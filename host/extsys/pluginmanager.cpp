@@ -13,7 +13,7 @@ namespace ExtSys {
 
 PluginManager *PluginManager::instance()
 {
-    // Never destroyed: plug-ins may reach it while the process winds down.
+    // Intentionally leaked: plug-ins may use it while the process ends.
     static PluginManager *const manager = new PluginManager;
     return manager;
 }
@@ -108,7 +108,7 @@ void PluginManager::addAutoReleasedObject(QObject *object, const IPlugin *plugin
         m_pool.append({object, plugin});
 }
 
-/// Deletes what `plugin` published, the latest first; null means everything.
+/// Deletes the objects that `plugin` published, the latest first; null means all objects.
 void PluginManager::releaseObjects(const IPlugin *plugin)
 {
     for (int i = m_pool.size() - 1; i >= 0; i = qMin(i, m_pool.size()) - 1) {

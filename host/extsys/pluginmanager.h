@@ -17,7 +17,7 @@ class HOST_EXPORT PluginManager : public QObject
     Q_OBJECT
 
 public:
-    /// A library that could not be used, by file name, and why.
+    /// A library that could not be used, and the reason.
     struct Failure
     {
         QString fileName;
@@ -26,16 +26,16 @@ public:
 
     static PluginManager *instance();
 
-    /// Adds a plug-in that is linked rather than loaded. It is not owned.
+    /// Adds a plug-in that is linked rather than loaded; not owned.
     void addPlugin(IPlugin *plugin, const QString &name);
 
-    /// Loads every library of `folder` in the order of the file names. Files that are no library by
-    /// name are passed over; a library that cannot be used becomes a failure. Libraries are never
-    /// unloaded, because views of theirs may outlive the plug-ins' shutDown().
+    /// Loads every library in `folder` in the order of the file names. Files not named like a
+    /// library are ignored; a library that cannot be used becomes a failure. Libraries are never
+    /// unloaded, because their views may outlive the plug-ins' shutDown().
     void loadFolder(const QString &folder);
 
     /// Calls initialize() on each plug-in that was added since the last call, then
-    /// extensionsInitialized() on those that agreed.
+    /// extensionsInitialized() on those that succeeded.
     void initializePlugins();
 
     /// Calls shutDown() in reverse order, deletes the pool's objects in reverse order of

@@ -11,8 +11,8 @@ namespace NlsData {
 class CellIndex
 {
 public:
-    /// A port of a cell type, in the order in which its cells list them. Guessing the next name
-    /// from it saves nearly all searches.
+    /// A port of a cell type, in the order in which its cells list them. Predicting the next name
+    /// from it avoids nearly all searches.
     struct PatternPort
     {
         std::string_view name;
@@ -33,10 +33,10 @@ public:
     {
     }
 
-    /// The type of that name; it stays where it is.
+    /// The type of that name; its address does not change.
     Type *type(std::string_view name);
 
-    /// Number of the kind that a cell with these parameters is.
+    /// Number of the kind of a cell with these parameters.
     quint32 kind(Type *type, const std::vector<CellParameter> &parameters);
 
     /// Number of a port name.

@@ -17,8 +17,8 @@ namespace NlsData {
 
 namespace {
 
-/// The number that a parameter stands for: a text of binary digits as synthesis writes numbers
-/// (any length, as long as the value has 64 bits), or a plain number.
+/// The numeric value of a parameter: a text of binary digits, as synthesis writes numbers (any
+/// length, if the value fits into 64 bits), or a plain number.
 std::optional<quint64> numberOf(const CellParameter &parameter)
 {
     std::string_view text = parameter.value;
@@ -46,7 +46,7 @@ std::string_view trimmed(std::string_view text)
     return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
 }
 
-/// Nothing where the value is no whole number from 0 to 2^53.
+/// Nothing unless the value is a whole number from 0 to 2^53.
 std::optional<quint64> wholeNumber(const QJsonValue &value)
 {
     const double number = value.toDouble(-1);

@@ -20,7 +20,7 @@ struct CellCodes
     int primitive = 0;
 };
 
-/// A parameter of a cell as the netlist file gives it.
+/// A parameter of a cell as in the netlist file.
 struct CellParameter
 {
     std::string_view name;
@@ -28,7 +28,7 @@ struct CellParameter
     bool decimal = false; ///< the value was written as a number, not as a text
 };
 
-/// What the libraries know of one cell type.
+/// A cell type of the libraries.
 class HOST_EXPORT CellType
 {
 public:
@@ -74,25 +74,25 @@ private:
 class HOST_EXPORT CellLibrary
 {
 public:
-    /// The libraries that the host carries and the user's own, whose cell types replace the host's
-    /// of the same name. Loaded at the first call. Callable from any thread.
+    /// The built-in libraries and the user's own, whose cell types replace built-in ones of the
+    /// same name. Loaded by the first call. Callable from any thread.
     static const CellLibrary &standard();
 
-    /// The user's libraries are the files "*.json" of this folder, which need not exist.
+    /// The folder of the user's libraries ("*.json"), which need not exist.
     static QString userFolder();
 
-    /// What is wrong with the user's libraries, one sentence per fault that names the file. Loads
-    /// them at the first call. Callable from any thread.
+    /// The errors in the user's libraries, one sentence each that names the file. The first call
+    /// loads the libraries. Callable from any thread.
     static QStringList userProblems();
 
-    /// Loads every "*.json" of `folder`; what is wrong with a file is added to `problems` and the
-    /// rest is loaded.
+    /// Loads every "*.json" of `folder`; errors are added to `problems`, and everything else is
+    /// loaded.
     CellLibrary(const QString &folder, QStringList *problems);
 
-    /// Adds the types of `other`, in place of those of the same name.
+    /// Adds the types of `other`, replacing those of the same name.
     void add(const CellLibrary &other);
 
-    /// The type of that name, exact or by its beginning; null when unknown. Owned by the library.
+    /// The type of that name, exact or by its prefix; null if unknown. Owned by the library.
     const CellType *find(std::string_view type) const;
 
 private:

@@ -16,8 +16,8 @@ namespace {
     throw ReadError{cause};
 }
 
-/// Numbers the bits of a module anew when its own numbers are so far apart that a table by number
-/// would be mostly holes. Bits of pins that no port or net has are numbered out of range.
+/// Renumbers the bits of a module if its own numbers are so far apart that a table by number would
+/// be mostly empty. Bits of pins without a port or net get numbers out of range.
 void closeGaps(RawModule *module)
 {
     RawBit highest = 0;
@@ -43,8 +43,8 @@ void closeGaps(RawModule *module)
     }
 }
 
-/// Whether `a` calls a bit better than `b` does, of two names that are not of ports: a name that
-/// the user gave before a generated one, and one from higher up in what synthesis has flattened.
+/// Whether `a` is a better name for a bit than `b`, neither being of a port: user-given before
+/// generated, then the higher level in what synthesis has flattened.
 bool isBetterName(const RawVector &a, const RawVector &b)
 {
     if (a.generatedName != b.generatedName)
@@ -216,7 +216,7 @@ void DesignPlan::checkCell(const ModulePlan &plan, size_t cellIndex)
     }
 }
 
-/// What a pin does for which the file gives no direction.
+/// The direction of a pin for which the file has none.
 Direction DesignPlan::directionOf(const RawPin &pin, const CellKind &kind)
 {
     const auto module = m_byName.find(kind.type);

@@ -10,10 +10,10 @@
 
 namespace NlsData {
 
-/// A module made ready for laying out any number of copies.
+/// A module prepared for elaborating any number of copies.
 struct ModulePlan
 {
-    /// How a bit is called: a port of the module, a net, or nothing when there is no such bit.
+    /// The name of a bit: a port of the module, a net, or none if there is no such bit.
     struct BitName
     {
         quint32 vector = 0xffffffff; ///< ports first, then nets
@@ -36,8 +36,8 @@ struct ModulePlan
     }
 };
 
-/// Finds the top module and checks every module that the design uses, before anything is laid out:
-/// connections fit, nothing contains itself, and the whole stays within the limits.
+/// Finds the top module and checks every module of the design before elaboration: connections fit,
+/// no module contains itself, and the design stays within the limits.
 class DesignPlan
 {
 public:
@@ -52,7 +52,7 @@ public:
     /// The port of that name of `module`, or leaf.
     quint32 findPort(quint32 module, quint32 portName);
 
-    /// The module that is inside a cell of that kind, or leaf.
+    /// The module inside a cell of that kind, or leaf.
     quint32 contents(quint32 kind) const { return m_contents[kind]; }
 
 private:

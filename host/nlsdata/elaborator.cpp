@@ -17,7 +17,7 @@ constexpr quint32 none = NetlistData::none;
 constexpr int firstPermille = 850;
 constexpr size_t reportInterval = 4096;
 
-/// A driver that only may drive its net: a bidirectional pin.
+/// A possible driver of its net: a bidirectional pin.
 constexpr quint32 weakDriver = 0x80000000;
 
 QByteArray bytes(std::string_view text)
@@ -135,7 +135,7 @@ void Elaborator::addAllNames(quint32 module)
     for (const auto &[cell, name] : raw.scopeModules)
         m_data->scopeModules.emplace_back(firstCell + cell, bytes(name));
 
-    // What a source line was made into shares its position.
+    // Cells from the same source line share its position.
     std::unordered_map<std::string_view, quint32> known{{std::string_view(), none}};
     std::vector<quint32> sources;
     for (const std::string_view source : raw.sources) {
@@ -157,8 +157,8 @@ void Elaborator::addPins(const RawModule &raw, size_t cell)
         pins.push_back(bytes(m_raw.portNames[raw.pins[i].portName]));
 }
 
-/// Adds one copy of a module in `scope`. Its bits that are already nets, from outside, have them in
-/// m_frames from `frame` on; the others get theirs here.
+/// Adds one copy of a module in `scope`. The nets of its bits are in m_frames from `frame` on:
+/// those connected from outside are set already, the others are added here.
 void Elaborator::layOut(quint32 module, quint32 scope, size_t frame)
 {
     const ModulePlan &plan = m_plan.module(module);
@@ -288,7 +288,7 @@ void Elaborator::join(quint32 a, quint32 b)
     m_joined[std::max(a, b)] = std::min(a, b);
 }
 
-/// Whether net `a` has the better name for a net that both are: from higher up, then by rank.
+/// Whether net `a` has the better name for two joined nets: by level, then by rank.
 bool Elaborator::isBetterName(quint32 a, quint32 b) const
 {
     const auto level = [this](quint32 net) {
@@ -303,7 +303,7 @@ bool Elaborator::isBetterName(quint32 a, quint32 b) const
     return key(a) < key(b);
 }
 
-/// Leaves one row of each group of joined nets, under the best name.
+/// Keeps one row per group of joined nets, with the best name.
 void Elaborator::mergeNets()
 {
     std::vector<NetlistData::NetRow> &nets = m_data->nets;

@@ -10,8 +10,8 @@ struct ElaborationLimits;
 class NetlistData;
 class ReadControl;
 
-/// Finds the design in `raw` and lays it out flat, with one net per physical net. Throws ReadError
-/// when `raw` is no consistent design. `raw` is changed. `allNames`: keep the other names of nets.
+/// Finds the design in `raw` and flattens it, with one net per physical net. Throws ReadError if
+/// `raw` is inconsistent. Changes `raw`. `allNames`: keep the other names of nets.
 std::unique_ptr<NetlistData> elaborate(RawNetlist *raw, const ElaborationLimits &limits,
                                        ReadControl *control, bool allNames = false);
 

@@ -1,6 +1,6 @@
 #pragma once
 
-// Every error of the parser passes through JsonWalk, none is thrown past it.
+// All parser errors are handled by JsonWalk.
 #define SIMDJSON_EXCEPTIONS 0
 #include <simdjson.h>
 
@@ -12,18 +12,18 @@ namespace NlsData {
 
 namespace ondemand = simdjson::ondemand;
 
-/// A text of the file as it may stand in a message: not longer than a line.
+/// A text of the file shortened for a message, to at most a line.
 QString quoted(std::string_view text);
 
-/// Takes values out of a JSON text front to back, and throws ReadError with a cause in words when
-/// they are not what the caller asks for. Views point into the text or the parser's buffers.
+/// Reads values from a JSON text front to back, and throws ReadError with the cause if they are not
+/// of the requested type. Views point into the text or the parser's buffers.
 class JsonWalk
 {
 protected:
     JsonWalk() = default;
     virtual ~JsonWalk() = default;
 
-    /// Where in the design the walk is, as the end of a sentence.
+    /// The current place in the design, as the end of a sentence.
     virtual QString place() const = 0;
 
     void start(std::string_view text) { m_text = text; }
@@ -48,7 +48,7 @@ protected:
     std::string_view string(ondemand::value value, const char *what) const;
     std::string_view key(ondemand::field &field) const;
 
-    /// Passes over a value that is not needed, and makes sure that it is JSON.
+    /// Skips a value that is not needed, and checks that it is JSON.
     void skip(ondemand::value value, int depth = 0) const;
 
 private:

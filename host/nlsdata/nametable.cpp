@@ -13,7 +13,7 @@ namespace {
 
 constexpr quint32 none = NameTable::none;
 
-/// A key by which `none`, the scope of the top module, is the first.
+/// A key that sorts `none`, the scope of the top module, first.
 quint32 order(quint32 scope)
 {
     return scope + 1;
@@ -29,7 +29,7 @@ void NameTable::addModule(quint32 index, const ModulePlan &plan, quint32 firstNa
     module.firstName = firstName;
     module.firstCell = firstName + vectorCount;
     module.first.assign(plan.bits.size() + 1, 0);
-    // The file has every port a second time, as a net.
+    // The file lists every port again as a net.
     std::unordered_set<std::string_view> ports;
     for (const RawVector &port : raw.ports)
         ports.insert(port.name);
@@ -65,7 +65,7 @@ void NameTable::addModule(quint32 index, const ModulePlan &plan, quint32 firstNa
     module.byName.resize(vectorCount);
     std::iota(module.byName.begin(), module.byName.end(), 0);
     const auto before = [&](quint32 a, quint32 b) { return text(a) < text(b); };
-    // Usually the ports are in order, and the nets are.
+    // Usually both ports and nets are sorted.
     const auto nets = module.byName.begin() + std::ptrdiff_t(raw.ports.size());
     for (const auto &[from, to] :
          {std::pair(module.byName.begin(), nets), std::pair(nets, module.byName.end())}) {
@@ -105,7 +105,7 @@ void NameTable::link(const NetlistData &data, const std::function<quint32(quint3
               [&](quint32 a, quint32 b) { return childKey(data, a) < childKey(data, b); });
 }
 
-/// What to find a copy that is not the top by: the scope that it is in, and its name there.
+/// The key of a copy other than the top: its scope and its name there.
 std::pair<quint32, std::string_view> NameTable::childKey(const NetlistData &data,
                                                          quint32 copy) const
 {
@@ -141,8 +141,8 @@ quint32 NameTable::bitOf(const NetlistData::NetRow &net, const Copy &copy) const
     return module.bits[vector.first + place];
 }
 
-/// The net of a slot: one of the slots in its ring belongs to the copy and bit that the net is
-/// named by. The rows of nets are in the order of the copies and, within one, of the bits.
+/// The net of a slot: one slot in its ring belongs to the copy and bit that name the net. The rows
+/// of nets are sorted by copy and, within one, by bit.
 quint32 NameTable::netOf(const NetlistData &data, quint32 slot) const
 {
     const quint32 begin = slot;
@@ -199,7 +199,7 @@ quint32 NameTable::findVector(const NetlistData &data, const Module &module,
     return found != module.byName.end() && text(*found) == name ? *found : none;
 }
 
-/// The net that one copy of a module calls so.
+/// The net with that name in one copy of a module.
 quint32 NameTable::findIn(const NetlistData &data, const Copy &copy, std::string_view name) const
 {
     const Module &module = m_modules[copy.module];
@@ -232,7 +232,7 @@ quint32 NameTable::find(const NetlistData &data, std::string_view path) const
     return findBelow(data, m_copies.front(), path);
 }
 
-/// Names may have "/" in them: every way to take the path apart is tried.
+/// Names may contain "/", so every way to split the path is tried.
 quint32 NameTable::findBelow(const NetlistData &data, const Copy &copy, std::string_view path) const
 {
     quint32 found = findIn(data, copy, path);

@@ -11,9 +11,9 @@ namespace NlsData {
 
 struct ModulePlan;
 
-/// The names that the parts of a hierarchy give to the nets. Names and their bits are kept once per
+/// The names of nets at all levels of the hierarchy. Names and their bits are stored once per
 /// module. A copy of a module needs four bytes per bit: a slot, which links it in a ring with the
-/// other bits, of any copy, that are the same net.
+/// bits of any copy that are the same net.
 class NameTable
 {
 public:
@@ -35,24 +35,24 @@ public:
 
     // Built while the design is laid out.
 
-    /// The names of a module; `firstName` is that of its ports, which its nets and cells follow.
+    /// The names of a module; `firstName` is that of its first port, followed by nets and cells.
     void addModule(quint32 module, const ModulePlan &plan, quint32 firstName);
     /// Names of the cells' source positions, one per cell or none at all.
     void setSources(quint32 module, std::vector<quint32> sources);
-    /// A copy, after those that were added before: `frame` has the net of each of its bits.
+    /// Adds a copy: `frame` has the net of each of its bits.
     void addCopy(quint32 module, quint32 scope, const quint32 *frame);
-    /// After the last copy: links the slots of the same net. `root` maps the nets of the frames to
-    /// one for all that are joined.
+    /// After the last copy: links the slots of the same net. `root` maps joined nets of the frames
+    /// to one of them.
     void link(const NetlistData &data, const std::function<quint32(quint32)> &root);
 
     // Queries, for the finished contents.
 
-    /// Appends all names of a net, its path first come, with duplicates when two are spelled alike.
+    /// Appends all names of a net, with duplicates if two are spelled alike.
     void collect(const NetlistData &data, quint32 net, std::vector<Name> *names) const;
 
     static constexpr quint32 constant = none - 1;
 
-    /// The net that is called `path`, `constant` for a bit that is none but has a fixed value, or
+    /// The net named `path`, `constant` for a bit with a constant value instead of a net, or
     /// none.
     quint32 find(const NetlistData &data, std::string_view path) const;
 
@@ -70,7 +70,7 @@ public:
     void forEachVector(const NetlistData &data,
                        const std::function<void(const VectorRow &)> &use) const;
 
-    /// The name that holds the source position of an instance, or none.
+    /// The name with the source position of an instance, or none.
     quint32 source(const NetlistData &data, quint32 instance) const;
 
 private:

@@ -21,14 +21,14 @@ bool isBefore(const NetlistData::InstanceRow &a, const NetlistData::InstanceRow 
     return std::tie(a.scope, a.name) < std::tie(b.scope, b.name);
 }
 
-/// The objects of `rows` by path. Of two with the same path, which only an escaped name can
-/// bring about, the first is there.
+/// The objects of `rows` by path. If two have the same path, which takes an escaped name, the map
+/// has the first.
 template<typename Handle, typename Row, typename PathOf>
 QMap<QString, Handle *> byPath(std::vector<Handle> &handles, const std::vector<Row> &rows,
                                const PathOf &pathOf)
 {
-    // Numbers sorted first leave little to sort among the texts: names are numbered as the file has
-    // them.
+    // Sorting by number first leaves little to sort by text, because names are numbered in the
+    // order of the file.
     std::vector<quint32> order(rows.size());
     std::iota(order.begin(), order.end(), 0);
     std::sort(order.begin(), order.end(),
@@ -85,7 +85,7 @@ const NetlistData &NetlistData::of(const Netlist &netlist)
 
 QString NetlistData::path(quint32 scope, quint32 name, qint32 bit) const
 {
-    // Composed backwards, into a buffer that is large enough for nearly every path.
+    // Composed backwards into a buffer that fits nearly every path.
     char number[16] = "[";
     size_t numberSize = 0;
     if (bit != scalar) {

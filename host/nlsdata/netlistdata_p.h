@@ -19,7 +19,7 @@ namespace NlsData {
 class NameTable;
 
 /// The contents of a netlist: one row per object and one handle per row, all sized once. Names are
-/// kept apart, so that the bits of a vector and the copies of a module share them.
+/// separate, so that the bits of a vector and the copies of a module share them.
 class HOST_EXPORT NetlistData
 {
 public:
@@ -65,7 +65,7 @@ public:
     NetlistData();
     ~NetlistData();
 
-    /// The netlist over these contents; the handles are made here.
+    /// Creates the handles, and the netlist over these contents.
     static std::unique_ptr<Netlist> makeNetlist(std::unique_ptr<NetlistData> data);
     static const NetlistData &of(const Netlist &netlist);
     static const NetlistData &of(const Net &net) { return *net.m_data; }
@@ -108,7 +108,7 @@ private:
     template<typename Handle, typename Row>
     void makeHandles(std::vector<Handle> *handles, const std::vector<Row> &rows);
 
-    // What a netlist hands out points into these; they never grow.
+    // A netlist's objects point into these; they never grow.
     mutable std::vector<Net> m_nets;
     mutable std::vector<Instance> m_instances;
     std::vector<Port> m_ports;

@@ -13,7 +13,7 @@ constexpr int lastPermille = 850;  // only elaboration is left
 constexpr size_t reportInterval = 4096;
 constexpr size_t maximumName = 0xffff; // bytes; paths of 256 levels stay within a QString
 
-/// Attributes are texts of binary digits, from older versions plain numbers.
+/// Attributes are texts of binary digits; older tool versions write plain numbers.
 bool isTrue(std::string_view token)
 {
     return token.find_first_not_of("0\" \t\r\n") != std::string_view::npos;
@@ -403,7 +403,7 @@ quint32 NetlistParser::Private::portNumber(ondemand::field &field, Type *type, s
         return type->ports[place].number;
     const std::string_view name = key(field);
     const quint32 number = portNumber(name);
-    // The guess compares the text of the file: a name that is escaped there cannot be guessed.
+    // The prediction compares the file's text, so it never matches an escaped name.
     if (place == type->ports.size() && name.find_first_of("\\\"") == std::string_view::npos)
         type->ports.push_back({name, number});
     return number;

@@ -13,14 +13,14 @@ class ReadControl;
 class NetlistParser
 {
 public:
-    /// Bytes that must be allocated behind the text.
+    /// Bytes that must be allocated after the text.
     static const size_t padding;
 
     /// `withSources`: keep the cells' source positions.
     NetlistParser(const CellLibrary &library, ReadControl *control, bool withSources = false);
     ~NetlistParser();
 
-    /// Throws ReadError when the text is no netlist.
+    /// Throws ReadError if the text is not a netlist.
     RawNetlist parse(std::string_view text);
 
 private:

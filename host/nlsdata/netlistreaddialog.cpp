@@ -50,7 +50,7 @@ NetlistReadDialog::NetlistReadDialog(const QString &path, ReadControl *control, 
     refresh();
 }
 
-/// The dialog stays until the read has really ended.
+/// The dialog stays open until the read has ended.
 void NetlistReadDialog::reject()
 {
     m_control->cancel();
@@ -74,7 +74,7 @@ bool readWithDialog(QWidget *parent, const QString &path, ReadControl *control,
         QMetaObject::invokeMethod(&loop, "quit", Qt::QueuedConnection);
     });
 
-    // A short read passes without a dialog; what the user does meanwhile waits for its end.
+    // A short read shows no dialog; user input in the meantime waits for its end.
     const QPointer<QWidget> guardedParent(parent);
     QTimer::singleShot(showAfter, &loop, &QEventLoop::quit);
     loop.exec(QEventLoop::ExcludeUserInputEvents);
@@ -87,9 +87,9 @@ bool readWithDialog(QWidget *parent, const QString &path, ReadControl *control,
     }
     while (!finished) {
         if (!dialog)
-            control->cancel(); // the parent went
+            control->cancel(); // the parent was deleted
         if (loop.exec() != 0)
-            control->cancel(); // the program quits: no loop runs any more
+            control->cancel(); // the program quits: no event loop runs any more
         if (control->isCancelled())
             break;
     }

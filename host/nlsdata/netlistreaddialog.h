@@ -13,7 +13,7 @@ class QProgressBar;
 
 namespace NlsData {
 
-/// Shows how far a read has come, and cancels it.
+/// Shows the progress of a read, and cancels it.
 class HOST_EXPORT NetlistReadDialog : public QDialog
 {
     Q_OBJECT
@@ -39,7 +39,7 @@ private:
 HOST_EXPORT bool readWithDialog(QWidget *parent, const QString &path, ReadControl *control,
                                 const std::function<void()> &read, int showAfter);
 
-/// readNetlistFileWithDialog with options; the dialog comes after `showAfter` milliseconds.
+/// readNetlistFileWithDialog with options; the dialog opens after `showAfter` milliseconds.
 HOST_EXPORT std::unique_ptr<Netlist> readNetlistWithDialog(QWidget *parent, const QString &path,
                                                            QString *error, ReadOptions options,
                                                            int showAfter);

@@ -22,7 +22,7 @@ std::unique_ptr<NetlistData> readText(std::string_view text, const ReadOptions &
     return elaborate(&raw, options.limits, options.control, options.allNames);
 }
 
-/// Calls `read`, and turns what it throws into the sentence.
+/// Calls `read`, and turns its exceptions into the error sentence.
 template<typename Read>
 std::unique_ptr<Netlist> guarded(const QString &name, QString *error, const Read &read)
 {

@@ -26,8 +26,8 @@ void sortOut(QStringList *names)
 
 } // namespace
 
-/// The types and pins of the cells, to know the names that synthesis makes of them: a cell is named
-/// NET_TYPE_PIN, a net at its pins CELL_PIN, each with "_1", "_2"... when that is taken.
+/// The types and pins of the cells, to recognize the names that synthesis derives from them:
+/// NET_TYPE_PIN for a cell, CELL_PIN for a net at its pins, each with "_1", "_2"… if that is taken.
 class NetNames::CellPins
 {
 public:
@@ -228,7 +228,7 @@ QString NetNames::module(const Instance *instance) const
     QString module = scope != scopes.end() && scope->first == name
                          ? QString::fromUtf8(scope->second)
                          : cellType(instance);
-    // "$paramod\uart\WIDTH=8" or, when that would be long, "$paramod$0123abcd\uart".
+    // "$paramod\uart\WIDTH=8" or, if that would be long, "$paramod$0123abcd\uart".
     if (module.startsWith(QLatin1String("$paramod")))
         module = module.section(QLatin1Char('\\'), 1, 1);
     return module;

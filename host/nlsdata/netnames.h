@@ -18,9 +18,9 @@ class Net;
 class Netlist;
 class NetlistData;
 
-/// All names of the nets of a netlist, through the hierarchy, and what the cells are. For a netlist
-/// that was read with ReadOptions::allNames, which must outlive it. Paths are those of the
-/// contract: joined by "/", with the bit. Calls from several threads at once are safe.
+/// All names of the nets of a netlist, at all levels of the hierarchy, and the types of its cells.
+/// The netlist must have been read with ReadOptions::allNames and outlive this object. Paths are
+/// those of the contract: joined by "/", with the bit. Thread-safe.
 class HOST_EXPORT NetNames
 {
 public:
@@ -33,8 +33,8 @@ public:
     struct Names
     {
         QStringList given; ///< by the design: sorted, each once
-        /// Made by the synthesis tool from the name, type and pin of a cell ("count_DFFE_Q_D"):
-        /// they change as the cells do.
+        /// Derived by the synthesis tool from the name, type and pin of a cell ("count_DFFE_Q_D"):
+        /// they change with the cells.
         QStringList fromCells;
         QStringList generated; ///< hidden ones ("$abc$12$n7")
     };
@@ -69,30 +69,30 @@ public:
     void forEachModule(const std::function<void(const Instance *, const Instance *parent,
                                                 std::string_view name)> &use) const;
 
-    /// The net that has this name, at whatever level; null when there is none. The first is found
-    /// when two are spelled alike, which takes an escaped name.
+    /// The net that has this name, at any level; null if there is none. Returns the first if two
+    /// are spelled alike, which takes an escaped name.
     Net *find(const QString &name) const;
 
     /// Whether the netlist has the name, of a net or of a bit with a constant value.
     bool has(const QString &name) const;
 
-    /// Nets that the instance drives, in the order of the netlist. A module drives none, those
-    /// inside it do.
+    /// Nets that the instance drives, in the order of the netlist. A module drives none; the
+    /// instances inside it do.
     QList<Net *> drivenBy(const Instance *instance) const;
 
-    /// Types of the cells that are no modules, sorted.
+    /// Types of the cells that are not modules, sorted.
     QStringList cellTypes() const;
 
     QString cellType(const Instance *instance) const;
 
-    /// Whether the instance is one of a module, also of one that synthesis has flattened.
+    /// Whether it is an instance of a module, including one that synthesis has flattened.
     bool isModule(const Instance *instance) const;
 
-    /// The module of a module instance, without what parameters add to its name; else empty.
+    /// The module of a module instance, without the parameters in its name; otherwise empty.
     QString module(const Instance *instance) const;
 
-    /// Where in the sources the instance is from, as the netlist has it ("rtl/core.v:12.5-14.8");
-    /// empty when it does not say.
+    /// The instance's position in the sources, as in the netlist ("rtl/core.v:12.5-14.8"); empty if
+    /// the netlist has none.
     QString source(const Instance *instance) const;
 
 private:

@@ -52,7 +52,7 @@ void NetPickerDialog::showState()
 int NetPickerDialog::selectedCount() const
 {
     int count = 0;
-    // From the ranges: an index a row would take seconds once a million is selected.
+    // From the ranges: with a million selected, one index per row would take seconds.
     for (const QItemSelectionRange &range : m_ui->listView->selectionModel()->selection())
         count += range.height();
     return count;

@@ -15,9 +15,9 @@ class Net;
 class NetPickerModel;
 class OtherNames;
 
-/// Chooses nets from a list that a pattern filters as it is typed. A new filter starts a new
-/// selection, so that what is chosen is always what is seen. The other names of the nets are read
-/// in the background; once they are there, nets are found by them, too.
+/// Chooses nets from a list that is filtered as the user types. A new filter clears the selection,
+/// so that only visible nets are selected. The other names of the nets are read in the background;
+/// after that, nets are found by them, too.
 class NetPickerDialog : public QDialog
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
     NetPickerDialog(const QList<Net *> &nets, QWidget *parent);
     ~NetPickerDialog() override;
 
-    /// In the order of the list given.
+    /// In the order of the given list.
     QList<Net *> selected() const;
 
 private:

@@ -26,7 +26,7 @@ bool keepsEverything(const QString &filter)
     return filter.count(QLatin1Char('*')) == filter.size();
 }
 
-/// Brackets stand for themselves, as they are part of nearly every net name.
+/// Brackets are literal, because nearly every net name has them.
 QRegularExpression wildcardExpression(const QString &wildcard)
 {
     QString pattern = QRegularExpression::escape(wildcard);
@@ -49,7 +49,7 @@ NetPickerModel::NetPickerModel(const QList<Net *> &nets, QObject *parent)
 
 void NetPickerModel::setFilter(const QString &typed)
 {
-    const QString filter = typed.trimmed(); // a pasted name brings its line break along
+    const QString filter = typed.trimmed(); // a pasted name may end in a line break
     if (filter == m_filter)
         return;
     m_filter = filter;

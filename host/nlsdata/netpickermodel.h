@@ -12,9 +12,9 @@ namespace NlsData {
 class Net;
 class OtherNames;
 
-/// The nets of a list that a filter keeps, in the list's order. Filtering works in short turns of
-/// the event loop, so that typing stays fluent on a million nets; until it has finished, the model
-/// holds the rows of the filter before.
+/// The nets of a list that match a filter, in the list's order. Filtering works in short slices of
+/// the event loop, so that typing stays responsive on a million nets; until it has finished, the
+/// model has the previous filter's rows.
 class NetPickerModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -23,8 +23,8 @@ public:
     /// The nets must outlive the model.
     explicit NetPickerModel(const QList<Net *> &nets, QObject *parent = nullptr);
 
-    /// Starts filtering. A text without "*" and "?" keeps the nets whose path contains it, any
-    /// other those whose whole path it matches; both ignore case.
+    /// Starts filtering. A text without "*" and "?" matches the nets whose path contains it; with
+    /// them, it has to match the whole path. Both are case-insensitive.
     void setFilter(const QString &filter);
     bool isFiltering() const { return m_turn.isActive(); }
 

@@ -11,8 +11,8 @@
 
 namespace NlsData {
 
-// The netlist as the file has it, module by module and before elaboration. Views point into the
-// file's text or the parser's buffers.
+// The netlist as in the file, module by module and before elaboration. Views point into the file's
+// text or the parser's buffers.
 
 /// Number of a net bit within its module, or no net.
 using RawBit = quint32;
@@ -85,7 +85,7 @@ struct RawModule
     }
 };
 
-/// A cell type with one outcome of its parameters.
+/// A cell type with one result of its parameters.
 struct CellKind
 {
     std::string_view type;
@@ -93,7 +93,7 @@ struct CellKind
     CellCodes codes;
 };
 
-/// The type of the cells that the synthesis tool leaves for a module instance that it flattened.
+/// The type of the cell that synthesis leaves for a flattened module instance.
 constexpr std::string_view scopeInfo = "$scopeinfo";
 
 struct RawNetlist

@@ -6,7 +6,7 @@
 
 namespace NlsData {
 
-/// The line between a thread that reads a netlist and one that watches it. Must outlive the read.
+/// Progress and cancellation shared by reader and watcher threads. Must outlive the read.
 class ReadControl
 {
 public:
@@ -16,10 +16,10 @@ public:
     void cancel() { m_cancelled = true; }
     bool isCancelled() const { return m_cancelled; }
 
-    /// How far the read has come, 0 to 1000.
+    /// Progress of the read, 0 to 1000.
     int permille() const { return m_permille; }
 
-    /// Called by the reading thread every few thousand objects; throws ReadError when cancelled.
+    /// Called by the reading thread every few thousand objects; throws ReadError if canceled.
     virtual void report(int permille);
 
 private:
@@ -29,7 +29,7 @@ private:
     std::atomic<int> m_permille{0};
 };
 
-/// Ends a read: the cause in words that complete "Cannot read the netlist file 'x': ".
+/// Ends a read; the cause completes "Cannot read the netlist file 'x': ".
 struct ReadError
 {
     QString cause;

@@ -15,8 +15,8 @@ class CellLibrary;
 class Netlist;
 class ReadControl;
 
-/// What a design may grow to: hierarchy multiplies, and a small file can stand for more objects
-/// than any memory holds.
+/// Limits of a design: hierarchy multiplies, so a small file can describe more objects than fit
+/// into memory.
 struct ElaborationLimits
 {
     quint64 objects = 50000000; ///< instances and nets together
@@ -29,17 +29,17 @@ struct ReadOptions
     const CellLibrary *library = nullptr; ///< borrowed; null: CellLibrary::standard()
     ReadControl *control = nullptr;       ///< borrowed; null: nobody watches
     bool allNames = false;                ///< keep what NetNames asks for
-    /// Borrowed; receives the SHA-256 of the bytes that were read, in hexadecimal, computed in a
-    /// thread of its own while they are read. Null: not wanted.
+    /// Borrowed; receives the SHA-256 of the file's bytes in hexadecimal, computed in a separate
+    /// thread while reading. Null: not computed.
     QByteArray *sha256 = nullptr;
 };
 
-/// Reads a netlist file; null with a sentence in `error` (when given) on failure. Callable from any
+/// Reads a netlist file; on failure returns null, with one sentence in `error`. Callable from any
 /// thread.
 HOST_EXPORT std::unique_ptr<Netlist> readNetlist(const QString &path, QString *error,
                                                  const ReadOptions &options = {});
 
-/// The same for the text of such a file; `name` stands for it in the error.
+/// The same for the text of such a file; errors call it `name`.
 HOST_EXPORT std::unique_ptr<Netlist> readNetlistText(std::string_view text, const QString &name,
                                                      QString *error,
                                                      const ReadOptions &options = {});

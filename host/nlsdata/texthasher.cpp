@@ -8,7 +8,7 @@ namespace NlsData {
 
 namespace {
 
-constexpr size_t step = 1 << 20; // bytes between two looks at whether to give up
+constexpr size_t step = 1 << 20; // bytes between two checks for cancellation
 
 } // namespace
 

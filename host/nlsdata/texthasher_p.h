@@ -12,19 +12,19 @@ namespace NlsData {
 /// SHA-256 in hexadecimal.
 QByteArray sha256Of(std::string_view text);
 
-/// Computes the SHA-256 of a buffer in a thread of its own while the buffer is being filled.
+/// Computes the SHA-256 of a buffer in a separate thread while the buffer is being filled.
 class TextHasher
 {
 public:
     /// `text` is borrowed and must outlive the hasher.
     explicit TextHasher(const char *text);
-    /// Gives up, unless finish() was called.
+    /// Cancels, unless finish() was called.
     ~TextHasher();
 
-    /// Says that the first `size` bytes are there, which then must not change.
+    /// Announces that the first `size` bytes are available and will not change.
     void add(size_t size);
 
-    /// No bytes follow: waits for the result, in hexadecimal.
+    /// Announces the end of the text and returns the result, in hexadecimal.
     QByteArray finish();
 
 private:

@@ -17,9 +17,9 @@ class HOST_EXPORT EventBus
 public:
     static EventBus *get();
 
-    /// Calls, in order of subscription and before it returns, every handler that was subscribed to
-    /// the event's type when the delivery began and still is when its turn comes. Deliveries may
-    /// nest, and handlers may subscribe, unsubscribe and be destroyed meanwhile.
+    /// Calls synchronously, in order of subscription, every handler that was subscribed to the
+    /// event's type when the delivery began and still is. Deliveries may nest, and handlers may
+    /// subscribe, unsubscribe and be destroyed during one.
     void deliver(const IEvent &event);
 
     void subscribe(IEventHandler *handler, const QString &type);
@@ -31,11 +31,11 @@ public:
 private:
     struct Subscription
     {
-        IEventHandler *handler; // not owned; null once taken back
+        IEventHandler *handler; // not owned; null once unsubscribed
         QString type;
     };
 
-    // Entries keep their places while an event is being delivered; dead ones go afterwards.
+    // Entries keep their indexes during a delivery; dead ones are removed afterwards.
     std::vector<Subscription> m_subscriptions;
     int m_depth = 0;
 };

@@ -17,7 +17,7 @@ EventManager::~EventManager() = default;
 
 EventManager *EventManager::instance()
 {
-    // Never destroyed: handlers of static life may still unsubscribe when the process ends.
+    // Intentionally leaked: static handlers may still unsubscribe when the process ends.
     static EventManager *const manager = new EventManager;
     return manager;
 }
@@ -61,7 +61,7 @@ void EventBus::unsubscribe(IEventHandler *handler, const QString &type)
 
 void EventBus::deliver(const IEvent &event)
 {
-    const IEvent copy(event); // the caller's event may go with a handler
+    const IEvent copy(event); // a handler may destroy the caller's event
     const std::size_t end = m_subscriptions.size();
     ++m_depth;
     for (std::size_t i = 0; i < end; ++i) {

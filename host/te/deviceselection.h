@@ -7,7 +7,7 @@
 namespace TE {
 
 /// The host's side of the project information. The device is the open project's; without a project
-/// it is kept here until the process ends.
+/// it is stored here until the process ends.
 class HOST_EXPORT DeviceSelection
 {
 public:
@@ -15,9 +15,9 @@ public:
 
     QString deviceID() const;
 
-    /// Chooses the device and raises "TE.Device.Change" with its identifier as value "device", also
-    /// when it is the present one. An identifier that the device database does not know is taken
-    /// as it is: the chip is then unknown.
+    /// Sets the device and raises "TE.Device.Change" with its identifier as value "device", even if
+    /// it is unchanged. An identifier that is not in the device database is accepted; its chip is
+    /// unknown.
     void setDevice(const QString &id);
 
 private:

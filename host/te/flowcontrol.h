@@ -18,7 +18,7 @@ class ResultWatcher;
 ///
 /// Every change of state is raised as the event "TE.Process.Status.Change" with the values
 /// "process" = "Process.Syn" and "status", the number of the state. A run that fails or is stopped
-/// leaves the result files as they were before it; one that did not write the netlist ends idle.
+/// leaves the result files unchanged; one that did not write the netlist ends idle.
 class HOST_EXPORT FlowControl : public QObject
 {
     Q_OBJECT
@@ -41,24 +41,24 @@ public:
     Status status() const { return m_status; }
     bool isRunning() const { return m_status == Running; }
 
-    /// Starts the synthesis command in the project's folder, once the results are safe. False when
-    /// it cannot even be tried, with one sentence in `error`; a program that does not start fails
-    /// like one that ends badly.
+    /// Starts the synthesis command in the project's folder, once the results have been copied.
+    /// False if it cannot be tried, with one sentence in `error`; a program that does not start is
+    /// a failed run.
     bool start(QString *error);
 
-    /// Asks the run and all processes that it started to end, and ends them by force when they do
-    /// not within `killAfter` milliseconds. Nothing without a run.
+    /// Asks the run and all its processes to end, and kills them if they have not ended after
+    /// `killAfter` milliseconds. Does nothing without a run.
     void stop(int killAfter = 3000);
 
-    /// Whether a whole netlist that another program wrote counts as a finished run (it does from
-    /// the start).
+    /// Whether a complete netlist written by another program counts as a finished run (the
+    /// default).
     void setWatching(bool watching);
 
 signals:
-    /// One line that the run wrote, without its line break; both channels in order of arrival.
+    /// One line of output, without its line break; both channels in order of arrival.
     void output(const QString &line);
 
-    /// One sentence for the user about the state that was reached.
+    /// One sentence for the user about the new state.
     void message(const QString &text);
     void statusChanged(TE::FlowControl::Status status);
 

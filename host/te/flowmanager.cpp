@@ -50,7 +50,7 @@ FlowManager *TaskEngine::flowManager() const
 
 FlowControl *FlowControl::get()
 {
-    // Never destroyed, as every service that others refer to.
+    // Intentionally leaked, like every service that others refer to.
     static FlowControl *const self = new FlowControl;
     return self;
 }
@@ -201,7 +201,7 @@ void FlowControl::followProject()
 
 void FlowControl::onProjectChanged()
 {
-    // A run of the former project ends with it.
+    // Closing a project ends its run.
     leave();
     followProject();
     if (m_status != Idle)

@@ -54,7 +54,7 @@ void FlowProcess::start(const QString &program, const QStringList &arguments, co
     m_child.setWorkingDirectory(folder);
     m_child.start(hasFolder ? QDir(folder).absoluteFilePath(program) : program, arguments);
     m_group = m_child.processId();
-    // The child does the same; whoever comes first, the group exists from here on.
+    // The child does the same; either way the group exists from here on.
     if (m_group > 0)
         ::setpgid(static_cast<pid_t>(m_group), static_cast<pid_t>(m_group));
 }
@@ -110,7 +110,7 @@ void FlowProcess::onFinished(int exitCode, QProcess::ExitStatus status)
         emitLine(m_rest);
     m_killTimer.stop();
     if (m_stopping)
-        signalGroup(SIGKILL); // those that outlived their leader
+        signalGroup(SIGKILL); // processes that outlived their leader
     m_group = 0;
     const QString program = QDir::toNativeSeparators(m_child.program());
     if (status == QProcess::CrashExit)

@@ -6,8 +6,8 @@
 
 namespace TE {
 
-/// A command that runs in a process group of its own, so that it can be ended together with all
-/// that it started. For one run.
+/// A command that runs in its own process group, so that it can be ended together with its child
+/// processes. For one run.
 class FlowProcess : public QObject
 {
     Q_OBJECT
@@ -16,20 +16,20 @@ public:
     FlowProcess();
     ~FlowProcess() override;
 
-    /// A program given with a folder is looked for from `folder`, where it also runs.
+    /// Runs in `folder`; a program with a relative path is resolved there, too.
     void start(const QString &program, const QStringList &arguments, const QString &folder);
 
-    /// Asks all of the group to end; after `killAfter` ms ends them by force.
+    /// Asks the group to end; kills it after `killAfter` ms.
     void stop(int killAfter);
 
-    /// Ends the group at once and says nothing; returns when the command is gone.
+    /// Kills the group without emitting ended(); returns when the command has ended.
     void end();
 
 signals:
     void line(const QString &text);
 
-    /// Emitted once after start() has returned. `ok` when the command exited with 0; otherwise
-    /// `cause` is the sentence that says why not.
+    /// Emitted once, after start() has returned. `ok` if the command exited with 0; otherwise
+    /// `cause` is one sentence with the reason.
     void ended(bool ok, const QString &cause);
 
 private:
@@ -49,7 +49,7 @@ private:
 
     Child m_child;
     QTimer m_killTimer;
-    QByteArray m_rest; // the beginning of a line that is not complete yet
+    QByteArray m_rest; // the beginning of an incomplete line
     qint64 m_group = 0;
     bool m_stopping = false;
 };

@@ -20,7 +20,7 @@ using Utils::FileStamp;
 
 namespace {
 
-constexpr size_t CHUNK = size_t(8) << 20; // bytes between two looks for a cancellation
+constexpr size_t CHUNK = size_t(8) << 20; // bytes between two checks for cancellation
 
 QByteArray encoded(const QString &path)
 {
@@ -34,7 +34,7 @@ QByteArray linkText(const QString &path)
     return size > 0 ? QByteArray(text, int(size)) : QByteArray();
 }
 
-/// The end of the links at `path`, also when there is no file.
+/// The target of the links at `path`, which need not exist.
 QString endOfLinks(const QString &path)
 {
     QString end = path;
@@ -47,7 +47,7 @@ QString endOfLinks(const QString &path)
     return end;
 }
 
-/// Copies up to CHUNK bytes; for file systems between which the kernel does not copy.
+/// Copies up to CHUNK bytes, for file systems between which the kernel does not copy.
 ssize_t copyByHand(int from, int to, std::vector<char> *buffer)
 {
     buffer->resize(CHUNK);
@@ -61,7 +61,7 @@ ssize_t copyByHand(int from, int to, std::vector<char> *buffer)
     return count;
 }
 
-/// Copies all of `from` from its current position; the cause on failure.
+/// Copies `from` from its current position to its end; returns the cause on failure.
 template<typename Cancelled>
 QString copyContent(int from, int to, const Cancelled &cancelled)
 {
@@ -81,7 +81,7 @@ QString copyContent(int from, int to, const Cancelled &cancelled)
 
 std::unique_ptr<QTemporaryFile> makeCopy(const QString &folder)
 {
-    // Beside the file, so that blocks can be shared and the copy can take the file's place.
+    // Beside the file, so that blocks can be shared and the copy can replace the file.
     for (const QString &place : {folder, QDir::tempPath()}) {
         auto file = std::make_unique<QTemporaryFile>(place + QLatin1String("/.before-run-XXXXXX"));
         if (file->open())
@@ -154,7 +154,7 @@ QStringList ResultKeeper::restore()
     m_worker->end();
     QStringList problems;
     if (!m_error.isEmpty())
-        return problems; // the copies are not whole, and no run was started
+        return problems; // the copies are incomplete, and no run was started
     for (Kept &kept : m_kept) {
         QString cause;
         if (!putBack(&kept, &cause))
@@ -190,11 +190,11 @@ bool ResultKeeper::putBack(Kept *kept, QString *cause)
         return timespec{time_t(ns / 1000000000), long(ns % 1000000000)};
     };
     const timespec times[] = {seconds(kept->accessed), seconds(kept->stamp.modified)};
-    // A new file in the old one's place is the quick way and cannot fail halfway. A file that
-    // others share or own is written in place.
+    // Replacing the file is fast and atomic. A file with other links or another owner is written in
+    // place.
     const bool ours = !exists || (now.st_nlink == 1 && now.st_uid == ::geteuid());
     if (ours && ::fchmod(copy, kept->mode) == 0 && ::futimens(copy, times) == 0) {
-        // Unlike QFile::rename() it replaces the target, in one step.
+        // Unlike QFile::rename(), it replaces the target atomically.
         const QByteArray name = encoded(kept->copy->fileName());
         if (::rename(name.constData(), target.constData()) == 0) {
             kept->copy->setAutoRemove(false);

@@ -14,44 +14,44 @@ namespace TE {
 
 class Worker;
 
-/// Copies of result files from before a run, so that a run that fails leaves them as they were.
+/// Copies of the result files made before a run, to restore them if the run fails.
 ///
-/// Only a copy helps: tools write their result in place, which a hard link would follow, and a file
-/// renamed away would be made again by tools that compare times. The copy is made in a thread, by
-/// the file system itself where it can share blocks, and has no name where that is possible.
+/// Copies are necessary: tools write their result in place, which would change a hard link, too,
+/// and tools that compare times would rebuild a file renamed away. The copy is made in a thread,
+/// shares blocks if the file system can, and is an unnamed file if possible.
 class ResultKeeper : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Starts to copy those of the files at `paths` that exist.
+    /// Starts copying the existing files at `paths`.
     explicit ResultKeeper(const QStringList &paths);
     ~ResultKeeper() override;
 
-    /// Ends the copying; ready() follows.
+    /// Cancels copying; ready() follows.
     void cancel();
 
-    /// The file at `path` is the one from before the run, and nothing was written to it.
+    /// Whether the file at `path` is the one from before the run and has not been written.
     bool isUnchanged(const QString &path) const;
 
-    /// Puts back what was changed, through links and with its times; files that were not there are
-    /// removed again. Returns one sentence per file that could not be restored.
+    /// Restores changed files, through links and with their times, and removes new ones. Returns
+    /// one sentence per file that could not be restored.
     QStringList restore();
 
 signals:
-    /// All copies are made; otherwise `error` is one sentence that names the file.
+    /// Copying has ended; on failure `error` is one sentence that names the file.
     void ready(const QString &error);
 
 private:
     struct Kept
     {
         QString path;
-        QByteArray link; // what the link at `path` says; empty: it was no link
+        QByteArray link; // target of the link at `path`; empty: not a link
         QString file;    // where the content is: `path`, or the end of its links
         Utils::FileStamp stamp;
         qint64 accessed = 0; // ns since 1970
         unsigned mode = 0;
-        std::unique_ptr<QTemporaryFile> copy; // null: there was no file
+        std::unique_ptr<QTemporaryFile> copy; // null: no file
     };
 
     Kept describe(const QString &path);

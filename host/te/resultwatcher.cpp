@@ -92,7 +92,7 @@ void ResultWatcher::onRead()
 {
     m_worker.release()->deleteLater(); // its signal is what this is called from
     if (FileStamp::of(m_path) != m_tried)
-        return; // written on meanwhile: the next rest brings the next trial
+        return; // written again: tried again when it rests
     if (!m_reason.isEmpty()) {
         m_patience.start();
         return;

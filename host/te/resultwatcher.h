@@ -16,9 +16,9 @@ namespace TE {
 
 class Worker;
 
-/// Notices that another program wrote the netlist. A file that has rested counts once it reads as a
-/// whole netlist: tools empty their file first, and may pause for minutes before they fill it. The
-/// trial read is done in a thread; it reads all, since what it accepts is what views then take.
+/// Detects that another program wrote the netlist. A file that has stopped changing counts once it
+/// can be read as a netlist: tools empty their file first, and may take minutes to fill it. The
+/// trial read runs in a thread and is complete, because views then read the same file.
 class ResultWatcher : public QObject
 {
     Q_OBJECT
@@ -29,22 +29,22 @@ public:
     ResultWatcher();
     ~ResultWatcher() override;
 
-    /// Watches the file at `path`; it need not exist. An empty path watches nothing. The present
-    /// state is the known one.
+    /// Watches the file at `path`, which need not exist; an empty path watches nothing. The present
+    /// state counts as known.
     void setFile(const QString &path);
 
-    /// While paused nothing is reported. What another program wrote before the pause is reported
-    /// after it, unless accept() was called; what was written meanwhile is known.
+    /// While paused, nothing is reported. Changes before the pause are reported after it, unless
+    /// accept() was called; changes during the pause count as known.
     void setPaused(bool paused);
 
-    /// Takes the present state as known, whoever wrote it.
+    /// Accepts the present state as known.
     void accept();
 
 signals:
     void replaced();
 
-    /// The file has rested for Patience and is no whole netlist; `reason` is one sentence that
-    /// names it.
+    /// The file has not changed for Patience and is not a complete netlist; `reason` is one
+    /// sentence that names it.
     void unreadable(const QString &reason);
 
 private:

@@ -10,8 +10,8 @@
 
 namespace TE {
 
-/// Runs a function in a thread of its own. The destructor waits for the function's end, so that it
-/// may use what its owner holds; a long function watches isCancelled().
+/// Runs a function in its own thread. The destructor waits for the function to end, so that it may
+/// use its owner's members; a long function checks isCancelled().
 class HOST_EXPORT Worker : public QObject
 {
     Q_OBJECT

@@ -15,7 +15,7 @@ bool typeIntoLine(QLineEdit *line, const QString &text)
     QString input = text;
     int pos = input.size();
     const QValidator *validator = line->validator();
-    // Whether an emptied cell is acceptable is for the delegate to say.
+    // The delegate decides whether an empty text is acceptable.
     if (validator && !input.isEmpty() &&
         validator->validate(input, pos) != QValidator::Acceptable) {
         validator->fixup(input);
@@ -94,7 +94,7 @@ bool CellTyper::commit(const QModelIndex &index, const QString &text)
     if (!typeInto(editor, text))
         return false;
     delegate->setModelData(editor, m_table->model(), index);
-    // A model may refuse in silence. It has not when there was nothing new in the editor.
+    // A model may refuse without notice; it has not if the text was unchanged.
     return valueOf(editor) == offered || index.data(Qt::EditRole) != stored;
 }
 

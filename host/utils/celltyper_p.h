@@ -13,16 +13,16 @@ namespace Utils {
 /// The text that a cell shows, or another of its roles would show.
 QString shownText(const QTableView *table, const QModelIndex &index, int role = Qt::DisplayRole);
 
-/// Puts texts into cells as a user would who opens the cell's editor, types and commits: the
-/// item's flags, the delegate's editor with its validator, and the model all have their say. One
-/// editor serves a column, hence a delegate must make the same kind for every row of a column.
+/// Enters texts into cells as a user would, who opens the cell's editor, types and commits: subject
+/// to the item's flags, the delegate's editor with its validator, and the model. One editor is used
+/// for a column, so a delegate must create the same kind for every row of a column.
 class CellTyper
 {
 public:
     /// `table` is not owned and must outlive the object.
     explicit CellTyper(QTableView *table);
 
-    /// Counts what became of the cell.
+    /// Counts the outcome.
     void type(const QModelIndex &index, const QString &text);
 
     int changed() const { return m_changed; }

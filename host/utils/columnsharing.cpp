@@ -72,7 +72,7 @@ bool ColumnSharing::eventFilter(QObject *watched, QEvent *event)
     return false;
 }
 
-/// The whole title of a column that is too narrow for it.
+/// The full title of a column that is too narrow for it.
 void ColumnSharing::showTitle(const QHelpEvent *event) const
 {
     const int column = m_header->logicalIndexAt(event->pos());
@@ -88,7 +88,7 @@ void ColumnSharing::start()
 {
     for (int column = 0; column < m_header->count(); ++column)
         m_start.append(m_header->sectionSize(column));
-    // Stretched, the last section says nothing of what it needs.
+    // A stretched last section does not show the width it needs.
     if (m_header->stretchLastSection())
         m_start.last() = std::max(m_header->defaultSectionSize(),
                                   m_header->sectionSizeHint(m_header->count() - 1));
@@ -169,7 +169,7 @@ void ColumnSharing::reset()
     share();
 }
 
-/// The kind of table: the page that it is on, and its titles.
+/// The kind of a table: its page and its titles.
 QString ColumnSharing::settingsKey() const
 {
     const QObject *page = m_table->parent();

@@ -12,18 +12,18 @@ class QWidget;
 
 namespace Utils {
 
-/// Shares a table's width out among its columns: values stay in sight, and the first column, which
-/// has the names, gets what is left. The widths that the columns have when the table is first shown
-/// are the start and the proportions. Off unless the program switches it on.
+/// Distributes a table's width among its columns: values stay visible, and the first column, which
+/// has the names, gets the rest. The widths when the table is first shown are the initial widths
+/// and the proportions. Off unless the program enables it.
 ///
-/// A user who moves a column ends this for the table; its widths are remembered by the kind of
-/// table, until they are reset from the header's context menu.
+/// Resizing a column by hand ends this for the table; its widths are remembered per kind of table
+/// until reset from the header's context menu.
 class HOST_EXPORT ColumnSharing : public QObject
 {
     Q_OBJECT
 
 public:
-    /// For all tables of the program; to be called before the first one is shown.
+    /// For all tables of the program; call it before the first one is shown.
     static void setEnabled(bool enabled);
 
     /// `table` owns the object.
@@ -43,7 +43,7 @@ private:
 
     QTableView *const m_table;
     QHeaderView *const m_header;
-    // Apart, because it goes on getting events when of the header only the widget is left.
+    // Separate, because it still receives events when only the header's QWidget part is left.
     QWidget *const m_headerViewport;
     QVector<int> m_start; // widths when the table was first shown; empty before
     bool m_sharing = false;

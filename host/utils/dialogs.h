@@ -9,11 +9,11 @@
 namespace Utils {
 
 /// Runs a dialog whose parent may be destroyed while it runs, and with it the dialog. The dialog is
-/// on the heap and is deleted with this object, if it is still there.
+/// on the heap and is deleted with this object, if it still exists.
 ///
 ///     GuardedDialog dialog(new DeviceDialog(id, this));
 ///     if (dialog.exec() != QDialog::Accepted)
-///         return; // cancelled, or `this` is gone
+///         return; // canceled, or `this` has been deleted
 template<class Dialog>
 class GuardedDialog
 {
@@ -25,14 +25,14 @@ public:
     ~GuardedDialog() { delete m_dialog; }
     Q_DISABLE_COPY(GuardedDialog)
 
-    /// The dialog's result; QDialog::Rejected when it was destroyed with its parent.
+    /// The dialog's result; QDialog::Rejected if it was destroyed with its parent.
     int exec()
     {
         const int result = m_dialog->exec();
         return m_dialog ? result : QDialog::Rejected;
     }
 
-    /// Null when the dialog has been destroyed.
+    /// Null if the dialog has been destroyed.
     Dialog *get() const { return m_dialog; }
     Dialog *operator->() const { return m_dialog; }
 
@@ -40,8 +40,8 @@ private:
     QPointer<Dialog> m_dialog;
 };
 
-/// Shows a message as plain text: names from files are part of many. Gives the button that was
-/// pressed; NoButton when the box was destroyed with its parent, which then must not be used.
+/// Shows a message as plain text, because many contain names from files. Returns the pressed
+/// button, or NoButton if the box was destroyed with its parent, which then must not be used.
 HOST_EXPORT QMessageBox::StandardButton
 showMessage(QWidget *parent, QMessageBox::Icon icon, const QString &title, const QString &text,
             QMessageBox::StandardButtons buttons = QMessageBox::Ok,

@@ -14,11 +14,11 @@ namespace {
 
 QString folderKey(const QString &caption)
 {
-    // Slashes would make groups of it.
+    // Slashes would create groups.
     return QLatin1String("Folders/") + QString::fromLatin1(QUrl::toPercentEncoding(caption));
 }
 
-/// The folder last used under `caption`; the project's, when there is none or it is gone.
+/// The folder last used with `caption`; the project's if there is none or it no longer exists.
 QString lastFolder(const QString &caption)
 {
     const QString folder = QSettings().value(folderKey(caption)).toString();

@@ -11,9 +11,9 @@ namespace Utils {
 
 namespace {
 
-/// The file system's watch loses a file that is renamed or removed, so its folder is watched too,
-/// and the folder of the file that a link names; while a folder does not exist, the nearest one
-/// above it.
+/// The file system's watch loses a file that is renamed or removed, so its folder is watched, too,
+/// and the folder of a link's target; while a folder does not exist, the nearest existing one above
+/// it.
 QSet<QString> pathsToWatch(const QString &file)
 {
     QSet<QString> result;
@@ -77,7 +77,7 @@ void FileWatcher::accept(const QString &path)
         watch(path);
 }
 
-/// What tells one state of the file from another; empty where there is no file.
+/// Identifies a state of the file; empty if there is no file.
 QByteArray FileWatcher::identity(const QString &path, const FileStamp &stamp) const
 {
     if (!stamp.exists())
@@ -112,9 +112,10 @@ void FileWatcher::onEvent()
     follow();
     for (auto it = m_files.begin(); it != m_files.end(); ++it) {
         const FileStamp now = FileStamp::of(it.key());
-        // Contents may differ although the stamp does not: its clock ticks in milliseconds.
+        // Contents may differ with equal stamps, whose clock has a resolution of milliseconds.
         it->suspect = it->suspect || m_compare == Compare::Content || now != it->seen;
-        // While the timer runs, only a check looks, so that a file is at rest for the whole time.
+        // While the timer runs, only its check looks at the file, so that the file rests for the
+        // whole time.
         if (it->suspect && !m_timer.isActive()) {
             it->seen = now;
             m_timer.start();
@@ -147,7 +148,7 @@ void FileWatcher::report(const QString &path)
 {
     const auto it = m_files.find(path);
     if (it == m_files.end() || !it->suspect)
-        return; // a receiver has forgotten or accepted it meanwhile
+        return; // a receiver has forgotten or accepted it
     it->suspect = false;
     const QByteArray now = identity(path, it->seen);
     if (now == it->reported)

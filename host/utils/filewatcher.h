@@ -11,7 +11,7 @@
 
 namespace Utils {
 
-/// What the file system says of a file. Two equal stamps are the same file with the same content.
+/// The file system's record of a file. Equal stamps mean the same file with the same content.
 struct HOST_EXPORT FileStamp
 {
     qint64 size = -1;    ///< bytes; -1: there is no file
@@ -26,8 +26,8 @@ struct HOST_EXPORT FileStamp
     bool operator!=(const FileStamp &other) const { return !(*this == other); }
 };
 
-/// Follows files that other programs write, in whatever way: in place, renamed over, removed and
-/// created again with their folder. A change is reported once the file has rested for RestTime.
+/// Watches files that other programs write in place, replace by renaming, or remove and create
+/// again with their folder. A change is reported once the file has not changed for RestTime.
 class HOST_EXPORT FileWatcher : public QObject
 {
     Q_OBJECT
@@ -35,25 +35,25 @@ class HOST_EXPORT FileWatcher : public QObject
 public:
     enum class Compare {
         Stamp,   ///< every writing is a change: for files of any size
-        Content, ///< only other bytes are a change: reads the file, for documents
+        Content, ///< only different bytes are a change: reads the file, for documents
     };
     static constexpr int RestTime = 300; ///< ms
 
     explicit FileWatcher(Compare compare, QObject *parent = nullptr);
 
-    /// Follows `path`, an absolute path of a file that need not exist; its present state is the
-    /// known one.
+    /// Watches the file at the absolute path `path`, which need not exist; its present state counts
+    /// as known.
     void watch(const QString &path);
     void forget(const QString &path);
 
-    /// Takes the present state of a watched file as known: its owner has just read or written it.
+    /// Accepts the present state of a watched file as known: its owner has just read or written it.
     void accept(const QString &path);
 
 signals:
     void changed(const QString &path);
     void removed(const QString &path);
 
-    /// After changed() or removed(): the file is as it is known again.
+    /// After changed() or removed(): the file is in its known state again.
     void restored(const QString &path);
 
 private:

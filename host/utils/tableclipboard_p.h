@@ -6,7 +6,7 @@ class QTableView;
 
 namespace Utils {
 
-/// What became of the cells that a command was to change.
+/// Counts the outcome for the cells that a command was to change.
 struct EditCount
 {
     int changed = 0;
@@ -17,21 +17,22 @@ struct EditCount
     QString text() const;
 };
 
-/// The selected rows, in the table's order, each from the first to the last selected column as
-/// shown; cells are set apart by tabs and rows end with a line feed. A cell that holds either is
-/// quoted as spreadsheets do it. Empty without a selection.
+/// The selected rows, in the table's order, each from the first to the last selected visible
+/// column; cells are separated by tabs and rows end with a line feed. A cell that contains either
+/// is quoted as in spreadsheets. Empty without a selection.
 QString selectionText(const QTableView *table);
 
-/// Puts tab-separated text into the cells from the current one on. Where whole rows are selected,
-/// text as wide as the table goes into the rows from their first column; a single row of text goes
-/// into every selected row, and as many rows of text as rows are selected go into those.
+/// Pastes tab-separated text into the cells from the current one on. If whole rows are selected,
+/// text as wide as the table starts in their first column; a single row of text is pasted into
+/// every selected row, and as many rows of text as there are selected rows into those.
 EditCount pasteText(QTableView *table, const QString &text);
 
-/// Puts the text of the first selected row into the other selected rows, in the current column when
-/// whole rows are selected, else in every selected column. With one row it takes the row above.
+/// Copies the text of the first selected row into the other selected rows, in the current column if
+/// whole rows are selected, otherwise in every selected column. A single row is filled from the one
+/// above.
 EditCount fillDown(QTableView *table);
 
-/// Puts the text of the current cell into its column of all other selected rows.
+/// Copies the text of the current cell into its column of all other selected rows.
 EditCount fillSelection(QTableView *table);
 
 } // namespace Utils

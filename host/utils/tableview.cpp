@@ -35,7 +35,7 @@ bool isEnter(const QKeyEvent *event, Qt::KeyboardModifiers modifiers)
            (event->modifiers() & ~Qt::KeypadModifier) == modifiers;
 }
 
-/// Whether the value of a cell, or the text that stands for one, is a number or not given yet.
+/// Whether the value of a cell, or its text, is a number or not given yet.
 bool holdsNumber(const QModelIndex &index)
 {
     const QVariant value = index.data(Qt::EditRole);
@@ -66,7 +66,7 @@ TableView::~TableView() = default;
 
 bool TableView::event(QEvent *event)
 {
-    // So that a shortcut of the window with the same keys does not come first.
+    // Prevents a window shortcut with the same keys from taking precedence.
     if (event->type() == QEvent::ShortcutOverride) {
         auto *key = static_cast<QKeyEvent *>(event);
         if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::Paste) ||
@@ -83,7 +83,7 @@ void TableView::keyPressEvent(QKeyEvent *event)
     if (event->matches(QKeySequence::Copy)) {
         TableCommands(this).copy();
     } else if (state() == EditingState) {
-        // What an open editor does not take itself must not change cells behind its back.
+        // Keys that an open editor ignores must not change cells.
         QTableView::keyPressEvent(event);
     } else if (event->matches(QKeySequence::Paste)) {
         TableCommands(this).paste();
@@ -106,7 +106,7 @@ void TableView::move(int rows)
         setCurrentIndex(target);
 }
 
-/// Opens the editor of a number by the first key of what is typed.
+/// Opens the editor of a number with the first key typed.
 bool TableView::typeNumber(QKeyEvent *event)
 {
     const QString text = event->text();
@@ -117,7 +117,7 @@ bool TableView::typeNumber(QKeyEvent *event)
         !holdsNumber(index) || !edit(index, AllEditTriggers, event))
         return false;
     if (QWidget *editor = indexWidget(index))
-        QCoreApplication::sendEvent(editor, event); // it selects all of its text when it opens
+        QCoreApplication::sendEvent(editor, event); // replaces its text, which is selected
     return true;
 }
 
@@ -161,7 +161,7 @@ QStyleOptionViewItem TableView::viewOptions() const
     return option;
 }
 
-/// Rows are no higher than a line of text needs.
+/// Rows are as high as a line of text.
 void TableView::fitRowHeight()
 {
     const int height =
@@ -200,7 +200,7 @@ void TableView::keyboardSearch(const QString &search)
     if (!d->sinceTyped.isValid() || d->sinceTyped.hasExpired(QApplication::keyboardInputInterval()))
         d->typed.clear();
     d->sinceTyped.start();
-    // The same letter again goes on to the next row.
+    // Repeating a letter moves on to the next row.
     const bool again = d->typed == search;
     if (!again)
         d->typed += search;

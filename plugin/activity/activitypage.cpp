@@ -14,7 +14,7 @@ void ActivityPage::modified()
 void ActivityPage::find(NlsDataFinderDialog::FindType type,
                         const std::function<void(const NlsDataFinderDialog &)> &add)
 {
-    // A synthesis run may give the view another netlist while the finder is open.
+    // A synthesis run may replace the view's netlist while the finder is open.
     const auto netlist = document()->holdNetlist();
     GuardedDialog finder(new NlsDataFinderDialog(this, netlist.get(), type));
     if (!finder.exec())

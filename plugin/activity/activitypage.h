@@ -8,13 +8,13 @@
 
 namespace VLT {
 
-/// What the pages that give numbers to named objects have in common.
+/// Base of the pages that assign numbers to named objects.
 class ActivityPage : public TablePage, public Page
 {
     Q_OBJECT
 
 public:
-    /// Nothing to check: whatever the tables take can be saved.
+    /// Nothing to check: every value that the tables accept can be saved.
     bool checkData() override { return true; }
 
 public slots:
@@ -23,8 +23,8 @@ public slots:
 protected:
     using TablePage::TablePage;
 
-    /// Runs the finder, and `add` on it when the user has chosen. The page may be gone when it
-    /// returns; it is there while `add` runs.
+    /// Runs the finder, and calls `add` with it if the user accepts. The page exists while `add`
+    /// runs, but may have been deleted when this returns.
     void find(NlsDataFinderDialog::FindType type,
               const std::function<void(const NlsDataFinderDialog &)> &add);
 };

@@ -13,7 +13,7 @@ namespace VLT {
 
 namespace {
 
-/// Sets kind and values by the primitive. A primitive that is not known gives kind 0 without
+/// Sets kind and values by the primitive. An unknown primitive gets kind 0 and no
 /// values.
 void setUp(VLT_BSRam &ram, int code)
 {
@@ -37,7 +37,7 @@ bool hasFunction(const VLT_BSRam &ram)
     return ports && ports->*function >= 0;
 }
 
-/// Not the same as having no such function: a file may hold a value for a kind that has none.
+/// Not the same as lacking the port function: a file may have a value for a kind that lacks it.
 template<float VLT_BSRam::*member>
 bool isUnset(const VLT_BSRam &ram)
 {
@@ -77,7 +77,7 @@ BSRamModel::BSRamModel(VLTView *view, QList<VLT_BSRam *> &records, QObject *pare
 {
 }
 
-/// A value of the page for the memories that it does not list.
+/// Connects a default for the memories that are not listed.
 BsramSetWidget::BsramSetWidget(VLTView *view, QWidget *parent)
     : RecordPage(view, parent)
     , m_ui(std::make_unique<Ui::BsramSetWidget>())

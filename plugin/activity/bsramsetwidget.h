@@ -31,7 +31,7 @@ public:
     static bool greaterThanByBWrite(Ptr a, Ptr b) { return a->bWrite > b->bWrite; }
 };
 
-/// Page of the block SRAMs, with defaults for those that it does not list; owner of the file's
+/// Page of the block SRAMs, with defaults for those that are not listed. Reads and writes the
 /// section "GlobalBsram".
 class BsramSetWidget : public RecordPage<BSRamModel, ActivityPage>
 {

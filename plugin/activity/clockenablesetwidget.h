@@ -29,7 +29,7 @@ public:
     static bool greaterThanByQuad4(Ptr a, Ptr b) { return a->quad4 > b->quad4; }
 };
 
-/// Page of the clocks, whose names the user types; owner of the file's section "GlobalEnable".
+/// Page of the clocks, whose names the user types. Reads and writes the section "GlobalEnable".
 class ClockEnableSetWidget : public RecordPage<ClkEnableModel, ActivityPage>
 {
     Q_OBJECT
@@ -43,7 +43,7 @@ public:
     void collect(Configuration *configuration) const override;
 
 public slots:
-    /// Appends an unnamed clock, which reaches the file, and modifies the document, once named.
+    /// Appends an unnamed clock; it is saved, and modifies the document, once it has a name.
     void onAdd();
     void onShowContextMenu(QPoint point);
 

@@ -21,7 +21,7 @@ public:
     static bool greaterThanByValue(Ptr a, Ptr b) { return a->value > b->value; }
 };
 
-/// Page of the flip-flops; owner of the file's section "LocalEnable".
+/// Page of the flip-flops. Reads and writes the section "LocalEnable".
 class DFFSetWidget : public RecordPage<DffModel, ActivityPage>
 {
     Q_OBJECT

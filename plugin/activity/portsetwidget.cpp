@@ -22,7 +22,7 @@ bool isAlwaysEnabled(const VLT_Port &port)
     return port.type == BufferedOutput;
 }
 
-/// The primitive that drives the port's net; 0 without one.
+/// Code of the primitive that drives the port's net; 0 if there is none.
 int driverOf(const NlsData::Port *port)
 {
     const NlsData::Net *net = port->net();

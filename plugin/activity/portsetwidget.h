@@ -27,7 +27,7 @@ public:
     static bool greaterThanByCapacity(Ptr a, Ptr b) { return a->capacity > b->capacity; }
 };
 
-/// Page of the output ports; owner of the file's section "PortOutEnable".
+/// Page of the output ports. Reads and writes the section "PortOutEnable".
 class PortSetWidget : public RecordPage<PortModel, ActivityPage>
 {
     Q_OBJECT

@@ -36,8 +36,8 @@ void restore(const std::optional<QString> &text, const QButtonGroup *group)
     }
 }
 
-// Enabled means enabled within the page, shown means not hidden by it: neither depends on whether
-// the page's tab is the open one.
+// Enabled and shown are relative to the page: neither depends on whether its tab is the current
+// one.
 
 void addHeatSink(const Ui::VLTSettingWidget &form, const QWidget *page, Conditions *conditions)
 {

@@ -10,12 +10,12 @@ namespace Ui {
 class VLTSettingWidget;
 }
 
-/// What saving writes of the values in `form`, the form of `page`: without what another entry
-/// overrules.
+/// The values in `form`, the form of `page`, that are saved: those that no other entry
+/// overrides.
 Conditions conditionsOf(const Ui::VLTSettingWidget &form, const QWidget *page);
 
-/// Shows in `form` what was in the file; what was absent stays as it is. Which fields are enabled
-/// is for the page to decide afterwards.
+/// Shows `conditions` in `form`; fields of absent elements are not changed. The page then decides
+/// which fields are enabled.
 void showConditions(const Conditions &conditions, const Ui::VLTSettingWidget &form);
 
 } // namespace VLT

@@ -25,7 +25,7 @@ SupplyFields::SupplyFields(const std::array<Field, SUPPLY_COUNT> &fields, QWidge
 {
     for (const Field &field : m_fields) {
         QDoubleSpinBox *spinBox = field.spinBox;
-        // What the range does not allow cannot be typed; the window tells why nothing happens.
+        // Values outside the range cannot be typed; the status bar says why.
         const auto tell = [spinBox](const QString &text) {
             QStatusTipEvent tip(text);
             QCoreApplication::sendEvent(spinBox, &tip);
@@ -77,7 +77,7 @@ void SupplyFields::applyRanges()
 {
     if (!m_supplies)
         return;
-    // The values as they are before a range clamps them or the tie moves them.
+    // Read before a range clamps the values or the tie changes them.
     std::array<double, SUPPLY_COUNT> values;
     for (size_t id = 0; id < SUPPLY_COUNT; ++id) {
         const Range range = m_supplies->supply[id].range();
@@ -98,7 +98,7 @@ bool SupplyFields::keepTie()
         return false;
     const QDoubleSpinBox *leader = m_fields[tie->leader].spinBox;
     QDoubleSpinBox *follower = m_fields[tie->follower].spinBox;
-    // Compared are the texts: what differs only behind the last shown digit is equal.
+    // Compares the texts, so that differences beyond the last shown digit do not count.
     if (follower->text() == leader->text())
         return false;
     follower->setValue(leader->value());

@@ -12,8 +12,8 @@ class QLabel;
 
 namespace VLT {
 
-/// The voltage fields of the operating conditions page, by the rules of the chip's supplies. Until
-/// supplies are set, they are fields like others.
+/// Applies the chip's supply rules to the voltage fields of the operating conditions page. Until
+/// supplies are set, the fields have no special rules.
 class SupplyFields : public QObject
 {
     Q_OBJECT
@@ -32,13 +32,13 @@ public:
 
     void setDefaults();
 
-    /// Shows the supplies that the chip has, and enables those that the user sets.
+    /// Shows the supplies that the chip has, and enables those that the user can set.
     void showExisting();
 
     /// Applies the chip's ranges. A shown supply that was outside gets its default.
     void applyRanges();
 
-    /// Lets the supply that is one with another show what that one shows; true when it changed.
+    /// Copies the voltage of the leading supply of a tie to its follower; true if that changed it.
     bool keepTie();
 
 private:

@@ -22,7 +22,7 @@ namespace VLT {
 
 namespace {
 
-/// A grid of labels and fields, and how far its left edge is from that of the outer grids.
+/// A grid of labels and fields, and its indentation relative to the outer grids.
 struct Grid
 {
     QGridLayout *layout;
@@ -34,7 +34,7 @@ Grid insideOf(const QGroupBox *box, QGridLayout *layout)
     return {layout, box->contentsMargins().left() + box->layout()->contentsMargins().left()};
 }
 
-/// Lets labels and fields of all `grids` stand below each other.
+/// Aligns the labels and fields of all `grids`.
 void alignColumns(const QVector<Grid> &grids)
 {
     for (int column : {0, 1}) {
@@ -79,7 +79,7 @@ VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
     alignGrids();
     dimLabelsWithFields(this);
     nameFields();
-    // The page has the background of its tab, as the other pages.
+    // Like the other pages, this one has its tab's background.
     m_ui->scrollArea->viewport()->setAutoFillBackground(false);
     m_ui->contents->setAutoFillBackground(false);
     connectFields();
@@ -87,7 +87,7 @@ VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
                                     {m_ui->labelVCCX, m_ui->doubleSpinVCCX},
                                     {m_ui->labelVCCLDO, m_ui->doubleSpinVCCLDO}}},
                                   this);
-    // Before the page reads a file: one without voltages gets the device's defaults.
+    // Before the page reads a file, because a file without voltages gets the device's defaults.
     if (updateVoltageInfo())
         m_supplies->setDefaults();
 }
@@ -95,7 +95,7 @@ VLTSettingWidget::VLTSettingWidget(VLTView *view, QWidget *parent)
 /// For screen readers.
 void VLTSettingWidget::nameFields()
 {
-    // Check boxes stand in for the labels of these two.
+    // These two have check boxes instead of labels.
     m_ui->lineEditJA->setAccessibleName(tr("Custom Theta JA"));
     m_ui->spinJunctionTemp->setAccessibleName(tr("Junction Temperature"));
     // A button alone would be called by the title of its group.
@@ -121,7 +121,7 @@ void VLTSettingWidget::alignGrids()
 bool VLTSettingWidget::event(QEvent *event)
 {
     const bool handled = QWidget::event(event);
-    // The children have the new font by now, and with it other sizes.
+    // By now the children have the new font and thus new sizes.
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         alignGrids();
     return handled;
@@ -291,7 +291,7 @@ void VLTSettingWidget::handleIEvent(const QUtil::IEvent *event)
     if (updateVoltageInfo()) {
         checkVlotageShow();
         checkVoltageRange();
-        // The device itself changes nothing further: its supplies are all that the page shows.
+        // Nothing else to update: the page shows only the device's supplies.
         if (const DEV::DeviceDb *devices = Core::IdeCore::deviceDataBase())
             devices->findByID(TE::ProInfoManager::instance()->deviceID());
         return;

@@ -21,8 +21,8 @@ class VLTSettingWidget;
 }
 
 /// The operating conditions page: grade and process, thermal environment, supply voltages.
-/// Temperatures are in ℃, thermal resistances in ℃/W, voltages in V. The values live in the
-/// widgets alone.
+/// Temperatures are in ℃, thermal resistances in ℃/W, voltages in V. The values are stored in the
+/// widgets only.
 class VLTSettingWidget : public QWidget, public QUtil::IEventHandler, public Page
 {
     Q_OBJECT
@@ -35,26 +35,26 @@ public:
     void writeData(QXmlStreamWriter *writer) const override;
     void collect(Configuration *configuration) const override;
 
-    /// The page never keeps the document from being saved.
+    /// Always true: the page never prevents saving.
     bool checkData() override { return true; }
 
-    /// Asks for the supply data of the current chip. False when the chip has none: the data of the
-    /// chip before is then kept.
+    /// Fetches the supply data of the current chip. False if it has none; the previous chip's data
+    /// is then kept.
     bool updateVoltageInfo();
 
-    /// Shows the supplies that the chip has, and enables those that the user sets.
+    /// Shows the supplies that the chip has, and enables those that the user can set.
     void checkVlotageShow();
 
-    /// Applies the rule for devices whose VCCX is fixed. A later checkVlotageShow() decides again.
+    /// Disables VCCX for devices on which it is fixed, until the next checkVlotageShow().
     void setDevice(DEV::DeviceArg device);
 
     /// Applies the chip's ranges; a shown supply that was outside gets its default.
     void checkVoltageRange();
 
-    /// Makes supplies that are one on this chip equal.
+    /// Makes tied supplies of this chip equal.
     void updateDoubleSpin();
 
-    /// Lets edits of the voltages count from now on; called once, when the file has been read.
+    /// Connects the voltage editors to the modified state; called once, after reading the file.
     void connectVlotageDoubleSpin();
 
     void handleIEvent(const QUtil::IEvent *event) override;

@@ -4,7 +4,7 @@
 
 namespace VLT {
 
-/// Whether there is something at the path that can be read as a simulation activity file.
+/// Whether a readable file or device exists at the path.
 inline bool isActivityFile(const QString &path)
 {
     const QFileInfo info(path);

@@ -7,7 +7,7 @@
 namespace VLT {
 
 /// The port functions of a memory kind, with their values in percent when a memory is added;
-/// negative where the kind has no such function.
+/// negative if the kind lacks the function.
 struct BSRamPorts
 {
     float aEnable, aRead, aWrite, bEnable, bRead, bWrite;
@@ -15,10 +15,10 @@ struct BSRamPorts
 
 constexpr qint32 BSRAM_KINDS = 9;
 
-/// Null for a number that is no kind.
+/// Null if `kind` is not a memory kind.
 const BSRamPorts *bsramPorts(qint32 kind);
 
-/// The kind of the environment's primitive `code`; none for a code that is no block SRAM.
+/// The kind of the environment's primitive `code`; none if it is not a block SRAM.
 std::optional<qint32> bsramKind(int code);
 
 } // namespace VLT

@@ -8,16 +8,16 @@
 
 namespace VLT {
 
-/// A thermal resistance in ℃/W. A file may say that it is not given.
+/// A thermal resistance in ℃/W, which a file may declare as not given.
 struct Theta
 {
     bool given = true;
     double value = 0;
 };
 
-/// The operating conditions. What is absent is not in the file: the editor leaves out what another
-/// entry overrules, and keeps its own value for what it does not read. Temperatures in ℃, voltages
-/// in V.
+/// The operating conditions. Absent members are not in the file: the editor does not write entries
+/// that another one overrides, and keeps its own value for those it does not read. Temperatures are
+/// in ℃, voltages in V.
 struct Conditions
 {
     std::optional<QString> tempGrade;
@@ -50,7 +50,7 @@ struct DefaultRate
     double value = 12.5;
 };
 
-/// The rates of signals that neither a file nor a rate of their own covers.
+/// The rates of signals that have no rate of their own and are not in an activity file.
 struct DefaultRates
 {
     bool present = false;
@@ -80,7 +80,7 @@ struct PortSection
     QVector<VLT_Port> records;
 };
 
-/// What holds for the block SRAMs that are not listed, in percent.
+/// Defaults for the block SRAMs that are not listed, in percent.
 struct BSRamDefaults
 {
     double clockEnable = 100;
@@ -101,9 +101,9 @@ struct DffSection
     QVector<VLT_Dff> records;
 };
 
-/// A power analysis configuration: what its file says, section by section in the file's order.
-/// Numbers are as read, also those that an editor would limit. `present` tells whether the file
-/// has the section's element; sections that are absent leave the editor's defaults in place.
+/// A power analysis configuration, section by section in the file's order. Numbers are as read,
+/// even where the editor would limit them. `present` says whether the file has the section's
+/// element; for an absent section the editor keeps its defaults.
 struct Configuration
 {
     Conditions conditions;

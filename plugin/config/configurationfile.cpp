@@ -12,7 +12,7 @@ namespace VLT {
 
 namespace {
 
-/// Why the look-through has refused `bytes`.
+/// Why inspectFile() refused `bytes`.
 void explainRefusal(const QByteArray &bytes, ReadReport *report)
 {
     QXmlStreamReader reader(bytes);
@@ -39,7 +39,7 @@ void explainRefusal(const QByteArray &bytes, ReadReport *report)
     }
 }
 
-/// Takes records into a section, and their lines beside it.
+/// Appends records to a section, and their line numbers to a parallel list.
 template<class Record>
 RecordSink<Record> collect(QVector<Record> *records, QVector<int> *lines)
 {

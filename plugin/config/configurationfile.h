@@ -7,7 +7,7 @@
 
 namespace VLT {
 
-/// Something in a file that opening it in the editor passes over or changes.
+/// Something in a file that the editor ignores or changes on opening.
 struct FileRemark
 {
     enum Kind {
@@ -28,8 +28,8 @@ struct FileRemark
     QString used;      ///< what the editor makes of it; `text` where it keeps that
 };
 
-/// Where things are in a file, as lines from 1. Each vector is parallel to the records of the
-/// section of the same name.
+/// Line numbers of a file, from 1. Each vector is parallel to the records of the section of the
+/// same name.
 struct FileLines
 {
     QHash<QString, int> elements; ///< elements that a file has once, by name
@@ -41,7 +41,7 @@ struct FileLines
     QVector<int> dffs;
 };
 
-/// What reading a file finds beside the configuration.
+/// What reading a file reports besides the configuration.
 struct ReadReport
 {
     VlrContent content = VlrContent::Invalid;
@@ -53,17 +53,17 @@ struct ReadReport
     bool isRead() const { return content != VlrContent::Invalid; }
 };
 
-/// The configuration that a file's `bytes` hold. It takes what the editor opens and refuses what
-/// the editor refuses; the configuration of a refused file is empty.
+/// Reads the configuration in a file's `bytes`. Accepts and refuses the same files as the editor;
+/// for a refused file the result is empty.
 Configuration readConfiguration(const QByteArray &bytes, ReadReport *report);
 
-/// Composes the file of `configuration`. Of a file that the editor has saved it makes the same
-/// bytes. False when a text has a character that XML forbids; `offender` is then that text, without
-/// such characters.
+/// Composes the file of `configuration`; a file saved by the editor is reproduced byte for byte.
+/// False if a text has a character that XML forbids; `offender` is then that text without such
+/// characters.
 bool writeConfiguration(const Configuration &configuration, QByteArray *bytes, QString *offender);
 
-/// The first text that a file cannot hold, in the file's order and without the characters that XML
-/// forbids.
+/// The first text, in the file's order, that cannot be written to a file, without the characters
+/// that XML forbids.
 std::optional<QString> unwritableText(const Configuration &configuration);
 
 } // namespace VLT

@@ -1,6 +1,6 @@
 #pragma once
 
-/// What the design environment calls things by: codes of objects, names of events and their values.
+/// Codes and names that the design environment uses: object codes, events and their values.
 namespace VLT::Environment {
 
 // Instance categories

@@ -14,7 +14,7 @@ namespace VLT {
 
 namespace {
 
-/// Compares a file with the rules.
+/// Checks a file against the rules.
 class Comparison
 {
 public:
@@ -137,7 +137,7 @@ private:
             add(FileRemark::OutOfRange, element, attribute, text, used);
     }
 
-    /// The number that means not set, as a program may write it.
+    /// Whether the text is the number that means "not set", in any spelling.
     static bool isUnset(const QString &text, const TextRule &rule)
     {
         return rule.kind == TextRule::Cell && text == QLatin1String("-1");

@@ -6,8 +6,8 @@ class QDomElement;
 
 namespace VLT {
 
-/// Compares the file below `root` with what the format knows. `lines` gets the line of every
-/// element that a file has once.
+/// Checks the elements below `root` against the format. `lines` receives the line of every element
+/// that may occur only once.
 QVector<FileRemark> remarksOn(const QDomElement &root, QHash<QString, int> *lines);
 
 } // namespace VLT

@@ -28,7 +28,7 @@ QStringList texts(std::initializer_list<const char *> list)
     return result;
 }
 
-/// A record of that name, with numbers in `range` that may be missing.
+/// Rule for a record of that name with optional numbers in `range`.
 ElementRule record(const QString &node, const std::vector<QString> &numbers, Range range = PERCENT)
 {
     ElementRule rule{node};
@@ -46,8 +46,8 @@ ElementRule withType(ElementRule rule, int count)
     return rule;
 }
 
-/// The range of the junction temperature's field while a file with this grade is read: the first
-/// grade is the one that the field starts with, so that it changes nothing.
+/// The junction temperature's range while a file with this grade is read: the field starts with the
+/// first grade, so that one does not change it.
 Range junctionOf(const QString &grade)
 {
     for (const QString &known : GRADES) {

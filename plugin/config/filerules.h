@@ -8,7 +8,7 @@
 
 namespace VLT {
 
-/// What a text of the file has to be.
+/// What a text of the file must be.
 struct TextRule
 {
     enum Kind {
@@ -19,7 +19,7 @@ struct TextRule
         Code,    ///< a whole number in a table
         Typed,   ///< a number that is kept as text, or nothing
         Choice,  ///< one of `choices`, in whatever case; else the first
-        Exactly, ///< one of `choices` letter for letter; else the last
+        Exactly, ///< one of `choices`, case-sensitive; else the last
         Button   ///< the same; else what was chosen stays
     };
     Kind kind = Free;
@@ -41,11 +41,11 @@ struct ElementRule
     TextRule text = {};
     std::vector<AttributeRule> attributes = {};
     std::vector<ElementRule> children = {};
-    bool isRecord = false; ///< may be there any number of times
+    bool isRecord = false; ///< may occur any number of times
 };
 
-/// What a whole file may hold below its root element, whose name is free. `grade` is the text of
-/// its temperature grade, which decides the range of the junction temperature.
+/// The rules for the contents of a file's root element, whose name is not checked. `grade` is the
+/// text of its temperature grade, which determines the junction temperature's range.
 ElementRule fileRules(const QString &grade);
 
 } // namespace VLT

@@ -4,7 +4,7 @@
 
 namespace VLT {
 
-/// The numbers that a field of the editor takes, both ends included.
+/// The range of a field of the editor, both ends included.
 struct Range
 {
     double minimum;
@@ -34,7 +34,7 @@ inline Range junctionRange(const QString &grade)
     return {-40, 125};
 }
 
-/// What the field takes before a grade has been chosen.
+/// The field's range before a grade has been chosen.
 constexpr Range ANY_JUNCTION = {-40, 150};
 
 } // namespace VLT

@@ -6,7 +6,7 @@
 
 namespace VLT {
 
-/// A number as the file has it: six significant digits, a point whatever the locale.
+/// Formats a number for the file: six significant digits, a decimal point in every locale.
 inline QString numberText(double value)
 {
     // What the editors take, two decimals at most, is written by whole numbers: the same text,
@@ -26,8 +26,8 @@ inline QString numberText(double value)
     return QString::number(value, 'g', 6);
 }
 
-/// The number that `text` holds; 0 for a text that is no number or not a finite one. A spin box
-/// given a nan would jump to its maximum.
+/// Parses `text`; 0 if it is not a finite number, because a spin box set to NaN jumps to its
+/// maximum.
 inline double numberFromText(const QString &text)
 {
     const double value = text.toDouble();

@@ -25,7 +25,7 @@ std::optional<DefaultRate> readDefaultRate(const QDomElement &section, const QSt
     return std::nullopt;
 }
 
-/// With two decimals, as its field shows it.
+/// With two decimals, as shown in its field.
 void writeDefaultRate(QXmlStreamWriter *writer, const std::optional<DefaultRate> &rate,
                       const QString &toggleNode, const QString &signalNode)
 {

@@ -6,23 +6,23 @@
 
 namespace VLT {
 
-// The records of a configuration, as its tables list them and its file stores them. A `name` is
-// the full path of the object in the netlist. A negative number is not set.
+// The records of a configuration, as listed in its tables and stored in its file. A `name` is the
+// object's full path in the netlist. A negative number means "not set".
 
 enum class RateUnit {
     Toggle, ///< percent
     Signal  ///< transitions per second
 };
 
-/// The toggle rate of a net or port: `value` is text in the unit of its table, empty when it is
-/// not yet given.
+/// The toggle rate of a net or port. `value` is a text in the unit of its table, empty if not given
+/// yet.
 struct VLT_Rate
 {
     QString name;
     QString value;
 };
 
-/// A simulation activity file. Times are decimal texts as typed; an empty one is no limit.
+/// A simulation activity file. Times are decimal texts as typed; empty means no limit.
 struct VLT_VcdFile
 {
     QString file;   ///< full path as chosen
@@ -82,7 +82,7 @@ struct VLT_Dff
     float value = -1.0F;
 };
 
-/// The name by which a record is looked up.
+/// The name under which a record is looked up.
 template<class Record>
 const QString &nameOf(const Record &record)
 {
@@ -94,7 +94,7 @@ inline const QString &nameOf(const VLT_VcdFile &record)
     return record.file;
 }
 
-/// The fields of a record, for comparing.
+/// The fields of a record, for comparison.
 inline auto fields(const VLT_Rate &r)
 {
     return std::tie(r.name, r.value);

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int MAX_LINKS = 40;
 
-/// Where the bytes go: the end of the symbolic links at `path`, whether or not a file is there.
+/// The file to write: the target of the symbolic links at `path`, which need not exist.
 QString targetOf(const QString &path)
 {
     QFileInfo info(path);
@@ -29,8 +29,8 @@ QString targetOf(const QString &path)
     return info.absoluteFilePath();
 }
 
-/// Writes `bytes` at the file's position and passes them on to the disk, where a full one or a
-/// quota may only then be noticed.
+/// Writes `bytes` at the file's position and flushes them to the disk: only then may a full disk or
+/// a quota be reported.
 bool writeThrough(QFileDevice *file, const char *bytes, qint64 size, QString *cause)
 {
     if (file->write(bytes, size) != size || !file->flush()) {
@@ -38,7 +38,7 @@ bool writeThrough(QFileDevice *file, const char *bytes, qint64 size, QString *ca
         return false;
     }
 #ifdef Q_OS_UNIX
-    // Devices and pipes cannot be synchronized, which is no error.
+    // Devices and pipes cannot be synchronized; that is not an error.
     if (::fsync(file->handle()) != 0 && errno != EINVAL && errno != EROFS) {
         *cause = qt_error_string(errno);
         return false;
@@ -52,8 +52,8 @@ bool writeThrough(QFileDevice *file, const QByteArray &bytes, QString *cause)
     return writeThrough(file, bytes.constData(), bytes.size(), cause);
 }
 
-/// Whether the file at `target` has to keep its identity: what is no regular file cannot be
-/// replaced, and other hard links would keep the old contents.
+/// Whether the file at `target` has to keep its identity: only regular files can be replaced, and
+/// other hard links would keep the old contents.
 bool isWrittenInPlace(const QString &target)
 {
 #ifdef Q_OS_UNIX
@@ -87,7 +87,7 @@ bool takeOwner(QFileDevice *file, const QString &target)
 #endif
 }
 
-/// Writes beside the file and replaces it; nothing when this way is not open.
+/// Writes a second file and replaces the first with it; nothing if that is not possible.
 std::optional<WriteResult> writeBeside(const QString &target, const QByteArray &bytes)
 {
     QSaveFile file(target);
@@ -96,14 +96,14 @@ std::optional<WriteResult> writeBeside(const QString &target, const QByteArray &
     QString cause;
     if (!writeThrough(&file, bytes, &cause))
         return WriteResult{WriteResult::CannotWrite, cause};
-    // A file that is a mount point cannot be replaced, though its folder takes a second one.
+    // A mount point cannot be replaced even if a second file can be created beside it.
     if (!file.commit())
         return std::nullopt;
     return WriteResult();
 }
 
-/// Puts `bytes` in place of the `oldSize` bytes of `file`. What makes it longer is written first:
-/// where the room is missing, the old bytes are still there.
+/// Replaces the `oldSize` bytes of `file` by `bytes`. The part beyond the old end is written first:
+/// if the space runs out, the old bytes are still there.
 bool overwrite(QFile *file, qint64 oldSize, const QByteArray &bytes, QString *cause)
 {
     const qint64 size = bytes.size();
@@ -165,7 +165,7 @@ WriteResult createFile(const QString &path, const QByteArray &bytes)
     QString cause;
     if (writeThrough(&file, bytes, &cause))
         return {};
-    // Closed first: removing an open file gives up when closing it fails.
+    // Closed first, because removing an open file fails if closing it does.
     file.close();
     return {QFile::remove(path) ? WriteResult::CannotWrite : WriteResult::CannotRestore, cause};
 }

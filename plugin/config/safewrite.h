@@ -21,14 +21,14 @@ struct WriteResult
     bool isWritten() const { return outcome == Written; }
 };
 
-/// Replaces the contents of the file at `path` by `bytes`, whole or not at all, or creates the
-/// file. Symbolic links are followed; permissions, owner and group stay. Where this cannot be done
-/// with a second file in the same folder, and where the file has other hard links, the file itself
-/// is written, and gets its old bytes back when that fails. No other file is left behind.
+/// Replaces the contents of the file at `path` by `bytes`, completely or not at all, or creates the
+/// file. Follows symbolic links; keeps permissions, owner and group. If no second file can be
+/// created in the folder, or the file has other hard links, it is written in place and its old
+/// bytes are restored on failure. Leaves no other file behind.
 WriteResult replaceFile(const QString &path, const QByteArray &bytes);
 
-/// Creates the file at `path` with `bytes`. It fails, with CannotOpen, when something is already
-/// there; when writing fails, no file is left.
+/// Creates the file at `path` with `bytes`. Fails with CannotOpen if the path already exists; if
+/// writing fails, no file is left.
 WriteResult createFile(const QString &path, const QByteArray &bytes);
 
 } // namespace VLT

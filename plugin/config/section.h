@@ -8,8 +8,8 @@
 
 namespace VLT {
 
-/// A number of a record and the attribute that holds it in the file. A negative number is not set
-/// and is not written; a missing attribute reads as not set, one that is no number as 0.
+/// A number of a record and its attribute in the file. A negative number means "not set" and is not
+/// written; a missing attribute is read as not set, an invalid number as 0.
 template<class Record>
 struct NumberAttribute
 {
@@ -17,9 +17,9 @@ struct NumberAttribute
     float Record::*member;
 };
 
-/// The text of an attribute, to be kept: in memory of its own, close to that of its record. The
-/// document's own text stands among its nodes, far from the next one, and would hold on to the
-/// memory around it when they are gone.
+/// The text of an attribute in memory of its own, close to that of its record. The document's text
+/// lies scattered among its nodes; keeping it would also keep the memory pages around it after the
+/// nodes are freed.
 inline QString keptText(const QDomElement &element, const QString &attribute)
 {
     const QString text = element.attribute(attribute);

@@ -18,7 +18,7 @@ namespace VLT {
 template<class Record>
 using RecordSink = std::function<void(Record &&record, const QDomElement &element)>;
 
-/// Records to be written, wherever they are kept; borrowed for the time of the call.
+/// Records to write, in either container; borrowed for the duration of the call.
 template<class Record>
 class Records
 {
@@ -52,8 +52,8 @@ private:
 Conditions readConditions(const QDomElement &root);
 void writeConditions(QXmlStreamWriter *writer, const Conditions &conditions);
 
-// The readers below return whether the file has the section, and leave everything as it is when
-// it has not.
+// The readers below return whether the file has the section, and change nothing if it has
+// not.
 
 bool readRates(const QDomElement &root, RateUnit *unit, const RecordSink<VLT_Rate> &add);
 /// Writes nothing without records.
@@ -67,7 +67,7 @@ bool readFiles(const QDomElement &root, std::optional<bool> *filterGlitch,
 /// Writes nothing without records.
 void writeFiles(QXmlStreamWriter *writer, const Records<VLT_VcdFile> &files, bool filterGlitch);
 
-/// `value` becomes 0, not the 100 of a new page, when the section does not give it.
+/// A section without `value` sets it to 0, not to the 100 of a new page.
 bool readClocks(const QDomElement &root, double *value, const RecordSink<VLT_ClkEnable> &add);
 /// Leaves out clocks without a name.
 void writeClocks(QXmlStreamWriter *writer, double value, const Records<VLT_ClkEnable> &clocks);

@@ -9,17 +9,17 @@
 
 namespace VLT {
 
-/// Index of a supply in what follows.
+/// Index of a supply in the arrays below.
 enum SupplyId { VCC, VCCX, VCCLDO, SUPPLY_COUNT };
 
-// What the voltage fields show; the digits beyond are lost when a file is opened.
+// Decimals of the voltage fields; further digits are lost when a file is opened.
 constexpr int VOLTAGE_DECIMALS = 3;
 
-/// A voltage as its field holds it: limited and rounded.
+/// A voltage as stored in its field: limited and rounded.
 double voltageInField(double voltage);
 
-/// What a chip allows on one supply, as its data has it: texts of voltages, all empty for a supply
-/// that the chip does not have. A text that is no number counts as 0.
+/// The limits and default of one supply as texts from the chip's data, all empty for a supply that
+/// the chip does not have. An invalid number counts as 0.
 struct Supply
 {
     QString minimum;
@@ -28,22 +28,22 @@ struct Supply
 
     bool exists() const { return !defaultValue.isEmpty(); }
 
-    /// In V, as the field holds it: a voltage exactly at an end is inside.
+    /// In V, as stored in the field; both ends are included.
     Range range() const;
     double defaultVoltage() const;
 
-    /// Whether `voltage`, as its field holds it, is replaced by the default.
+    /// Whether `voltage`, as stored in its field, is replaced by the default.
     bool isOutside(double voltage) const;
 };
 
-/// Two supplies that are one on a chip: the follower takes the leader's voltage.
+/// Two supplies that are connected on a chip: the follower takes the leader's voltage.
 struct SupplyTie
 {
     SupplyId leader;
     SupplyId follower;
 };
 
-/// The supplies of one chip, and which of them are one.
+/// The supplies of one chip and their ties.
 struct Supplies
 {
     std::array<Supply, SUPPLY_COUNT> supply;
@@ -51,18 +51,18 @@ struct Supplies
     bool vccxIsVccLdo = false;
     bool vccIsVccLdo = false;
 
-    /// The tie that is kept: of several only the first.
+    /// The tie that applies: only the first of several.
     std::optional<SupplyTie> tie() const;
 
-    /// Whether the user sets the supply. VCC is always the user's; those that are one with another
-    /// follow it.
+    /// Whether the user can set the supply. VCC can always be set; tied supplies follow their
+    /// leader.
     bool isOwn(SupplyId id) const;
 
-    /// The supply that `id` is one with, for a supply that is not the user's own.
+    /// The leader of `id`, a supply that the user cannot set.
     SupplyId partner(SupplyId id) const;
 };
 
-/// The models whose VCCX the user may not set, whatever the supply data say.
+/// Whether the user may not set VCCX on this model, whatever the supply data says.
 bool hasFixedVccx(const QString &partName);
 
 } // namespace VLT

@@ -1,4 +1,4 @@
-// The search for a text that makes a save fail.
+// Searches for the text that makes a save fail.
 
 #include "config/configurationfile.h"
 
@@ -15,7 +15,7 @@ bool isForbidden(QChar c)
     return code >= 0xfffe || (code < 0x20 && code != '\t' && code != '\n' && code != '\r');
 }
 
-/// Takes texts until one cannot be written.
+/// Visits texts until one cannot be written.
 class Search
 {
 public:

@@ -13,8 +13,8 @@ namespace {
 
 constexpr int MAX_DEPTH = 256;
 
-/// Adds what is written to it to the end of `bytes`, which is not owned. A writer hands its text
-/// over in small pieces, and a QBuffer takes longer to find its place for one than to store it.
+/// Appends to `bytes`, which is not owned. A writer writes in small pieces, and QBuffer takes
+/// longer to position for each than to store it.
 class Appender : public QIODevice
 {
 public:
@@ -39,7 +39,7 @@ private:
     QByteArray *m_bytes;
 };
 
-/// The document is not ended: the file has no line break after the root element.
+/// Does not end the document, because the file has no line break after the root element.
 void writeEnvelope(QXmlStreamWriter *writer,
                    const std::function<void(QXmlStreamWriter *)> &writeContent)
 {
@@ -57,7 +57,7 @@ VlrContent inspectFile(const QByteArray &bytes)
 {
     QXmlStreamReader reader(bytes);
     reader.setNamespaceProcessing(false);
-    // References inside of the declarations are expanded before those can be looked at.
+    // References inside the declarations are expanded before the declarations can be inspected.
     reader.setEntityExpansionLimit(0);
     QString docType;
     bool hasRoot = false;
@@ -82,8 +82,8 @@ VlrContent inspectFile(const QByteArray &bytes)
         default:
             break;
         }
-        // A file that ends before its root element may still have something unfinished in it. It
-        // has not when a root element can follow.
+        // A file that ends before its root element may be truncated inside a comment, for example.
+        // It is not if a root element can follow.
         if (reader.error() == QXmlStreamReader::PrematureEndOfDocumentError && !hasRoot &&
             !probed) {
             probed = true;
@@ -98,7 +98,7 @@ VlrContent inspectFile(const QByteArray &bytes)
 VlrContent parseFile(const QByteArray &bytes, QDomDocument *document, QString *error, int *line)
 {
     const VlrContent content = inspectFile(bytes);
-    // What the parser refuses it leaves as half a tree, which the next save would make the file.
+    // On an error the parser leaves a partial tree, which the next save would write.
     if (content == VlrContent::Document && !document->setContent(bytes, error, line))
         return VlrContent::Invalid;
     return content;

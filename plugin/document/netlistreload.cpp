@@ -33,7 +33,7 @@ void NetlistReload::run()
         if (QMessageBox *box = std::exchange(m_failure, nullptr))
             box->reject();
         emit succeeded(netlist);
-    } else if (!m_failure) { // another failure meanwhile has nothing to add
+    } else if (!m_failure) { // one failure message is enough
         tellFailure();
     }
 }

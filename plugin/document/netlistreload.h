@@ -13,30 +13,30 @@ class Netlist;
 
 namespace VLT {
 
-/// Reads the netlist that a finished synthesis has left, for one view.
+/// Reloads the netlist of one view after a synthesis run.
 class NetlistReload : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `view`, the parent of messages, owns the object.
+    /// `view` owns the object and is the parent of its messages.
     explicit NetlistReload(QWidget *view);
 
-    /// Reads the netlist. When that fails, tells the user that the view closes, which runs the
-    /// event loop; a netlist that can be read meanwhile takes the message back.
+    /// Reads the netlist. On failure, tells the user that the view will close, which runs the event
+    /// loop; if a netlist can be read in the meantime, the message is withdrawn.
     void run();
 
 signals:
     void succeeded(const std::shared_ptr<NlsData::Netlist> &netlist);
 
-    /// The user has been told; the view has to close.
+    /// The user has been informed, and the view has to close.
     void failed();
 
 private:
     void tellFailure();
 
     QWidget *const m_view;
-    QPointer<QMessageBox> m_failure; // the message, while it counts
+    QPointer<QMessageBox> m_failure; // the message while it is open
     int m_successes = 0;
 };
 

@@ -16,7 +16,7 @@ void commitOpenEditors(const QWidget *within)
         QAbstractItemDelegate *delegate = table->itemDelegate();
         if (!delegate)
             continue;
-        // The table takes an editor of any of its delegates, and leaves other widgets alone.
+        // The table accepts an editor of any of its delegates and ignores other widgets.
         const auto editors =
             table->viewport()->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
         for (QWidget *editor : editors) {
@@ -24,8 +24,8 @@ void commitOpenEditors(const QWidget *within)
             emit delegate->closeEditor(editor, QAbstractItemDelegate::NoHint);
         }
     }
-    // After the cells, whose delegate takes an emptied editor for a cleared value: interpreting it
-    // would bring the old one back.
+    // After the cells: their delegate reads an emptied editor as a cleared value, but interpreting
+    // its text would restore the old one.
     const auto spinBoxes = within->findChildren<QAbstractSpinBox *>();
     for (QAbstractSpinBox *spinBox : spinBoxes)
         spinBox->interpretText();

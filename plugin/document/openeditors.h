@@ -4,10 +4,10 @@ class QWidget;
 
 namespace VLT {
 
-/// Takes over what has been typed and not yet confirmed in cells and spin boxes inside `within`.
+/// Commits what has been typed but not confirmed in cells and spin boxes inside `within`.
 void commitOpenEditors(const QWidget *within);
 
-/// Whether the open editor of a cell inside `within` has another text than it opened on.
+/// Whether the text in the open editor of a cell inside `within` has been changed.
 bool hasPendingEditor(const QWidget *within);
 
 } // namespace VLT

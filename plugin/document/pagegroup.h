@@ -10,7 +10,7 @@ namespace VLT {
 class Document;
 class VLTView;
 
-/// A widget with several pages, which it reads, writes and checks in one order.
+/// A widget with several pages, which it reads, writes and checks in a fixed order.
 class PageGroup : public QWidget, public Page
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ class PageGroup : public QWidget, public Page
 public:
     void readData(QDomElement *parent) override;
     void writeData(QXmlStreamWriter *writer) const override;
-    /// Asks the pages up to the first that refuses.
+    /// Checks the pages up to the first that refuses.
     bool checkData() override;
     void modified() override;
     void collect(Configuration *configuration) const override;

@@ -4,7 +4,7 @@
 
 namespace VLT {
 
-/// Holds the pages of the activity settings: clock enables, ports, block SRAMs, flip-flops.
+/// The pages of the activity settings: clock enables, ports, block SRAMs, flip-flops.
 class VLTEnableSetWidget : public PageGroup
 {
     Q_OBJECT

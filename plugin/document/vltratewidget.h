@@ -4,7 +4,7 @@
 
 namespace VLT {
 
-/// Holds the pages of the signal activity: toggle rates beside activity files.
+/// The pages of the signal activity: toggle rates and activity files.
 class VLTRateWidget : public PageGroup
 {
     Q_OBJECT

@@ -35,8 +35,8 @@ namespace VLT {
 
 namespace {
 
-/// Whether what the pages have written is what the library makes of it, too. Every save of a debug
-/// build asks.
+/// Whether the library writes the same file as the pages. Checked on every save of a debug
+/// build.
 [[maybe_unused]] bool isReadAlike(const QByteArray &saved, const Configuration &pages)
 {
     ReadReport report;
@@ -82,7 +82,7 @@ VLTView::VLTView(DEV::DeviceArg device, NlsData::Netlist *netlist)
 
 VLTView::~VLTView()
 {
-    // The tables drop their editors while they are destroyed, after the view itself.
+    // The tables drop their editors when they are destroyed, which is after the view itself.
     for (const auto *delegate : findChildren<DoubleEditorDelegate *>())
         delegate->disconnect(this);
     m_netlist.reset();
@@ -115,7 +115,7 @@ void VLTView::announceModified(bool before)
 {
     if (isModified() == before)
         return;
-    // The title first: the Save action takes it when it hears of the change.
+    // The title first, because the Save action reads it when it is notified of the change.
     setTitle();
     emit modificationStatusChanged(!before);
 }
@@ -175,7 +175,7 @@ bool VLTView::readCfgFile(const QString &path)
         return false;
     if (content == VlrContent::NoRoot) {
         setModified(true);
-        // Wired all the same: voltages edited after the first save mark the document again.
+        // Connected nevertheless: voltages edited after the first save modify the document again.
         m_settingPage->connectVlotageDoubleSpin();
         return true;
     }

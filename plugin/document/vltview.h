@@ -35,8 +35,8 @@ namespace Ui {
 class ChangedBanner;
 }
 
-/// The open document: a configuration file with its pages and the netlist that they pick objects
-/// from. Created by the view manager, owned by the environment once it is shown.
+/// The open document: a configuration file with its pages, and the netlist from which objects are
+/// picked. Created by the view manager, owned by the environment once shown.
 class VLTView : public Core::IView, public QUtil::IEventHandler, public Document
 {
     Q_OBJECT
@@ -51,8 +51,8 @@ public:
     bool isModified() const { return m_modified || m_fileMissing; }
     VLT_EXPORT void setModified(bool modified) override;
 
-    /// Whether another program has removed the file, so that the view holds the only copy and
-    /// counts as modified, until it is clean or the file is back as it was.
+    /// Sets whether another program has removed the file. The view then has the only copy and
+    /// counts as modified until it is saved or the file is restored.
     VLT_EXPORT void setFileMissing(bool missing);
 
     /// Shows the file's name, with "*" when modified, as window title and tab text.
@@ -62,20 +62,20 @@ public:
     std::shared_ptr<NlsData::Netlist> holdNetlist() const override { return m_netlist; }
     void closeWithoutQuestion() override;
 
-    /// Asks for the supply data of the current chip and shows its supplies; false without data.
+    /// Fetches the supply data of the current chip and shows its supplies; false if there is none.
     bool getVoltageInfo();
 
-    /// Loads the file at `path`; false when it cannot be read or is no configuration file.
+    /// Loads the file at `path`; false if it cannot be read or is not a configuration file.
     bool readCfgFile(const QString &path);
 
-    /// Validates and saves; false when it was refused or failed, which the user has been told.
+    /// Validates and saves; on refusal or failure informs the user and returns false.
     VLT_EXPORT bool writeToFile();
     bool save() { return writeToFile(); }
 
-    /// Takes over what the user has typed and not yet confirmed, in cells and in spin boxes.
+    /// Commits what the user has typed but not confirmed in cells and spin boxes.
     void commitEdits();
 
-    /// Whether the open editor of a cell has another text than the one that it opened on.
+    /// Whether the text in the open editor of a cell has been changed.
     bool hasPendingEdits() const;
 
     /// Selects a record and scrolls to it: the `occurrence`-th, from 1, of those called `name` in
@@ -86,14 +86,14 @@ public:
     /// The top-level pages, in the file's order; owned by the view.
     QVector<Page *> pages() const;
 
-    /// What saving would write.
+    /// The configuration that saving would write.
     Configuration configuration() const;
 
     void showChangedBanner();
 
-    /// The view is about to be closed without saving: what stands in open editors is not taken
-    /// over any more, and an open close question has nothing left to ask. Holds until the event
-    /// loop runs: a host that refuses the close leaves a view like any other.
+    /// Announces that the view is about to be closed without saving: open editors are not
+    /// committed, and an open close question is withdrawn. Lasts until the event loop runs, so that
+    /// a view whose host refuses to close it works as before.
     VLT_EXPORT void abandonEdits();
 
     void handleIEvent(const QUtil::IEvent *event) override;
@@ -118,7 +118,7 @@ private:
     enum class Closing {
         No,
         Asking,    // the user, whether to save
-        Abandoned, // what open editors hold does not count any more
+        Abandoned, // open editors are not committed any more
         Done,      // agreed to; the view only waits to be deleted
     };
 

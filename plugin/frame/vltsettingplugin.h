@@ -4,7 +4,7 @@
 
 namespace VLT {
 
-/// What the environment loads.
+/// The plug-in object that the environment loads.
 class VLTSettingPlugin : public ExtSys::IPlugin
 {
     Q_OBJECT

@@ -41,7 +41,7 @@ void showError(const QString &text)
                 QStringLiteral("Error"), text);
 }
 
-// Whether there is such a file; tells the user when not.
+// Whether the file exists; if not, informs the user.
 bool checkFileExists(const QString &path)
 {
     if (QFileInfo(path).isFile())
@@ -102,7 +102,7 @@ VLTView *VLTViewManagerPrivate::createVLTView(const DEV::DeviceArg &device, cons
 void VLTViewManagerPrivate::placeVLTView(VLTView *view)
 {
     views.append(view);
-    // The slot looks at its sender, so it is connected itself.
+    // Connected directly, because the slot uses sender().
     QObject::connect(view, SIGNAL(modificationStatusChanged(bool)), manager,
                      SLOT(onVLTViewModified(bool)));
     QObject::connect(view, &VLTView::pendingEditsChanged, manager, [this, view] {
@@ -116,7 +116,7 @@ void VLTViewManagerPrivate::placeVLTView(VLTView *view)
 
 VLTView *VLTViewManagerPrivate::findView(const QString &absolutePath) const
 {
-    // Empty where no file exists. A link is the file that it leads to.
+    // Empty if no file exists. Links are resolved.
     const QString canonical = QFileInfo(absolutePath).canonicalFilePath();
     for (VLTView *view : views) {
         const QFileInfo file(view->file());
@@ -187,7 +187,7 @@ void VLTViewManager::reloadView(DEV::DeviceArg device, const QString &path)
     if (!former || !checkFileExists(path))
         return;
     std::unique_ptr<NlsData::Netlist> netlist = d->readNlsdata();
-    // The event loop has run, here and in messages about the file: the view may have been closed.
+    // The event loop has run, here or in messages about the file: the view may have been closed.
     if (!netlist || !d->views.contains(former))
         return;
     std::unique_ptr<VLTView> view(d->createVLTView(device, former->file(), std::move(netlist)));

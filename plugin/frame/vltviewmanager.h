@@ -14,14 +14,14 @@ namespace VLT {
 
 class VLTView;
 
-/// Context in which the environment's Save command belongs to the analysis views.
+/// Context in which the environment's Save command applies to configuration views.
 constexpr char VLTINS_CONTEXT[] = "VLT.VLTViewManager.Context";
 
 /// Opens configuration files as views, follows which view is active and routes Save to it.
 ///
-/// The one manager exists from the loading of the library, possibly before QApplication, until
-/// deinit(); nothing of it may be used after that. Its static functions are the entry points of
-/// the plug-in for other libraries.
+/// The single manager exists from the loading of the library, possibly before QApplication, until
+/// deinit(), and must not be used after that. Its static functions are the plug-in's entry points
+/// for other libraries.
 class VLTViewManager : public QObject
 {
     Q_OBJECT
@@ -38,16 +38,16 @@ public:
     /// Deletes the manager. Open views stay with the environment.
     void deinit();
 
-    /// Opens the file at `path` on `device`, or shows its view when it is already open. What goes
-    /// wrong is told in a message box. It runs the event loop while the netlist is read.
+    /// Opens the file at `path` for `device`, or shows its view if it is already open. Errors are
+    /// shown in a message box. Runs the event loop while the netlist is read.
     VLT_EXPORT static void openView(DEV::DeviceArg device, const QString &path);
 
-    /// Reads the file at `path` anew and shows it, on `device`, in place of its open view, whose
-    /// changes are dropped. The open view stays as it is when the file cannot be opened, which is
-    /// told as openView() does. It runs the event loop while the netlist is read.
+    /// Reloads the file at `path` for `device` and replaces its open view, whose changes are
+    /// discarded. If the file cannot be opened, shows the error as openView() does and keeps the
+    /// open view. Runs the event loop while the netlist is read.
     VLT_EXPORT static void reloadView(DEV::DeviceArg device, const QString &path);
 
-    /// Asks the environment to close the view of the file at `path`; nothing when none is open.
+    /// Asks the environment to close the view of the file at `path`, if it is open.
     VLT_EXPORT static void closeView(const QString &path);
 
     /// The open views in the order of opening, not owned.

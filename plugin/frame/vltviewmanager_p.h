@@ -19,11 +19,11 @@ class VLTView;
 
 namespace Impl {
 
-/// State and inner operations of the view manager.
+/// State and internal operations of the view manager.
 class VLTViewManagerPrivate
 {
 public:
-    /// Gives the Save action its text, tool tip and state from the current view.
+    /// Updates the Save action's text, tool tip and state from the current view.
     void updateActions();
 
     /// A new netlist of the design, or null after the error has been shown. Runs the event loop.
@@ -33,7 +33,7 @@ public:
     VLTView *createVLTView(const DEV::DeviceArg &device, const QString &path,
                            std::unique_ptr<NlsData::Netlist> netlist);
 
-    /// Lists the view and hands it over to the environment, which owns it from now on.
+    /// Lists the view and passes it to the environment, which then owns it.
     void placeVLTView(VLTView *view);
 
     /// The open view of the file with this absolute path, or null.

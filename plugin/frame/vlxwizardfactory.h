@@ -6,7 +6,7 @@ namespace VLT {
 
 constexpr char ID_VLT_WIZARD[] = "MC.Wizard.VLT";
 
-/// Offers the new configuration file in the environment's menu of new files.
+/// Adds the new configuration file to the environment's File > New menu.
 class VLXWizardFactory : public Core::IFileWizardFactory
 {
     Q_OBJECT

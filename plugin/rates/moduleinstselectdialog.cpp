@@ -22,7 +22,7 @@ QStringList entriesOf(const NlsData::Netlist *netlist)
 {
     if (!netlist)
         return {};
-    const WaitCursor wait; // the map is made when it is first asked for
+    const WaitCursor wait; // the first call builds the map
     QStringList entries;
     const auto &instances = netlist->instanceMap();
     entries.reserve(instances.size() + 1);
@@ -60,8 +60,8 @@ void ModuleInstSelectDialog::onSearch()
     const QString filter = m_ui->lineEditFilter->text().trimmed();
     if (filter == m_filter)
         return;
-    // A filter that holds the one before can only keep entries that the one before kept, once that
-    // has been searched to its end.
+    // A filter that contains the previous one can only match entries that the previous one matched,
+    // provided that its search was complete.
     if (!filter.contains(m_filter, Qt::CaseInsensitive))
         m_candidates = m_entries;
     else if (!m_turn.isActive())

@@ -17,14 +17,14 @@ class ModuleInstSelectDialog;
 }
 
 /// Chooses a module instance of the netlist, or the design itself, by a part of its path. The list
-/// is filled in short turns of the event loop, so that typing and scrolling stay fluent with a
-/// million instances; a list that fits into one turn is complete at once.
+/// is filled in short slices of the event loop, so that typing and scrolling stay responsive with a
+/// million instances; a list that fits into one slice is complete at once.
 class ModuleInstSelectDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Reads the netlist here only; it may be replaced while the dialog is open.
+    /// Reads the netlist only here, because it may be replaced while the dialog is open.
     ModuleInstSelectDialog(QWidget *parent, NlsData::Netlist *netlist, bool single);
     ~ModuleInstSelectDialog() override;
 
@@ -42,7 +42,7 @@ private:
 
     QString m_filter;
     QStringList m_found;      ///< what the filter keeps, as far as it was searched
-    QStringList m_candidates; ///< what is searched: m_entries, or what a wider filter kept
+    QStringList m_candidates; ///< the list searched: m_entries or the matches of a wider filter
     int m_next = 0;           ///< position in m_candidates
     QTimer m_turn;
 };

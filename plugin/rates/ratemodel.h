@@ -18,7 +18,7 @@ public:
 
     static bool lessThanByName(VLT_Rate *const &left, VLT_Rate *const &right);
     static bool greaterThanByName(VLT_Rate *const &left, VLT_Rate *const &right);
-    /// By text, as the values are texts: 10 before 9.
+    /// As texts, which the values are: 10 before 9.
     static bool lessThanByRate(VLT_Rate *const &left, VLT_Rate *const &right);
     static bool greaterThanByRate(VLT_Rate *const &left, VLT_Rate *const &right);
 

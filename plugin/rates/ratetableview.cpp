@@ -75,12 +75,12 @@ void RateTableView::onNew()
 void RateTableView::addNets()
 {
     const QPointer<RateTableView> self(this);
-    // Kept while the chosen nets are used: a synthesis run may replace the view's netlist.
+    // Held while the chosen nets are used, because a synthesis run may replace the view's netlist.
     const auto netlist = document()->holdNetlist();
     if (!netlist)
         return;
     const QList<NlsData::Net *> all = [&netlist] {
-        const WaitCursor wait; // the map is made when it is first asked for
+        const WaitCursor wait; // the first call builds the map
         return netlist->netMap().values();
     }();
     const QList<NlsData::Net *> nets = NlsData::FindNetDialog::getList(all, this);

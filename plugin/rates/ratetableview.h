@@ -23,7 +23,7 @@ public:
 
     const QList<VLT_Rate *> &getData() const { return m_records.list(); }
     QVector<VLT_Rate> rates() const { return m_records.values(); }
-    /// Takes the records of `rates` in place of its own, which it does not delete.
+    /// Takes ownership of `rates`; its previous records are not deleted.
     void setData(const QList<VLT_Rate *> &rates);
 
     /// True for toggle rates up to 200 %, false for signal rates.
@@ -37,12 +37,12 @@ public:
     QSize sizeHint() const override;
 
 public slots:
-    /// Lets the user choose nets or ports, and lists those that are not yet listed.
+    /// Lets the user choose nets or ports and adds those that are not listed yet.
     void onNew();
     void onShowContextMenu(QPoint point);
 
 signals:
-    /// Not emitted: the table marks its view itself.
+    /// Not emitted: the table itself marks its view as modified.
     void modified();
 
 private:

@@ -118,7 +118,7 @@ void RateWidget::changeUnit(RateTableView *table, QRadioButton *toggle, QRadioBu
         table->setValueType(toggle->isChecked());
         table->resetValue();
     } else {
-        // The table's unit, not the button clicked: that may be the one that was already checked.
+        // The table's unit, not the clicked button, which may have been checked already.
         (table->valueType() ? toggle : signal)->setChecked(true);
     }
 }

@@ -20,7 +20,7 @@ enum class RateUnit;
 class VLTView;
 
 /// Toggle rates of nets, with their section of the file. The table of ports is built and checked
-/// like that of the nets, but hidden, and not in the file.
+/// like that of the nets, but is hidden and not saved.
 class RateWidget : public QWidget, public Page
 {
     Q_OBJECT
@@ -33,7 +33,7 @@ public:
     void writeData(QXmlStreamWriter *writer) const override;
     void collect(Configuration *configuration) const override;
 
-    /// Tells the user about the first rate without a value; false then.
+    /// Informs the user of the first rate without a value and returns false if there is one.
     bool checkData() override;
 
 public slots:

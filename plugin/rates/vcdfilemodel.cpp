@@ -21,7 +21,7 @@ QVariant time(const QString &number, const QString &unit)
     return number.isEmpty() ? QVariant() : QVariant(number + QLatin1Char(' ') + unit);
 }
 
-/// A column whose cells are centred and have no tool tip.
+/// A column whose cells are centered and have no tool tip.
 FileColumn centred(const char *title, QVariant (*shown)(const File &))
 {
     return FileColumn::served(title, [shown](const File &file, int role) -> QVariant {

@@ -5,7 +5,7 @@
 
 namespace VLT {
 
-/// Simulation activity files. The columns of the two times are served and sorted, but not shown.
+/// Simulation activity files. The columns of the two times are sortable but not shown.
 class VcdFileModel : public RecordModel<VLT_VcdFile>
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ class VcdFileModel : public RecordModel<VLT_VcdFile>
 public:
     VcdFileModel(QList<VLT_VcdFile *> &records, QObject *parent);
 
-    /// Tells the views that the record at `row` has changed.
+    /// Notifies the views that the record at `row` has changed.
     void updateRow(int row);
 
     static bool lessThanByInst(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
@@ -24,7 +24,7 @@ public:
     /// VCD before SAIF.
     static bool lessThanByFileType(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
     static bool greaterThanByFileType(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
-    /// Times by their number, whatever the unit.
+    /// Times by their number, regardless of the unit.
     static bool lessThanByStart(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
     static bool greaterThanByStart(VLT_VcdFile *const &left, VLT_VcdFile *const &right);
     static bool lessThanByEnd(VLT_VcdFile *const &left, VLT_VcdFile *const &right);

@@ -19,7 +19,7 @@ namespace VLT {
 
 namespace {
 
-/// Takes a decimal comma for a point, as times are stored with one.
+/// Replaces a decimal comma by a point, because times are stored with one.
 class TimeValidator : public QRegExpValidator
 {
 public:
@@ -149,7 +149,7 @@ void VcdFileSetDialog::accept()
     QDialog::accept();
 }
 
-/// For returning at once: the dialog may have been deleted meanwhile.
+/// Callers return at once: the dialog may have been deleted in the meantime.
 bool VcdFileSetDialog::refuse(const QString &text)
 {
     showMessage(QMessageBox::Warning, this, tr("Warning"), text);

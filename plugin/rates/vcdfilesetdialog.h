@@ -20,16 +20,16 @@ class VcdFileSetDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// Edits `record`, which it does not own, or makes a new one when it is null. A record is
-    /// changed by accept() only.
+    /// Edits `record`, which is not owned, or creates a new one if it is null. Only accept()
+    /// changes a record.
     VcdFileSetDialog(VLTView *view, QWidget *parent, VLT_VcdFile *record);
     ~VcdFileSetDialog() override;
 
-    /// The record edited, or the one made on acceptance, which is the caller's from then on; null
-    /// when there is none.
+    /// The edited record, or the one created on acceptance, which the caller owns; null if there is
+    /// none.
     VLT_VcdFile *data() const { return m_record; }
 
-    /// Name of the design when the instance was chosen: an instance of that name is the design.
+    /// The design's name when the instance was chosen: an instance of that name means the design.
     QString designName() const { return m_designName; }
 
 public slots:

@@ -34,8 +34,8 @@ VcdFileWidget::VcdFileWidget(VLTView *view, QWidget *parent)
     m_ui->tableView->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     connectCommands(m_ui->btnAdd, m_ui->btnRemove, &VcdFileWidget::onNew,
                     &VcdFileWidget::onShowContextMenu);
-    // Queued: the table must not be handling its mouse event any more when its view is closed under
-    // the dialog.
+    // Queued, so that the table has finished its mouse event if its view is closed while the dialog
+    // is open.
     connect(m_ui->tableView, &QTableView::doubleClicked, this, &VcdFileWidget::onEditData,
             Qt::QueuedConnection);
     auto *edit = new QAction(m_ui->tableView);
@@ -54,7 +54,7 @@ VcdFileWidget::VcdFileWidget(VLTView *view, QWidget *parent)
             &VcdFileWidget::onIOUnitChanged);
     connect(m_ui->comboRemainUnit, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
             &VcdFileWidget::onRemainUnitChanged);
-    // A turn of the wheel on the way down the page would change unit and value.
+    // Otherwise scrolling the page with the wheel would change unit and value.
     for (QComboBox *combo : {m_ui->comboIOUnit, m_ui->comboRemainUnit})
         ignoreWheelWithoutFocus(combo);
     m_ui->radioVectorless->hide();
@@ -194,7 +194,7 @@ void VcdFileWidget::onShowContextMenu(QPoint point)
 
 void VcdFileWidget::onGlitchChanged()
 {
-    // The flag is part of the files' section, which is not written without files.
+    // The flag belongs to the files' section, which is written only if there are files.
     if (!m_records.list().isEmpty())
         modified();
 }
@@ -213,11 +213,11 @@ void VcdFileWidget::changeUnit(const RateField &field)
 {
     const RateUnit unit = RateUnit(field.unit->currentIndex());
     const double limit = rateRange(unit).maximum;
-    // Before the limit, which would make 200 of a larger value.
+    // Before the limit, which would reduce a larger value to 200.
     if (unit == RateUnit::Toggle && field.value->value() > limit)
         field.value->setValue(DefaultRate().value);
     field.value->setMaximum(limit);
-    // The usual width holds the largest toggle rate; the largest signal rate needs more.
+    // The usual width fits the largest toggle rate; the largest signal rate needs more.
     field.value->setFixedWidth(unit == RateUnit::Toggle
                                    ? RATE_WIDTH
                                    : std::max(RATE_WIDTH, field.value->sizeHint().width()));

@@ -18,8 +18,8 @@ namespace Ui {
 class VcdFileTableView;
 }
 
-/// Simulation activity files, the default rates of signals that neither a file nor an explicit
-/// rate covers, and their sections of the file. It owns the records.
+/// Simulation activity files, the default rates of signals that have neither a file nor an explicit
+/// rate, and their sections of the file. Owns the records.
 class VcdFileWidget : public RecordPage<VcdFileModel>, public Page
 {
     Q_OBJECT
@@ -28,12 +28,12 @@ public:
     VcdFileWidget(VLTView *view, QWidget *parent);
     ~VcdFileWidget() override;
 
-    /// Appends to what is listed.
+    /// Appends to the listed records.
     void readData(QDomElement *parent) override;
     void writeData(QXmlStreamWriter *writer) const override;
     void collect(Configuration *configuration) const override;
 
-    /// Tells the user about the first file that does not exist; false then.
+    /// Informs the user of the first file that does not exist and returns false if there is one.
     bool checkData() override;
 
 public slots:
@@ -62,12 +62,12 @@ private:
     void changeUnit(const RateField &field);
 
     DefaultRates defaultRates() const;
-    /// As in the file: without an entity where that is the design.
+    /// As saved: without an entity if that is the design.
     FileSection files() const;
     QString designName() const;
 
     VLTView *const m_view; // for the dialog
-    /// What the design was called when a record was bound or read: synthesis may rename it. Has an
+    /// The design's name when a record was bound or read, because synthesis may rename it. Has an
     /// entry for every listed record; those of removed ones are never looked up.
     QHash<const VLT_VcdFile *, QString> m_designNames;
     const std::unique_ptr<Ui::VcdFileTableView> m_ui;

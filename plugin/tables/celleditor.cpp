@@ -37,7 +37,7 @@ QValidator::State CellEditor::validate(QString &input, int &pos) const
     const QValidator::State state = PointSpinBox::validate(input, pos);
     if (state != QValidator::Invalid || !input.startsWith(QLatin1Char('-')))
         return state;
-    // Typable, but not acceptable: what is pasted over a cell without an editor stays refused.
+    // Intermediate rather than acceptable, so that pasting it over a cell is still refused.
     QString magnitude = input.mid(1);
     if (magnitude.startsWith(QLatin1Char('-')) || magnitude.startsWith(QLatin1Char('+')))
         return QValidator::Invalid;
@@ -53,7 +53,7 @@ void CellEditor::fixup(QString &input) const
         input = textFromValue(number);
 }
 
-// The next two pass over the spin box, which would interpret its text.
+// The next two bypass QDoubleSpinBox, which would interpret its text.
 
 void CellEditor::focusOutEvent(QFocusEvent *event)
 {

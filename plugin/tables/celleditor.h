@@ -4,12 +4,12 @@
 
 namespace VLT {
 
-/// The spin box over a numeric cell. Its text is what the delegate stores, so the box leaves it as
-/// typed when it loses the focus to a popup or is hidden, where a plain spin box would restore the
-/// last number. A negative number can be typed although the minimum is 0.
+/// The spin box over a numeric cell. The delegate stores its text, so the box keeps it as typed
+/// when it loses the focus to a popup or is hidden; a plain spin box would restore the last number.
+/// A negative number can be typed although the minimum is 0.
 ///
-/// It also takes what was copied from a cell: a unit behind the number ("12.5%", "5.5pF") is
-/// dropped, and a number with more decimals than the box shows is rounded.
+/// It also accepts text copied from a cell: a unit after the number ("12.5%", "5.5pF") is dropped,
+/// and extra decimals are rounded.
 class CellEditor : public PointSpinBox
 {
     Q_OBJECT

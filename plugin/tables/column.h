@@ -17,24 +17,24 @@ int compareNames(const Record *a, const Record *b)
     return QString::compare(a->name, b->name, Qt::CaseInsensitive);
 }
 
-/// One column of a RecordModel: where its cells come from, where edits go, what may be edited,
-/// what is gray, and how it sorts. Start from one of the kinds and chain the rest:
+/// One column of a RecordModel: how its cells are read and edited, which may be edited, which are
+/// gray, and how it sorts. Start from one of the kinds and chain the rest:
 ///
 ///     Column::number("Out Enable", &VLT_Port::outEnable, 50)
 ///         .editable(hasEnable).gray(hasNoEnable).sortedBy(lessThanByOE, greaterThanByOE)
 ///
-/// A column that is not made editable never is; one without comparisons does not sort.
+/// A column is read-only unless made editable, and does not sort without comparisons.
 template<class Record>
 struct Column
 {
     using Rule = bool (*)(const Record &);
     using Compare = bool (*)(Record *const &, Record *const &);
     using Data = std::function<QVariant(const Record &, int role)>;
-    /// Stores an edited value; false when it is refused or is the stored one.
+    /// Stores an edited value; false if it is refused or unchanged.
     using Store = std::function<bool(Record &, const QVariant &)>;
 
-    /// Null: the column is served and sorted but not counted, so no view shows it. Such columns
-    /// stand behind the titled ones.
+    /// Null: the column can be read and sorted but is not counted, so no view shows it. Such
+    /// columns come after the titled ones.
     const char *title = nullptr;
     /// Every role but the background.
     Data data;
@@ -44,7 +44,7 @@ struct Column
     Rule isGray = nullptr;
     Compare lessThan = nullptr;
     Compare greaterThan = nullptr;
-    /// The text that the comparisons compare, without regard to case; null when they do otherwise.
+    /// The text that the comparisons compare case-insensitively; null for other comparisons.
     QString Record::*sortText = nullptr;
     bool editsName = false; ///< whether edits change the name that the record is known by
 
@@ -65,7 +65,7 @@ struct Column
         });
     }
 
-    /// The record's name, which is edited; a text that `accepts` denies is refused.
+    /// The record's name, editable; a text that `accepts` rejects is refused.
     static Column editableName(const char *title, QString Record::*member,
                                bool (*accepts)(const QString &))
     {
@@ -85,8 +85,8 @@ struct Column
         return std::move(column).editable();
     }
 
-    /// A number, negative for "not set", which shows nothing. `editDefault` is what the editor of
-    /// such a cell opens on. A `format` such as "%1pF" makes the shown text.
+    /// A number; a negative one means "not set" and shows nothing. The editor of an unset cell
+    /// starts with `editDefault`. A `format` such as "%1pF" makes the shown text.
     static Column number(const char *title, float Record::*member,
                          std::optional<float> editDefault = {}, const char *format = nullptr)
     {
@@ -124,7 +124,7 @@ struct Column
         return std::move(*this);
     }
 
-    /// Answers that nothing was stored, for cells that no edit may seem to change.
+    /// Refuses all edits, for cells that must not appear to change.
     Column refusingEdits() &&
     {
         store = [](Record &, const QVariant &) { return false; };

@@ -10,30 +10,30 @@ namespace VLT {
 
 class VLTView;
 
-/// What the pages and tables ask of the document that they belong to. They are built before the
-/// document is complete, so they may keep it, but ask nothing of it in their constructors.
+/// The pages' and tables' interface to their document. They are built before the document is
+/// complete, so they may store the pointer but must not call it in their constructors.
 class Document
 {
 public:
-    /// A change of the user's, or of a rule, that saving would store.
+    /// Marks the document as modified, by the user or by a rule, or as clean.
     virtual void setModified(bool modified) = 0;
 
-    /// The current netlist; ask for it each time, since a synthesis run replaces it.
+    /// The current netlist. Do not keep the pointer: a synthesis run replaces the netlist.
     virtual NlsData::Netlist *getNetlist() const = 0;
 
-    /// The current netlist for as long as the caller keeps the pointer. Whoever runs an event loop
-    /// while it works on the netlist's objects holds one: the document may get a new one meanwhile.
+    /// The current netlist, kept alive by the pointer. Hold one while the netlist's objects are in
+    /// use across an event loop, because the document's netlist may be replaced in the meantime.
     virtual std::shared_ptr<NlsData::Netlist> holdNetlist() const = 0;
 
-    /// Drops all changes and asks for the document to be closed, which may destroy it and its
-    /// pages: nothing may follow.
+    /// Discards all changes and requests that the document be closed, which may destroy it and its
+    /// pages: return at once.
     virtual void closeWithoutQuestion() = 0;
 
 protected:
     ~Document() = default;
 };
 
-/// The document that `view` is; null for null. Pages are handed a view, which they do not know.
+/// The document of `view`; null for null. Pages receive a view, whose class they do not know.
 Document *documentOf(VLTView *view);
 
 } // namespace VLT

@@ -92,7 +92,7 @@ void DoubleEditorDelegate::setModelData(QWidget *editor, QAbstractItemModel *mod
         QStyledItemDelegate::setModelData(editor, model, index);
         return;
     }
-    // An editor that was never shown is filled by a command, which means what it fills in.
+    // An editor that was never shown is filled by a command, whose text always counts.
     const bool isOpen = editor == m_openEditor;
     const bool isSet = !index.data(Qt::DisplayRole).toString().isEmpty();
     if (isOpen && spinBox->text() == m_openedOn && (isSet || !m_isConfirmed))
@@ -105,7 +105,7 @@ void DoubleEditorDelegate::setModelData(QWidget *editor, QAbstractItemModel *mod
         break;
     case CellEditor::Content::Number:
         spinBox->interpretText();
-        // The number that the cell has, typed in another way, is no change either.
+        // The same number in another spelling is not a change either.
         if (!isOpen || !isSet || spinBox->text() != m_openedOn)
             model->setData(index, spinBox->text(), Qt::EditRole);
         break;
@@ -136,14 +136,14 @@ bool DoubleEditorDelegate::eventFilter(QObject *object, QEvent *event)
             connect(line, &QLineEdit::textChanged, this, &DoubleEditorDelegate::pendingEditChanged);
     }
     const bool isPressed = event->type() == QEvent::KeyPress;
-    // A table may keep the key itself for a command of its own, but not its announcement.
+    // The table may use the key itself, but this override event precedes it.
     if (isPressed || event->type() == QEvent::ShortcutOverride) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (isEnter(key) || key == Qt::Key_Tab || key == Qt::Key_Backtab)
             m_isConfirmed = true;
         const auto *spinBox = qobject_cast<QDoubleSpinBox *>(object);
-        // The spin box answers Enter on a text that is no number by restoring its value before the
-        // delegate could commit, so that an emptied cell would be cleared by leaving it but not by
+        // On Enter with an invalid number, the spin box restores its value before the delegate
+        // commits, so an emptied cell would be cleared when the editor loses the focus but not by
         // Enter.
         if (spinBox && isPressed && isEnter(key) &&
             CellEditor::contentOf(*spinBox) != CellEditor::Content::Number) {
@@ -188,7 +188,7 @@ void DoubleEditorDelegate::initStyleOption(QStyleOptionViewItem *option,
                                            const QModelIndex &index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
-    // A painted cell keeps its colour in a dark palette, whose light text would not stand out.
+    // Gray cells keep their color in a dark palette, whose light text would be hard to read on it.
     if (option->backgroundBrush.style() != Qt::NoBrush)
         option->palette.setColor(QPalette::Text, Qt::black);
     // Shape and icon, which a selection does not hide as it would a color.

@@ -7,12 +7,12 @@ namespace VLT {
 
 class MarkedNames;
 
-/// Delegate of a whole table: edits every column but column 0 as a number with two decimals
-/// between a minimum and a maximum. An emptied editor, or one with a negative number, commits -1,
-/// which stands for "not set". An editor that the user leaves with the text it opened on commits
-/// nothing, unless Enter or Tab confirms a default that it offers for a cell that is not set.
-/// Numbers are shown with a point as decimal sign in every locale, paths that do not fit without
-/// what is in front of their last part, and a cell's background through a selection, too.
+/// Delegate of a whole table: edits every column but column 0 as a number with two decimals between
+/// a minimum and a maximum. An emptied editor, or one with a negative number, commits -1, which
+/// means "not set". An editor whose text was not changed commits nothing, unless Enter or Tab
+/// confirms the default that it offers for an unset cell. Numbers have a decimal point in every
+/// locale, paths that do not fit are elided in front of their last part, and a cell's background
+/// shows through a selection, too.
 class DoubleEditorDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ class DoubleEditorDelegate : public QStyledItemDelegate
 public:
     DoubleEditorDelegate(QObject *parent, double minimum, double maximum);
 
-    /// The limits hold for editors that are opened from then on.
+    /// The limits apply to editors opened afterwards.
     void setMinimum(double minimum) { m_minimum = minimum; }
     void setMaximum(double maximum) { m_maximum = maximum; }
 
@@ -30,7 +30,7 @@ public:
     /// Stores what is being typed and closes the editor, if one is open.
     void commitOpenEditor();
 
-    /// Whether the open editor, if any, has another text than the one that it opened on.
+    /// Whether the text in the open editor, if any, has been changed.
     bool hasPendingEdit() const;
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
@@ -52,7 +52,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 
 private:
-    /// Remembers the text of the open editor as the one that it opened on.
+    /// Remembers the initial text of the open editor.
     void noteOpened() const;
 
     double m_minimum;

@@ -28,9 +28,9 @@ bool matchesEverything(const QRegExp &pattern)
            text.count(QLatin1Char('*')) == text.size();
 }
 
-/// Tells of most paths that a pattern does not match them, several times faster than the pattern
-/// does: they lack the longest piece of plain text that it has. The finder's goal for a pattern is
-/// missed by a factor of 3.7 without it.
+/// Rules out most paths several times faster than the pattern itself: they lack its longest
+/// piece of literal text. The finder's goal for a pattern is missed by a factor of 3.7 without
+/// it.
 class PlainPart
 {
 public:
@@ -55,7 +55,7 @@ public:
     bool rulesOut(const QString &path) const { return m_part.indexIn(path) < 0; }
 
 private:
-    // It folds case, so that letters are the same to it whenever they are to the pattern.
+    // Case-insensitive, so that letters are equal whenever they are to the pattern.
     QStringMatcher m_part; // without text: it is in every path
 };
 
@@ -93,7 +93,8 @@ NlsDataFinderDialog::NlsDataFinderDialog(QWidget *parent, NlsData::Netlist *netl
     connect(m_ui->btnSearch, &QPushButton::clicked, this, &NlsDataFinderDialog::onSearch);
     connect(m_ui->btnStop, &QPushButton::clicked, this, [this] { m_stopped = true; });
     connect(m_ui->listWidget, &QListWidget::itemDoubleClicked, this, [this] {
-        // While a search runs, the list is still that of the one before and about to go.
+        // While a search runs, the list still shows the previous results, which are about to be
+        // replaced.
         if (m_ui->btnSearch->isEnabled())
             accept();
     });
@@ -197,7 +198,7 @@ template<class Object, class Filter>
 void NlsDataFinderDialog::search(const QList<Object *> &objects, const QRegExp &pattern,
                                  Filter accepts, QVector<Object *> *found)
 {
-    constexpr int stride = 4096; // objects between two looks at the clock
+    constexpr int stride = 4096; // objects between two checks of the clock
     const bool all = matchesEverything(pattern);
     const PlainPart plainPart(pattern);
     QStringList paths;
@@ -233,7 +234,8 @@ void NlsDataFinderDialog::search(const QList<Object *> &objects, const QRegExp &
     listPaths(paths);
 }
 
-/// Shows how far a search is and lets events in; false when it is to stop. `this` may be gone then.
+/// Shows the progress of a search and processes events; false if it has to stop. `this` may have
+/// been deleted then.
 bool NlsDataFinderDialog::goOn(int done, int total)
 {
     m_ui->progressBar->setMaximum(total);
@@ -277,7 +279,7 @@ void NlsDataFinderDialog::done(int result)
 
 void NlsDataFinderDialog::keyPressEvent(QKeyEvent *event)
 {
-    // In the list, Enter takes what is selected; the default button would search again and lose it.
+    // In the list, Enter accepts the selection; the default button would search again and lose it.
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (!enter || !m_ui->listWidget->hasFocus()) {
         QDialog::keyPressEvent(event);

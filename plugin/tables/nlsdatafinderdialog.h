@@ -33,7 +33,7 @@ public:
         FindDff = 5    ///< flip-flop instances
     };
 
-    /// `netlist` is not owned and is to live as long as the dialog; null lists nothing.
+    /// `netlist` is not owned and must outlive the dialog; null lists nothing.
     NlsDataFinderDialog(QWidget *parent, NlsData::Netlist *netlist, FindType type);
     ~NlsDataFinderDialog() override;
 

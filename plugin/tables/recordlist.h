@@ -12,8 +12,8 @@
 
 namespace VLT {
 
-/// The records of a page, which owns them: what is still listed is deleted with the list. It
-/// answers in constant time whether a name is listed; a file may list one more than once.
+/// The records of a page; they are owned and deleted with the list. Looking up a name takes
+/// constant time; a file may list a name more than once.
 template<class Record>
 class RecordList
 {
@@ -22,12 +22,12 @@ public:
     ~RecordList() { qDeleteAll(m_list); }
     Q_DISABLE_COPY(RecordList)
 
-    /// For the model and for reading. Append by `append`, which keeps the names known, or call the
-    /// model's `reload()` before the next `contains`. Exchange all records by `replace`.
+    /// For the model and for reading. Append with `append`, which updates the name counts, or call
+    /// the model's `reload()` before the next `contains`. Exchange all records with `replace`.
     QList<Record *> &list() { return m_list; }
     const QList<Record *> &list() const { return m_list; }
 
-    /// Takes over `records` in place of those that are listed, which are the caller's from now on.
+    /// Takes ownership of `records` and releases the present ones to the caller.
     void replace(const QList<Record *> &records)
     {
         m_list = records;
@@ -44,7 +44,7 @@ public:
         return values;
     }
 
-    /// Makes room for `count` more records.
+    /// Reserves space for `count` more records.
     void reserve(int count)
     {
         m_list.reserve(m_list.size() + count);
@@ -67,7 +67,7 @@ public:
         return m_names.contains(name);
     }
 
-    /// Follows what `model` removes from the list. To be called once, on the model of this list.
+    /// Tracks what `model` removes from the list. Call once, with the model of this list.
     void follow(TableModel *model)
     {
         QObject::connect(model, &TableModel::rowsAboutToBeRemoved, model,
@@ -76,7 +76,8 @@ public:
                                  forget(nameOf(*m_list.at(row)));
                          });
         QObject::connect(model, &TableModel::nameEdited, model, [this] { forgetAll(); });
-        // Counting again takes longer than appending did: not after a reset that tells of that.
+        // Counting again takes longer than appending did, so not after a reset that announces
+        // appended records.
         QObject::connect(model, &TableModel::modelReset, model, [this] {
             if (m_counted != m_list.size())
                 forgetAll();
@@ -107,9 +108,9 @@ private:
     }
 
     QList<Record *> m_list;
-    // Made at the first question, so that reading a file does not pay for it.
+    // Filled by the first lookup, so that reading a file does not pay for it.
     mutable QHash<QString, int> m_names;
-    mutable int m_counted = -1; // records that m_names knows: all, or none when negative
+    mutable int m_counted = -1; // records counted in m_names: all, or none if negative
 };
 
 } // namespace VLT

@@ -25,9 +25,9 @@ namespace VLT {
 ///                            .editable().sortedBy(lessThanByValue, greaterThanByValue)})
 ///
 /// The model borrows the list: it sorts it in place, and deletes the records that it removes. The
-/// page appends to the list and calls `reload()`; the list must outlive the model. Rows are places
-/// in the list. An index carries its record's pointer, but since sorting reorders rows without
-/// telling so, the model itself goes by the row alone, and so must its users.
+/// page appends to the list and calls `reload()`; the list must outlive the model. Rows are
+/// positions in the list. An index has its record's pointer, but sorting reorders rows without
+/// updating indexes, so the model and its users must rely on the row only.
 template<class Record>
 class RecordModel : public TableModel
 {
@@ -35,7 +35,7 @@ public:
     using RecordType = Record;
     using Ptr = Record *const &;
 
-    /// Of records with a name: without regard to case.
+    /// For records with a name; case-insensitive.
     static bool lessThanByName(Ptr a, Ptr b) { return compareNames(a, b) < 0; }
     static bool greaterThanByName(Ptr a, Ptr b) { return compareNames(a, b) > 0; }
 
@@ -86,8 +86,8 @@ public:
         return editable ? base | Qt::ItemIsEditable : base;
     }
 
-    /// Stores by value alone: whether the cell is editable is for the view to ask, by `flags`.
-    /// True for a cell that stores nothing, false for a value that is refused or not new.
+    /// Does not check whether the cell is editable; views check `flags`. True for a cell that
+    /// stores nothing, false for a value that is refused or unchanged.
     bool setData(const QModelIndex &index, const QVariant &value, int role) final
     {
         const Column *column = role == Qt::EditRole ? columnAt(index) : nullptr;
@@ -133,8 +133,8 @@ public:
         endRemoveRows();
     }
 
-    /// Few rows leave one by one, so that views keep their place. Each such step moves all that
-    /// stands behind the row, hence many rows leave in one pass inside a reset.
+    /// A few rows are removed one by one, so that views keep their position. Each removal moves all
+    /// later rows, so many rows are removed in one pass inside a reset.
     void removeRecords(const QVector<int> &rows) final
     {
         if (rows.size() < manyRows) {
@@ -185,8 +185,8 @@ private:
         return records;
     }
 
-    /// Lets the persistent indexes follow their records: a view keeps more of them than it shows,
-    /// such as the place that Shift selects from.
+    /// Moves the persistent indexes with their records: a view has more of them than are visible,
+    /// such as the anchor of a Shift selection.
     void restore(const PersistentRecords &kept)
     {
         QHash<const Record *, int> rows;
@@ -214,7 +214,7 @@ private:
                        [&before](int place) { return before.at(place); });
     }
 
-    /// The column of a cell that is there, else null.
+    /// The column of an existing cell, or null.
     const Column *columnAt(const QModelIndex &index) const
     {
         const bool there = index.isValid() && index.row() < m_records.size() &&

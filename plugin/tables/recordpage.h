@@ -29,8 +29,8 @@ protected:
         m_records.follow(&m_model);
     }
 
-    /// Appends a record for every object that is not listed yet, and shows the new rows.
-    /// `pathOf` gives an object's name; `fill` sets what else a new record derives from it.
+    /// Appends a record for every object that is not listed yet, and shows the new rows. `pathOf`
+    /// returns an object's name; `fill` sets the other fields of a new record.
     template<class Objects, class PathOf, class Fill>
     void addRecords(const Objects &objects, PathOf pathOf, Fill fill)
     {
@@ -49,7 +49,7 @@ protected:
         this->showAdded(oldCount);
     }
 
-    /// Appends the records that a reader finds, without telling the model.
+    /// Appends the records that a reader finds, without notifying the model.
     RecordSink<Record> adopt()
     {
         return [this](Record &&record, const QDomElement &) {
@@ -57,12 +57,12 @@ protected:
         };
     }
 
-    // The model goes before the list that it borrows.
+    // The model is destroyed before the list that it borrows.
     RecordList<Record> m_records;
     Model m_model;
 
 private:
-    /// Some models take the view that their edits modify; the others have no edits or get their
+    /// Some models take the view that their edits modify; others are read-only or get their
     /// document later.
     static Model makeModel(VLTView *view, RecordPage *page)
     {

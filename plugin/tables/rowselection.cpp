@@ -38,8 +38,8 @@ void RowSelection::keep()
         for (const int row : rows)
             m_selected.insert(m_model->index(row, 0).internalPointer());
     }
-    // A range of rows would be torn apart by the sort. Exchanging one selection of many ranges for
-    // another afterwards would also take quadratic time.
+    // The sort would split the ranges of rows. Replacing one selection of many ranges by another
+    // afterwards would also take quadratic time.
     selection->clearSelection();
 }
 

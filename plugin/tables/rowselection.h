@@ -15,15 +15,15 @@ class TableModel;
 /// so that a million rows are cheap.
 QVector<int> selectedRows(const QItemSelectionModel *selection);
 
-/// Lets the selection of a table follow its records through a sort, which the model announces only
-/// as changed data. What the view keeps as single persistent indexes, such as the current cell, the
-/// model moves itself.
+/// Makes the selection of a table follow its records through a sort, which the model announces only
+/// as changed data. The model itself moves the view's single persistent indexes, such as the
+/// current cell.
 class RowSelection : public QObject
 {
     Q_OBJECT
 
 public:
-    /// A child of `table`; both are to outlive it or go with it.
+    /// A child of `table`; the model must outlive it.
     RowSelection(QTableView *table, TableModel *model);
 
 private:

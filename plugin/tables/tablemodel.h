@@ -14,10 +14,10 @@ class TableModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    /// Tells the views, by a reset, that records were appended to the list or exchanged.
+    /// Resets the views after records were appended to the list or exchanged.
     void reload();
 
-    /// Removes and deletes the record at `row`; a row that is not there is ignored.
+    /// Removes and deletes the record at `row`; an invalid row is ignored.
     virtual void remove(int row) = 0;
 
     /// Removes and deletes the records at `rows`, which are ascending and hold each row once.
@@ -27,8 +27,8 @@ public:
     void setDocument(Document *document) { m_document = document; }
 
 signals:
-    /// Around a sort that does reorder rows, which the model tells only by `dataChanged`: an index
-    /// taken before `aboutToSort` names another record after `sorted`.
+    /// Emitted around a sort that reorders rows, which `dataChanged` alone announces: an index
+    /// taken before `aboutToSort` may refer to another record after `sorted`.
     void aboutToSort();
     void sorted();
 

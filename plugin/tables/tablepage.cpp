@@ -50,7 +50,7 @@ TablePage::TablePage(VLTView *view, QWidget *parent)
 
 TablePage::~TablePage()
 {
-    // The page may go while a command of its menu is still being delivered.
+    // The page may be deleted while a command of its menu is still being delivered.
     if (m_menu) {
         m_menu->setParent(nullptr);
         m_menu->deleteLater();
@@ -91,11 +91,12 @@ void TablePage::setUpTable(QTableView *table, TableModel *model, const QString &
         m_delegate->setMarks(new MarkedNames(table, kind));
     for (int column = 0; column < widths.size(); ++column)
         table->setColumnWidth(column, widths.at(column));
-    // Enabling would sort at once by the indicated column, while the list is in the file's order.
+    // Otherwise enabling would sort at once by the indicated column; the list is in the file's
+    // order.
     header->setSortIndicator(-1, Qt::AscendingOrder);
     table->setSortingEnabled(true);
 
-    // The editor first: what it holds belongs to the record under it.
+    // The editor first: its text belongs to the record below it.
     connect(model, &TableModel::aboutToSort, m_delegate, &DoubleEditorDelegate::commitOpenEditor);
     new RowSelection(table, model);
 
@@ -140,7 +141,7 @@ void TablePage::onRemove()
     setDetail(question, count == 1 ? tr("1 row is selected.")
                                    : tr("%1 rows are selected.").arg(QLocale::c().toString(count)));
     if (runMessage(question) != QMessageBox::Yes)
-        return; // possibly because the page is gone
+        return; // the page may have been deleted
 
     const QVector<int> rows = sortedRows(selection);
     if (rows.isEmpty())
@@ -169,13 +170,13 @@ void TablePage::showMenu(const QPoint &globalPos)
 
 void TablePage::showAdded(int oldCount)
 {
-    // The reset drops an open editor, and with it what is being typed.
+    // The reset drops an open editor with its uncommitted text.
     commitEditor();
     m_model->reload();
     const int count = m_model->rowCount();
     if (count <= oldCount)
         return;
-    // The new rows stand at the end, whatever the list was sorted by.
+    // The new rows are at the end, however the list was sorted.
     m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     selectRows(oldCount, count - 1);
 }

@@ -17,10 +17,10 @@ class Document;
 class DoubleEditorDelegate;
 class VLTView;
 
-/// Base of a page that shows records in one table: table set-up, the commands "Add" and "Remove",
+/// Base of a page that shows records in one table: table setup, the commands "Add" and "Remove",
 /// the context menu, removal, and a selection that follows its records when the table is sorted.
 ///
-/// A page declares a RecordModel with the columns of its record, derives from RecordPage, and then
+/// A page declares a RecordModel with its record's columns, derives from RecordPage, and then
 ///
 ///     DFFSetWidget::DFFSetWidget(VLTView *view, QWidget *parent)
 ///         : RecordPage(view, parent), m_ui(...)
@@ -32,7 +32,7 @@ class VLTView;
 ///     }
 ///
 /// `onAdd` runs its dialog in a GuardedDialog, appends to the list and calls `showAdded`. The slot
-/// for the context menu calls `showMenu` with the point of its choice.
+/// for the context menu calls `showMenu`.
 class TablePage : public QWidget
 {
     Q_OBJECT
@@ -47,7 +47,7 @@ public:
     /// it. False when there is none.
     bool showRecord(const QString &name, int occurrence);
 
-    /// Stores what is being typed into a cell and closes that editor.
+    /// Commits and closes the open editor of a cell.
     void commitEditor();
 
     /// Shows the user the row: its tab, the row selected and in sight, the focus in it.
@@ -77,8 +77,8 @@ protected:
     /// The numeric editor of the table, from 0 to 100.
     DoubleEditorDelegate *delegate() const { return m_delegate; }
 
-    /// Wires actions, buttons (null when the page has none) and the context menu to the page's
-    /// slots; `onMenu` may take the requested point, in the viewport's coordinates, or nothing.
+    /// Connects actions, buttons (null if the page has none) and the context menu to the page's
+    /// slots; `onMenu` may take the requested point, in viewport coordinates, or nothing.
     template<class Page, class... Point>
     void connectCommands(QAbstractButton *addButton, QAbstractButton *removeButton,
                          void (Page::*onAdd)(), void (Page::*onMenu)(Point...))
@@ -93,11 +93,11 @@ protected:
             connect(removeButton, &QAbstractButton::clicked, this, &TablePage::onRemove);
     }
 
-    /// Runs the context menu at a point of the screen. The page may be gone when it returns.
+    /// Runs the context menu at a global position. The page may have been deleted when it returns.
     void showMenu(const QPoint &globalPos);
 
-    /// Reloads the model; when the list grew to more than `oldCount` rows, selects the new ones and
-    /// gives the focus to the first of them.
+    /// Reloads the model; if the list has grown beyond `oldCount` rows, selects the new ones and
+    /// focuses the first of them.
     void showAdded(int oldCount);
 
 private:

@@ -7,7 +7,7 @@ namespace VLT {
 
 namespace {
 
-/// Belongs to the label that it dims.
+/// A child of the label that it dims.
 class Dimmer : public QObject
 {
 public:

@@ -4,8 +4,8 @@ class QWidget;
 
 namespace VLT {
 
-/// Paints the labels inside `widget` dim while the fields that they are buddies of are disabled.
-/// The labels themselves stay as enabled as they are.
+/// Dims the labels inside `widget` while their buddy fields are disabled. The labels' own enabled
+/// state does not change.
 void dimLabelsWithFields(QWidget *widget);
 
 } // namespace VLT

@@ -5,13 +5,13 @@
 
 namespace VLT {
 
-/// Runs a dialog whose parent may be destroyed while it runs, as a view closed by the environment
-/// is, and with it the dialog. The dialog is on the heap and is deleted with this object, if it is
-/// still there.
+/// Runs a dialog whose parent may be destroyed while it runs, for example a view that the
+/// environment closes. The dialog lives on the heap and is deleted with this object, if its parent
+/// has not deleted it.
 ///
 ///     GuardedDialog finder(new NlsDataFinderDialog(this, netlist, type));
 ///     if (!finder.exec())
-///         return; // cancelled, or `this` is gone
+///         return; // canceled, or `this` has been deleted
 ///     use(finder->getBuff());
 template<class Dialog>
 class GuardedDialog
@@ -25,8 +25,8 @@ public:
     ~GuardedDialog() { delete m_dialog; }
     Q_DISABLE_COPY(GuardedDialog)
 
-    /// True when it was accepted and its parent is still there; after false touch no member of the
-    /// parent without asking `ownerLives`.
+    /// True if it was accepted and its parent still exists. After false, check `ownerLives` before
+    /// using a member of the parent.
     bool exec() { return m_dialog->exec() == QDialog::Accepted && m_dialog && m_owner; }
 
     bool ownerLives() const { return m_owner; }

@@ -20,7 +20,7 @@ QLabel *label(const QMessageBox *box, const char *name)
     return box->findChild<QLabel *>(QLatin1String(name));
 }
 
-/// Whether a piece of `text` without white space is wider than a message box likes to be.
+/// Whether a piece of `text` without white space is too wide for a message box.
 bool hasWidePiece(const QString &text, const QFontMetrics &metrics)
 {
     static const QRegularExpression space(QStringLiteral("\\s+"));
@@ -30,8 +30,8 @@ bool hasWidePiece(const QString &text, const QFontMetrics &metrics)
     });
 }
 
-/// A label wraps between words only and cuts what is longer, so that another widget takes its
-/// place.
+/// A label wraps only between words and clips longer text, so another widget replaces
+/// it.
 void wrapAnywhere(QMessageBox *box, QLabel *original)
 {
     auto *layout = qobject_cast<QGridLayout *>(box->layout());
@@ -56,7 +56,7 @@ void wrapAnywhere(QMessageBox *box, QLabel *original)
     layout->getItemPosition(layout->indexOf(original), &row, &column, &rows, &columns);
     layout->removeWidget(original);
     layout->addWidget(edit, row, column, rows, columns);
-    // Kept for what the box's text() returns and its copy command takes.
+    // Kept for the box's text() and its copy command.
     original->hide();
 }
 

@@ -4,8 +4,8 @@
 
 namespace VLT {
 
-/// A message box, not shown yet, that shows `text` as plain text, since it may hold names and paths
-/// from files. Its texts can be selected, and a name without a break wraps.
+/// Creates a message box that shows `text` as plain text, because it may contain names and paths
+/// from files. Its texts can be selected, and long names wrap.
 QMessageBox *newMessage(QMessageBox::Icon icon, QWidget *parent, const QString &title,
                         const QString &text, QMessageBox::StandardButtons buttons = QMessageBox::Ok,
                         QMessageBox::StandardButton defaultButton = QMessageBox::NoButton);
@@ -13,9 +13,9 @@ QMessageBox *newMessage(QMessageBox::Icon icon, QWidget *parent, const QString &
 /// Adds further plain text below the text of `box`.
 void setDetail(QMessageBox *box, const QString &detail);
 
-/// Runs `box` modally and deletes it. Returns the pressed button, or NoButton when its parent was
-/// destroyed while the box was open: it runs the event loop, so the caller checks that it is itself
-/// still there.
+/// Runs `box` modally and deletes it. Returns the pressed button, or NoButton if its parent was
+/// destroyed while the box was open. Runs the event loop, so callers must check that they still
+/// exist.
 QMessageBox::StandardButton runMessage(QMessageBox *box);
 
 /// Runs a new message box.

@@ -16,7 +16,7 @@ PointSpinBox::PointSpinBox(QWidget *parent)
 
 QValidator::State PointSpinBox::validate(QString &input, int &pos) const
 {
-    // In the C locale a comma groups digits: 12,5 would be taken for 125.
+    // In the C locale a comma groups digits: 12,5 would be read as 125.
     input.replace(QLatin1Char(','), QLatin1Char('.'));
     return QDoubleSpinBox::validate(input, pos);
 }

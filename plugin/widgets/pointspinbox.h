@@ -4,9 +4,9 @@
 
 namespace VLT {
 
-/// A spin box that shows a point as the decimal sign whatever the system's locale, and takes a
-/// typed comma for one. The wheel changes it only while it has the focus, so that scrolling a page
-/// changes no value. Enter reports a value only when it has changed.
+/// A spin box with a decimal point in every locale, which accepts a typed comma as one. The wheel
+/// changes it only while it has the focus, so that scrolling a page changes no value. Enter reports
+/// a value only if it has changed.
 class PointSpinBox : public QDoubleSpinBox
 {
     Q_OBJECT

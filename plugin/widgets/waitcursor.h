@@ -4,7 +4,7 @@
 
 namespace VLT {
 
-/// Shows the wait cursor while it lives: for work that takes its time on a large design.
+/// Shows the wait cursor during its lifetime, for work that is slow on a large design.
 class WaitCursor
 {
 public:

@@ -16,7 +16,7 @@ public:
     {
         if (event->type() != QEvent::Wheel || static_cast<QWidget *>(watched)->hasFocus())
             return QObject::eventFilter(watched, event);
-        // Ignored, so that it goes on to the page.
+        // Ignored, so that the page scrolls.
         event->ignore();
         return true;
     }

@@ -12,8 +12,8 @@ class HOST_EXPORT ActionManager
 {
 public:
     /// Binds the command `id` to `action` while `context` is active: the menu entry then takes its
-    /// text, tool tip and enabled state from the action and triggers it. The action is not owned,
-    /// and its destruction ends the registration.
+    /// text, tool tip and enabled state from the action and triggers it. The action is not owned;
+    /// destroying it ends the registration.
     static void registerAction(QAction *action, const QString &id, const QString &context);
 };
 

@@ -20,7 +20,7 @@ public:
     QString shortTitle() const;
     void setShortTitle(const QString &title);
 
-    /// Called after the view became the active one, and after it ceased to be.
+    /// Called after the view has become the active one, and after it has ceased to be.
     virtual void onActivated();
     virtual void onDeactivated();
 

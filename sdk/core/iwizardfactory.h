@@ -28,7 +28,7 @@ public:
     /// Icon of the menu entry; a null icon unless overridden.
     virtual QIcon icon() const;
 
-    /// Runs the wizard modally on `parent`; `path` is the folder to start in and may be empty.
+    /// Runs the wizard modally on `parent`; `path` is the initial folder and may be empty.
     virtual void runWizard(QWidget *parent, const QString &path) = 0;
 };
 

@@ -16,7 +16,7 @@ public:
     ~Project() override;
 
     /// Adds the file at `path` (absolute or relative to the working folder) to the project. A file
-    /// that the project already holds is not added twice.
+    /// that is already in the project is not added again.
     void addFile(const QString &path);
 
 private:

@@ -10,7 +10,7 @@ class Project;
 class HOST_EXPORT ProjectManager
 {
 public:
-    /// The open project, owned by the environment; null when no project is open.
+    /// The open project, owned by the environment; null if no project is open.
     static Project *currentProject();
 };
 

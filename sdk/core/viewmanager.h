@@ -11,7 +11,7 @@ namespace Core {
 
 class IView;
 
-/// Shows views and tells which of them is active. GUI thread only.
+/// Shows views and reports which one is active. GUI thread only.
 class HOST_EXPORT ViewManager : public QObject
 {
     Q_OBJECT
@@ -23,21 +23,21 @@ public:
     void showView(Core::IView *view);
 
     /// Sends the view its close event. When the view accepts, viewClosed() is emitted and the view
-    /// is deleted later, from the event loop; a refusal leaves it open. False when it stays open.
+    /// is deleted later, from the event loop. False if the view refuses and stays open.
     bool closeView(Core::IView *view);
 
-    /// Tells that `context` is active while `widget` (or a child of it) is the active view.
-    /// With `enabled` false the registration is taken back.
+    /// Registers that `context` is active while `widget` (or a child of it) is the active view.
+    /// With `enabled` false removes the registration.
     void registerContext(QWidget *widget, const QString &context, bool enabled);
 
     /// Parent for message boxes that belong to no view; may be null.
     QWidget *dialogParent() const;
 
 signals:
-    /// `view` is the view that became active, null when there is none.
+    /// `view` is the new active view, null if there is none.
     void viewActiveted(Core::IView *view);
 
-    /// Emitted before the view is destroyed, while it still is what it was.
+    /// Emitted before the view is destroyed, while it still is a view.
     void viewClosed(Core::IView *view);
 
 private:

@@ -5,11 +5,11 @@
 
 namespace DEV {
 
-/// The devices that the environment knows.
+/// The environment's devices.
 class HOST_EXPORT DeviceDb
 {
 public:
-    /// The device with the identifier `id`, owned by the database; null when it is not known.
+    /// The device with the identifier `id`, owned by the database; null if it is unknown.
     const DeviceArg *findByID(const QString &id) const;
 
 private:

@@ -14,8 +14,8 @@ class Net;
 class HOST_EXPORT FindNetDialog
 {
 public:
-    /// Lets the user choose among `nets`, modally on `parent`. Returns the chosen nets in the
-    /// order of `nets`; an empty list when cancelled. It runs the event loop.
+    /// Lets the user choose among `nets`, modally on `parent`. Returns the chosen nets in the order
+    /// of `nets`; an empty list if canceled. Runs the event loop.
     static QList<Net *> getList(const QList<Net *> &nets, QWidget *parent);
 };
 

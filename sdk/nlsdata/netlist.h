@@ -12,19 +12,19 @@ namespace NlsData {
 
 class NetlistData;
 
-/// A primitive or module of the design in its place in the hierarchy. A module that has contents
-/// is an instance with codes 0, followed by the instances inside it.
+/// A primitive or module instance of the design. A module with contents has codes 0 and is followed
+/// by the instances inside it.
 class HOST_EXPORT Instance
 {
 public:
-    /// Hierarchical path, joined by "/", without the design's own name in front.
+    /// Hierarchical path, joined by "/", without the design's own name.
     QString path() const;
 
-    /// Category code: 5 block SRAM, 50 flip-flop, 0 unknown; others as the cell library says.
+    /// Category code: 5 block SRAM, 50 flip-flop, 0 unknown; others as in the cell library.
     int category() const;
 
-    /// Code of the exact primitive, for example 116, 122 and 127 for plain output buffers; 0 when
-    /// the cell library does not know the cell.
+    /// Code of the exact primitive, for example 116, 122 and 127 for plain output buffers; 0 if the
+    /// cell is not in the cell library.
     int primitive() const;
 
 private:
@@ -37,7 +37,7 @@ private:
 class HOST_EXPORT Net
 {
 public:
-    /// Hierarchical path at the highest level that the net reaches, with its bit: "a/data[3]".
+    /// Hierarchical path at the net's highest level, with its bit: "a/data[3]".
     QString path() const;
 
     /// The instance that drives the net, through the hierarchy; null for a net driven by a port, by
@@ -85,7 +85,7 @@ public:
     const QList<Port *> &ports() const;
     const QList<Instance *> &instances() const;
 
-    /// By path, in key order. Built at the first call.
+    /// By path, in key order. Built by the first call.
     const QMap<QString, Net *> &netMap() const;
     const QMap<QString, Instance *> &instanceMap() const;
 

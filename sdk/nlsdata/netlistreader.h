@@ -9,13 +9,13 @@ namespace NlsData {
 
 class Netlist;
 
-/// Reads a netlist file. Returns a new netlist that the caller owns, or null; then `error`, when it
-/// is given, holds one sentence that names the file and the cause. `reread` tells that the file
+/// Reads a netlist file. Returns a new netlist that the caller owns, or null; then `error`, unless
+/// it is null, receives one sentence that names the file and the cause. `reread` says that the file
 /// replaces one that was read before.
 HOST_EXPORT Netlist *readNetlistFile(const QString &path, QString *error, bool reread);
 
-/// The same behind a modal progress dialog on `parent` with which the user can cancel; cancelling
-/// gives null. It runs the event loop.
+/// The same with a modal progress dialog on `parent`, in which the user can cancel; null if
+/// canceled. Runs the event loop.
 HOST_EXPORT Netlist *readNetlistFileWithDialog(QWidget *parent, const QString &path, QString *error,
                                                bool reread);
 

@@ -19,7 +19,7 @@ public:
     QString type() const { return m_type; }
     const QVariantMap &values() const { return m_values; }
 
-    /// The value called `name`; an invalid variant when the event has none.
+    /// The value called `name`; an invalid variant if the event has none.
     QVariant value(const QString &name) const { return m_values.value(name); }
 
 private:

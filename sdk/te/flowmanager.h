@@ -10,8 +10,8 @@ namespace TE {
 class HOST_EXPORT FlowManager
 {
 public:
-    /// Absolute path of the file that holds the result `key`, whether or not it exists yet; empty
-    /// when the project names no such result or no project is open.
+    /// Absolute path of the file with the result `key`, whether or not it exists yet; empty if the
+    /// project names no such result or no project is open.
     QString resultFile(const QString &key) const;
 
 private:

@@ -10,16 +10,16 @@ class ChipInfo;
 
 namespace TE {
 
-/// What the project knows about its device.
+/// The project's device.
 class HOST_EXPORT ProInfoManager
 {
 public:
     static ProInfoManager *instance();
 
-    /// Identifier of the project's device in the device database; empty when none is chosen.
+    /// Identifier of the project's device in the device database; empty if none is chosen.
     QString deviceID() const;
 
-    /// The chip of the project's device; empty texts when none is chosen.
+    /// The chip of the project's device; empty texts if none is chosen.
     DEV::ChipInfo chipInfo() const;
 
 private:

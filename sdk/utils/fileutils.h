@@ -11,8 +11,8 @@ namespace Utils {
 class HOST_EXPORT FileUtils
 {
 public:
-    /// Lets the user choose an existing file; empty when cancelled. An empty `directory` starts in
-    /// the folder last used under the same `caption`.
+    /// Lets the user choose an existing file; empty if canceled. An empty `directory` means the
+    /// folder last used with the same `caption`.
     static QString getOpenFileName(QWidget *parent, const QString &caption,
                                    const QString &directory, const QString &filter,
                                    QString *selectedFilter = nullptr,

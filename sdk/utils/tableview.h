@@ -11,11 +11,11 @@ namespace Utils {
 class TableViewPrivate;
 
 /// The environment's table: a QTableView that copies the selection as tab-separated text, pastes
-/// such text, fills down, and finds a row by its first letters. A digit, sign or point that is
-/// typed on an editable number opens its editor; Ctrl+Enter puts the current value into all
-/// selected rows. Tab leaves the table, Enter moves down where it opens nothing. Cells are changed
-/// only through the table's delegate and the flags of the items, as if the user had typed; refused
-/// cells are counted in the window's status bar. Tool tips show plain text whatever they hold.
+/// such text, fills down, and finds a row by its first letters. Typing a digit, sign or point on an
+/// editable number opens its editor; Ctrl+Enter copies the current value into all selected rows.
+/// Tab leaves the table; Enter moves down unless it opens something. Cells are changed only through
+/// the table's delegate and the items' flags, as if the user had typed; refused cells are counted
+/// in the window's status bar. Tool tips always show plain text.
 class HOST_EXPORT TableView : public QTableView
 {
     Q_OBJECT
@@ -26,8 +26,8 @@ public:
 
     using QTableView::edit;
 
-    /// Goes to the next row whose first column begins with the text typed lately, else to one that
-    /// contains it.
+    /// Moves to the next row whose first column begins with the recently typed text, or else to one
+    /// that contains it.
     void keyboardSearch(const QString &search) override;
 
 protected:

@@ -29,7 +29,7 @@ public:
     QString getVCCLDOMax() const;
     QString getVCCLDODefaultValue() const;
 
-    /// Whether the two supplies are one on this chip.
+    /// Whether the two supplies are connected on this chip.
     bool isVCCVCCXShortCircuit() const;
     bool isVCCXVCCLDOShortCircuit() const;
     bool isVCCVCCLDOShortCircuit() const;
