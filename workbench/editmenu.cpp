@@ -47,7 +47,7 @@ EditMenu::EditMenu(QWidget *window)
     , m_fillDown(add("fillDown", tr("Fill &down"), Qt::CTRL + Qt::Key_D, &EditMenu::fillDown))
     , m_selectAll(
           add("selectAll", tr("Select &all"), QKeySequence::SelectAll, &EditMenu::selectAll))
-    , m_find(add("find", tr("&Find..."), QKeySequence::Find, &EditMenu::find))
+    , m_find(add("find", tr("&Find\u2026"), QKeySequence::Find, &EditMenu::find))
     , m_findNext(add("findNextRow", tr("Find &next"), QKeySequence::FindNext, nullptr))
     , m_findPrevious(
           add("findPreviousRow", tr("Find pre&vious"), QKeySequence::FindPrevious, nullptr))

@@ -28,7 +28,7 @@ FlowProcess::FlowProcess()
     connect(&m_killTimer, &QTimer::timeout, this, [this] { signalGroup(SIGKILL); });
     connect(&m_child, &QProcess::started, this, &FlowProcess::onStarted);
     connect(&m_child, &QProcess::readyRead, this, &FlowProcess::readLines);
-    connect(&m_child, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+    connect(&m_child, qOverload<int, QProcess::ExitStatus>(&QProcess::finished), this,
             &FlowProcess::onFinished);
     connect(&m_child, &QProcess::errorOccurred, this, &FlowProcess::onError);
 }

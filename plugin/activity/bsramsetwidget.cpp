@@ -89,7 +89,7 @@ BsramSetWidget::BsramSetWidget(VLTView *view, QWidget *parent)
                     &BsramSetWidget::onShowContextMenu);
     for (const QDoubleSpinBox *value :
          {m_ui->spinClockEnable, m_ui->spinReadProbability, m_ui->spinWriteProbability})
-        connect(value, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+        connect(value, qOverload<double>(&QDoubleSpinBox::valueChanged), this,
                 &BsramSetWidget::modified);
 }
 

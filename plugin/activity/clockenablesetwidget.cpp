@@ -47,7 +47,7 @@ ClockEnableSetWidget::ClockEnableSetWidget(VLTView *view, QWidget *parent)
     setUpTable(m_ui->tableView, &m_model, NODE_CLOCK, {150, 120, 120, 120, 120, 120});
     connectCommands(m_ui->btnAdd, m_ui->btnRemove, &ClockEnableSetWidget::onAdd,
                     &ClockEnableSetWidget::onShowContextMenu);
-    connect(m_ui->spinGlobalEnable, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+    connect(m_ui->spinGlobalEnable, qOverload<double>(&QDoubleSpinBox::valueChanged), this,
             &ClockEnableSetWidget::modified);
 }
 

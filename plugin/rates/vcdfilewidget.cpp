@@ -47,12 +47,12 @@ VcdFileWidget::VcdFileWidget(VLTView *view, QWidget *parent)
         Qt::QueuedConnection);
     connect(m_ui->checkGlitch, &QCheckBox::clicked, this, &VcdFileWidget::onGlitchChanged);
     for (const QDoubleSpinBox *field : {m_ui->editIOValue, m_ui->editRemainValue}) {
-        connect(field, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
+        connect(field, qOverload<double>(&QDoubleSpinBox::valueChanged), this,
                 &VcdFileWidget::modified);
     }
-    connect(m_ui->comboIOUnit, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+    connect(m_ui->comboIOUnit, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &VcdFileWidget::onIOUnitChanged);
-    connect(m_ui->comboRemainUnit, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+    connect(m_ui->comboRemainUnit, qOverload<int>(&QComboBox::currentIndexChanged), this,
             &VcdFileWidget::onRemainUnitChanged);
     // Otherwise scrolling the page with the wheel would change unit and value.
     for (QComboBox *combo : {m_ui->comboIOUnit, m_ui->comboRemainUnit})

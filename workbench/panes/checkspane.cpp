@@ -120,11 +120,11 @@ void ChecksPane::updateState()
     if (!state)
         text = tr("Open a configuration to see its checks.");
     else if (!state->isChecked)
-        text = tr("Checking %1...").arg(name);
+        text = tr("Checking %1\u2026").arg(name);
     else if (state->isModified)
         text = tr("Checked as saved: the changes in %1 are not included.").arg(name);
     else if (state->isWaiting)
-        text = tr("Checking %1 again...").arg(name);
+        text = tr("Checking %1 again\u2026").arg(name);
     else
         text = tr("%1, as saved").arg(name);
     m_state->setText(text);

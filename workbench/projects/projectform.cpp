@@ -81,7 +81,7 @@ void ProjectForm::connectFields()
     connect(m_sources, &SourceList::edited, this, [this] { m_ownSources = true; });
     connect(m_sources, &SourceList::changed, this, &ProjectForm::onSourcesChanged);
     connect(m_top->lineEdit(), &QLineEdit::textEdited, this, [this] { m_ownTop = true; });
-    connect(m_top, QOverload<int>::of(&QComboBox::activated), this, [this] { m_ownTop = true; });
+    connect(m_top, qOverload<int>(&QComboBox::activated), this, [this] { m_ownTop = true; });
     connect(m_top, &QComboBox::editTextChanged, this, &ProjectForm::onChanged);
     connect(m_device, &DeviceField::changed, this, &ProjectForm::onDeviceChanged);
     connect(m_synthesis, &SynthesisField::edited, this, &ProjectForm::changed);

@@ -48,7 +48,7 @@ SynthesisField::SynthesisField(QWidget *parent)
     layout->setSpacing(fontMetrics().height() / 3);
     layout->addWidget(m_choice);
     layout->addWidget(m_editor);
-    connect(m_choice, QOverload<int>::of(&QComboBox::activated), this, &SynthesisField::onChosen);
+    connect(m_choice, qOverload<int>(&QComboBox::activated), this, &SynthesisField::onChosen);
     connect(m_editor, &QPlainTextEdit::textChanged, this, &SynthesisField::onTyped);
 }
 
