@@ -167,7 +167,7 @@ void TestNameMarks::followsNetlistAndRows()
 void TestNameMarks::keepsTurnsShort()
 {
     QByteArray records;
-    for (int i = 0; i < 100000; ++i)
+    for (int i = 0; i < 300000; ++i)
         records += "<Instance name=\"soc/cpu/stage/reg_" + QByteArray::number(i) + "\"/>";
     VLTView *view = open("<LocalEnable>" + records + "</LocalEnable>");
     const MarkedNames *names = marks(view, NODE_INSTANCE);
@@ -187,7 +187,7 @@ void TestNameMarks::keepsTurnsShort()
         last = now();
     });
     timer.start(0);
-    QTRY_VERIFY_WITH_TIMEOUT(names->isMissing(QStringLiteral("soc/cpu/stage/reg_99999")), 30000);
+    QTRY_VERIFY_WITH_TIMEOUT(names->isMissing(QStringLiteral("soc/cpu/stage/reg_299999")), 30000);
     QVERIFY2(longest <= 100, qPrintable(QString::number(longest)));
 }
 
