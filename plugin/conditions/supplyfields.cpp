@@ -79,9 +79,10 @@ void SupplyFields::applyRanges()
         return;
     // Read before a range clamps the values or the tie changes them.
     std::array<double, SUPPLY_COUNT> values;
+    for (size_t id = 0; id < SUPPLY_COUNT; ++id)
+        values[id] = m_fields[id].spinBox->value();
     for (size_t id = 0; id < SUPPLY_COUNT; ++id) {
         const Range range = m_supplies->supply[id].range();
-        values[id] = m_fields[id].spinBox->value();
         m_fields[id].spinBox->setRange(range.minimum, range.maximum);
     }
     for (size_t id = 0; id < SUPPLY_COUNT; ++id) {

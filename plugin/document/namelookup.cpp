@@ -29,6 +29,7 @@ struct NameLookup::Search
     std::shared_ptr<NlsData::Netlist> netlist;
     std::shared_ptr<const LookedUpNames> before; // null when none of it counts
     QSet<QString> wanted[int(ListedKind::Instance) + 1];
+    QSet<QString> designNames;
     std::shared_ptr<const LookedUpNames> after;
     std::atomic<bool> isCancelled{false};
 
@@ -51,7 +52,8 @@ private:
 void NameLookup::Search::run()
 {
     std::copy(std::begin(wanted), std::end(wanted), std::begin(missing));
-    missing[int(ListedKind::Instance)].remove(netlist->name()); // the whole design
+    // The whole design, also by a name that it had before.
+    missing[int(ListedKind::Instance)].subtract(designNames);
     findPorts();
     findInstances();
     findNets();
@@ -189,6 +191,9 @@ void NameLookup::gather()
 void NameLookup::search()
 {
     m_search->netlist = m_document->holdNetlist();
+    if (m_search->netlist)
+        m_designNames.insert(m_search->netlist->name());
+    m_search->designNames = m_designNames;
     if (!m_search->netlist || m_search->isEmpty()) {
         m_search.reset();
         return;

@@ -45,9 +45,10 @@ private:
     std::shared_ptr<const LookedUpNames> m_names;
     std::shared_ptr<Search> m_search; // what is being gathered or looked up
     bool m_isShown = false;
-    bool m_isSearching = false; // in the thread
-    bool m_isStale = false;     // something was added since the gathering began
-    int m_table = 0;            // where the gathering is
+    bool m_isSearching = false;  // in the thread
+    QSet<QString> m_designNames; // of all netlists that the view has had
+    bool m_isStale = false;      // something was added since the gathering began
+    int m_table = 0;             // where the gathering is
     int m_row = 0;
     QTimer m_turn;
 };

@@ -314,6 +314,9 @@ void VLTView::onOkBtn()
 
 void VLTView::closeWithoutQuestion()
 {
+    // By now its file may be that of another view.
+    if (m_closing == Closing::Done)
+        return;
     abandonEdits();
     setModified(false);
     emit closeRequested(m_file);
@@ -358,12 +361,13 @@ bool VLTView::mayClose()
     const QMessageBox::StandardButton answer = runMessage(m_question);
     if (!self || m_closing == Closing::Done)
         return false;
+    // A device change may have dropped the changes, and the question with them.
+    const bool withdrawn = m_closing != Closing::Asking;
     m_closing = Closing::No;
-    // A device change may have dropped the changes meanwhile.
-    if (!isModified())
-        return true;
+    if (withdrawn)
+        return !isModified();
     if (answer == QMessageBox::Ok)
-        return writeToFile() && self && m_closing != Closing::Done;
+        return !isModified() || (writeToFile() && self && m_closing != Closing::Done);
     return answer == QMessageBox::Discard;
 }
 

@@ -193,10 +193,13 @@ void VLTViewManager::reloadView(DEV::DeviceArg device, const QString &path)
     std::unique_ptr<VLTView> view(d->createVLTView(device, former->file(), std::move(netlist)));
     if (!view || !d->views.contains(former))
         return;
+    const bool modified = former->isModified();
     former->abandonEdits();
     former->setModified(false);
     if (Core::ViewManager::instance()->closeView(former))
         d->placeVLTView(view.release());
+    else if (former && modified)
+        former->setModified(true); // the host keeps it, and so does it keep what was edited
 }
 
 void VLTViewManager::closeView(const QString &path)

@@ -59,7 +59,8 @@ void RateWidget::writeData(QXmlStreamWriter *writer) const
 
 RateUnit RateWidget::unit() const
 {
-    return m_ui->radioToggle->isChecked() ? RateUnit::Toggle : RateUnit::Signal;
+    // The table's: while the question about another one is open, the radio is ahead of the values.
+    return m_ui->tableviewNet->valueType() ? RateUnit::Toggle : RateUnit::Signal;
 }
 
 bool RateWidget::checkData()

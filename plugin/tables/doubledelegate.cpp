@@ -27,6 +27,14 @@ QString textOf(const QWidget *editor)
     return line ? line->text() : QString();
 }
 
+/// Whether `stored`, a number or its text, is `number` in the precision of the records.
+bool isNumber(const QVariant &stored, double number)
+{
+    bool ok = false;
+    const float value = stored.toFloat(&ok);
+    return ok && value == float(number);
+}
+
 bool isEnter(int key)
 {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
@@ -105,8 +113,9 @@ void DoubleEditorDelegate::setModelData(QWidget *editor, QAbstractItemModel *mod
         break;
     case CellEditor::Content::Number:
         spinBox->interpretText();
-        // The same number in another spelling is not a change either.
-        if (!isOpen || !isSet || spinBox->text() != m_openedOn)
+        // The same number in another spelling is not a change either. What the editor opened on may
+        // differ from the number: a file can hold one that the editor limits or rounds.
+        if (!isOpen || !isSet || !isNumber(index.data(Qt::EditRole), spinBox->value()))
             model->setData(index, spinBox->text(), Qt::EditRole);
         break;
     }

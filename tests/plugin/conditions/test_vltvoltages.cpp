@@ -156,8 +156,11 @@ void TestVLTVoltages::showsVoltageRange()
     {
         bool eventFilter(QObject *, QEvent *event) override
         {
-            if (event->type() == QEvent::StatusTip)
-                tips << static_cast<QStatusTipEvent *>(event)->tip();
+            // An empty one takes the text back.
+            if (event->type() == QEvent::StatusTip) {
+                const QString tip = static_cast<QStatusTipEvent *>(event)->tip();
+                tips << (tip.isEmpty() ? QStringList() : QStringList(tip));
+            }
             return false;
         }
         QStringList tips;

@@ -33,6 +33,7 @@ private slots:
     void readableNetlistKeepsView();
     void closeQuestion_data();
     void closeQuestion();
+    void cancelCountsWhenTheFileIsBack();
     void deletedWhileConfirming();
     void deviceWithoutSuppliesClosesViews_data();
     void deviceWithoutSuppliesClosesViews();
@@ -212,6 +213,18 @@ void TestVLTView::closeQuestion()
     QCOMPARE(VLTViewManager::vltViews().isEmpty(), closes);
     const bool saved = m_host->read(name).contains("<AmbientTemp>31.5</AmbientTemp>");
     QTEST(saved, "saves");
+}
+
+void TestVLTView::cancelCountsWhenTheFileIsBack()
+{
+    VLTView *view = open();
+    view->setFileMissing(true);
+    const ModalDriver driver([view](QWidget *dialog) {
+        view->setFileMissing(false); // another program has put it back
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    QVERIFY(!Core::ViewManager::instance()->closeView(view));
+    QCOMPARE(VLTViewManager::vltViews().size(), 1);
 }
 
 void TestVLTView::deletedWhileConfirming()
