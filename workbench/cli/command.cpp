@@ -68,6 +68,20 @@ bool parseArguments(QCommandLineParser *parser, const char *command, const QStri
     return true;
 }
 
+bool parseOneFile(QCommandLineParser *parser, const char *command, const QStringList &arguments,
+                  QString *file, int *status)
+{
+    parser->addPositionalArgument(QStringLiteral("FILE.vlr"), QStringLiteral("The configuration."));
+    if (!parseArguments(parser, command, arguments, status))
+        return false;
+    if (parser->positionalArguments().size() != 1) {
+        *status = badUsage(command, QStringLiteral("Exactly one configuration is needed."));
+        return false;
+    }
+    *file = parser->positionalArguments().constFirst();
+    return true;
+}
+
 int badUsage(const char *command, const QString &message)
 {
     std::fprintf(stderr, "workbench %s: %s\nTry: workbench %s --help\n", command,

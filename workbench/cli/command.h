@@ -38,6 +38,10 @@ void exitWhenInterrupted();
 bool parseArguments(QCommandLineParser *parser, const char *command, const QStringList &arguments,
                     int *status);
 
+/// The same for a command that takes exactly one configuration, which goes into `file`.
+bool parseOneFile(QCommandLineParser *parser, const char *command, const QStringList &arguments,
+                  QString *file, int *status);
+
 /// Prints one sentence on standard error, and returns BadUsage.
 int badUsage(const char *command, const QString &message);
 

@@ -72,15 +72,12 @@ int runCoverage(const QStringList &arguments)
     parser.setApplicationDescription(QStringLiteral(
         "Tells where the rates of the design's nets come from: explicit rates, activity files or "
         "defaults.\n\nExit status: 0 done, 2 bad usage, 3 an input cannot be read."));
-    parser.addPositionalArgument(QStringLiteral("FILE.vlr"), QStringLiteral("The configuration."));
     const CoverageCommandOptions options(&parser);
     DesignOptions designs(&parser);
     int status = Clean;
-    if (!parseArguments(&parser, NAME, arguments, &status))
+    QString file;
+    if (!parseOneFile(&parser, NAME, arguments, &file, &status))
         return status;
-    const QStringList files = parser.positionalArguments();
-    if (files.size() != 1)
-        return badUsage(NAME, QStringLiteral("Exactly one configuration is needed."));
     const QString format = parser.value(options.format);
     if (!QStringList{QStringLiteral("text"), QStringLiteral("json"), QStringLiteral("csv")}
              .contains(format))
@@ -94,10 +91,10 @@ int runCoverage(const QStringList &arguments)
     if (!isNumber || (parser.isSet(options.depth) && depth < 0))
         return badUsage(NAME, QStringLiteral("--depth takes a number from 0 on."));
 
-    const Check::DesignInput &design = designs.designFor(files.first());
+    const Check::DesignInput &design = designs.designFor(file);
     if (!design.names)
         return designs.reportFailures(NAME);
-    const Check::ConfigurationInput input = Check::readConfigurationInput(files.first());
+    const Check::ConfigurationInput input = Check::readConfigurationInput(file);
     if (!input.isUsable()) {
         std::fprintf(stderr, "workbench %s: %s: %s\n", NAME, qPrintable(input.path),
                      qPrintable(input.readable ? input.report.error : input.error));

@@ -66,15 +66,12 @@ int runExport(const QStringList &arguments)
         "Writes the activity of a configuration for another tool.\n\nExit status: 0 done, 1 names "
         "are not in the netlist (they are listed in the file), 2 bad usage, 3 an input cannot be "
         "read or the period of a clock is needed."));
-    parser.addPositionalArgument(QStringLiteral("FILE.vlr"), QStringLiteral("The configuration."));
     const ExportOptions options(&parser);
     DesignOptions designs(&parser);
     int status = Clean;
-    if (!parseArguments(&parser, NAME, arguments, &status))
+    QString file;
+    if (!parseOneFile(&parser, NAME, arguments, &file, &status))
         return status;
-    const QStringList files = parser.positionalArguments();
-    if (files.size() != 1)
-        return badUsage(NAME, QStringLiteral("Exactly one configuration is needed."));
     const bool isCsv = parser.value(options.to) == QLatin1String("csv");
     if (!isCsv && parser.value(options.to) != QLatin1String("sta"))
         return badUsage(NAME, QStringLiteral("--to takes sta or csv."));
@@ -90,10 +87,10 @@ int runExport(const QStringList &arguments)
                                       .arg(text));
     }
 
-    const Check::DesignInput &design = designs.designFor(files.first());
+    const Check::DesignInput &design = designs.designFor(file);
     if (!design.names)
         return designs.reportFailures(NAME);
-    const Check::ConfigurationInput input = Check::readConfigurationInput(files.first());
+    const Check::ConfigurationInput input = Check::readConfigurationInput(file);
     if (!input.isUsable())
         return failed(input.path, input.readable ? input.report.error : input.error);
     const Check::DesignTree tree(*design.netlist, design.names->nets());

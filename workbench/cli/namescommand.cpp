@@ -144,15 +144,12 @@ int runNames(const QStringList &arguments)
         "Compares the recorded meanings of the names in a configuration with the netlist.\n\nExit "
         "status: 0 no name is missing or moved, 1 at least one is, 2 bad usage, 3 an input cannot "
         "be read or a plan is refused."));
-    parser.addPositionalArgument(QStringLiteral("FILE.vlr"), QStringLiteral("The configuration."));
     const NamesOptions options(&parser);
     DesignOptions designs(&parser);
     int status = Clean;
-    if (!parseArguments(&parser, NAME, arguments, &status))
+    QString file;
+    if (!parseOneFile(&parser, NAME, arguments, &file, &status))
         return status;
-    const QStringList files = parser.positionalArguments();
-    if (files.size() != 1)
-        return badUsage(NAME, QStringLiteral("Exactly one configuration is needed."));
     const QString format = parser.value(options.format);
     if (format != QLatin1String("text") && format != QLatin1String("json"))
         return badUsage(NAME, QStringLiteral("Unknown format \"%1\".").arg(format));
@@ -167,7 +164,7 @@ int runNames(const QStringList &arguments)
         return badUsage(NAME, QStringLiteral("--record, --apply and --plan cannot be combined."));
 
     Subject subject;
-    status = readSubject(files.first(), &designs, &subject);
+    status = readSubject(file, &designs, &subject);
     if (status != Clean)
         return status;
     const Check::DesignInput &design = subject.design;
@@ -175,7 +172,7 @@ int runNames(const QStringList &arguments)
     if (isRecorded)
         return Check::recordNames(subject.input, *design.names, design.netlistSha256, {}, &cause)
                    ? int(Clean)
-                   : failed(files.first(), cause);
+                   : failed(file, cause);
     if (isApplied || isPlanned) {
         Check::NamePlan plan;
         const bool isSure = certainty == certaintyName(Check::Certainty::Sure);
@@ -185,8 +182,8 @@ int runNames(const QStringList &arguments)
             return status;
         if (!Check::applyPlan(plan, subject.input, *design.names, design.netlistSha256, false,
                               nullptr, &cause))
-            return failed(files.first(), cause);
-        status = readSubject(files.first(), &designs, &subject);
+            return failed(file, cause);
+        status = readSubject(file, &designs, &subject);
         if (status != Clean)
             return status;
     }
