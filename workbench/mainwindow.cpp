@@ -18,6 +18,7 @@
 #include "host/dev/devicecatalogue.h"
 #include "host/extsys/pluginmanager.h"
 #include "host/nlsdata/celllibrary.h"
+#include "host/nlsdata/netlistnotices.h"
 #include "host/te/deviceselection.h"
 #include "host/te/flowcontrol.h"
 #include "host/utils/dialogs.h"
@@ -114,6 +115,9 @@ void MainWindow::connectParts()
     connect(m_checks, &Checks::reloadWanted, m_documents, &Documents::reload);
     connect(m_checks, &Checks::message, m_messages, &MessagesPane::note);
     connect(m_checks, &Checks::failed, m_messages, &MessagesPane::fail);
+    const auto *notices = NlsData::NetlistNotices::get();
+    connect(notices, &NlsData::NetlistNotices::unreadable, m_messages, &MessagesPane::fail);
+    connect(notices, &NlsData::NetlistNotices::ambiguous, m_messages, &MessagesPane::fail);
     connect(&m_recent, &RecentFiles::chosen, this, &MainWindow::open);
 
     connect(

@@ -1,5 +1,6 @@
 #include "netlistreaddialog.h"
 
+#include "netlistnotices.h"
 #include "nlsdata/netlist.h"
 #include "readcontrol.h"
 
@@ -121,7 +122,13 @@ Netlist *readNetlistFileWithDialog(QWidget *parent, const QString &path, QString
                                    bool reread)
 {
     Q_UNUSED(reread) // nothing is kept from one read to the next
-    return readNetlistWithDialog(parent, path, error, {}, usualDelay).release();
+    QString problem;
+    std::unique_ptr<Netlist> netlist =
+        readNetlistWithDialog(parent, path, &problem, {}, usualDelay);
+    NetlistNotices::get()->report(path, netlist.get(), problem);
+    if (error && !netlist)
+        *error = problem;
+    return netlist.release();
 }
 
 } // namespace NlsData

@@ -3,6 +3,7 @@
 #include "elaborator_p.h"
 #include "netlistdata_p.h"
 #include "netlistfile_p.h"
+#include "netlistnotices.h"
 #include "netlistparser_p.h"
 #include "readcontrol.h"
 #include "texthasher_p.h"
@@ -71,7 +72,12 @@ std::unique_ptr<Netlist> readNetlistText(std::string_view text, const QString &n
 Netlist *readNetlistFile(const QString &path, QString *error, bool reread)
 {
     Q_UNUSED(reread) // nothing is kept from one read to the next
-    return readNetlist(path, error).release();
+    QString problem;
+    std::unique_ptr<Netlist> netlist = readNetlist(path, &problem);
+    NetlistNotices::get()->report(path, netlist.get(), problem);
+    if (error && !netlist)
+        *error = problem;
+    return netlist.release();
 }
 
 } // namespace NlsData

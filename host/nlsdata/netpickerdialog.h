@@ -26,7 +26,7 @@ public:
     NetPickerDialog(const QList<Net *> &nets, QWidget *parent);
     ~NetPickerDialog() override;
 
-    /// In the order of the given list.
+    /// In the order shown.
     QList<Net *> selected() const;
 
 private:

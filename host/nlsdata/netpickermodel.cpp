@@ -1,12 +1,14 @@
 #include "host/nlsdata/netpickermodel.h"
 
 #include "host/nlsdata/othernames.h"
+#include "host/utils/naturalorder.h"
 
 #include "nlsdata/netlist.h"
 
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <numeric>
 
 namespace NlsData {
 
@@ -43,8 +45,38 @@ NetPickerModel::NetPickerModel(const QList<Net *> &nets, QObject *parent)
     : QAbstractListModel(parent)
     , m_nets(nets)
 {
+    sortVectors();
     m_turn.setInterval(0);
     connect(&m_turn, &QTimer::timeout, this, &NetPickerModel::takeTurn);
+}
+
+/// Puts neighbours whose names differ behind a first bracket into natural order. They are
+/// neighbours in any usual order, so that nothing else has to be compared.
+void NetPickerModel::sortVectors()
+{
+    m_paths.resize(size_t(m_nets.size()));
+    std::vector<int> order(m_paths.size());
+    std::iota(order.begin(), order.end(), 0);
+    for (int begin = 0, end = 0; begin < m_nets.size(); begin = end) {
+        const QString head = path(begin).left(path(begin).indexOf(QLatin1Char('[')) + 1);
+        for (end = begin + 1; end < m_nets.size(); ++end) {
+            if (head.isEmpty() || !path(end).startsWith(head))
+                break;
+        }
+        std::stable_sort(order.begin() + begin, order.begin() + end, [this](int a, int b) {
+            return Utils::naturalLess(m_paths[size_t(a)], m_paths[size_t(b)]);
+        });
+    }
+    QList<Net *> nets;
+    std::vector<QString> paths;
+    nets.reserve(m_nets.size());
+    paths.reserve(m_paths.size());
+    for (const int position : order) {
+        nets.append(m_nets.at(position));
+        paths.push_back(std::move(m_paths[size_t(position)]));
+    }
+    m_nets.swap(nets);
+    m_paths.swap(paths);
 }
 
 void NetPickerModel::setFilter(const QString &typed)
@@ -76,7 +108,6 @@ void NetPickerModel::start()
         finish();
         return;
     }
-    m_paths.resize(size_t(m_nets.size()));
     if (m_wildcard)
         m_pattern = wildcardExpression(m_filter);
     else

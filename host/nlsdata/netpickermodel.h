@@ -12,9 +12,9 @@ namespace NlsData {
 class Net;
 class OtherNames;
 
-/// The nets of a list that match a filter, in the list's order. Filtering works in short slices of
-/// the event loop, so that typing stays responsive on a million nets; until it has finished, the
-/// model has the previous filter's rows.
+/// The nets of a list that a filter keeps, in the list's order, but with the numbers in brackets in
+/// theirs: [2] before [10]. Filtering works in short turns of the event loop, so that typing stays
+/// fluent on a million nets; until it has finished, the model holds the rows of the filter before.
 class NetPickerModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -43,6 +43,7 @@ signals:
 
 private:
     QString toolTip(const Net &net) const;
+    void sortVectors();
     void takeTurn();
     void finish();
     const QString &path(int position);
@@ -50,9 +51,9 @@ private:
     bool matches(const QString &name) const;
     bool isFound(int position);
 
-    const QList<Net *> m_nets;
+    QList<Net *> m_nets;
     const OtherNames *m_otherNames = nullptr;
-    std::vector<QString> m_paths; ///< composed when first searched, since that costs most of it
+    std::vector<QString> m_paths; ///< of m_nets
     std::vector<int> m_rows;      ///< positions in m_nets
     QString m_shownFilter;
     bool m_all = true; ///< every net is kept and m_rows is not used

@@ -18,18 +18,24 @@ namespace {
 constexpr int TURN_MS = 25;
 constexpr int ENTRIES_BETWEEN_CLOCK_LOOKS = 512;
 
-QStringList entriesOf(const NlsData::Netlist *netlist)
+using InstanceMap = QMap<QString, NlsData::Instance *>;
+
+/// Whether there are instances inside the one of this path; "." joins the names where synthesis has
+/// flattened the hierarchy.
+bool hasContents(const InstanceMap &instances, const QString &path)
 {
-    if (!netlist)
-        return {};
-    const WaitCursor wait; // the first call builds the map
-    QStringList entries;
-    const auto &instances = netlist->instanceMap();
-    entries.reserve(instances.size() + 1);
-    entries.append(netlist->name());
-    for (const NlsData::Instance *instance : instances)
-        entries.append(instance->path());
-    return entries;
+    for (const char separator : {'/', '.'}) {
+        const QString prefix = path + QLatin1Char(separator);
+        const auto next = instances.lowerBound(prefix);
+        if (next != instances.end() && next.key().startsWith(prefix))
+            return true;
+    }
+    return false;
+}
+
+bool isModule(const InstanceMap &instances, const QString &path, const NlsData::Instance *instance)
+{
+    return instance->category() == 0 && instance->primitive() == 0 && hasContents(instances, path);
 }
 
 } // namespace
@@ -38,10 +44,9 @@ ModuleInstSelectDialog::ModuleInstSelectDialog(QWidget *parent, NlsData::Netlist
                                                bool single)
     : QDialog(parent)
     , m_ui(std::make_unique<Ui::ModuleInstSelectDialog>())
-    , m_entries(entriesOf(netlist))
-    , m_candidates(m_entries)
 {
     m_ui->setupUi(this);
+    readNetlist(netlist);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     m_ui->listWidget->setAccessibleName(tr("Instances"));
     if (single)
@@ -49,30 +54,54 @@ ModuleInstSelectDialog::ModuleInstSelectDialog(QWidget *parent, NlsData::Netlist
     m_turn.setInterval(0);
     connect(&m_turn, &QTimer::timeout, this, &ModuleInstSelectDialog::fillTurn);
     connect(m_ui->lineEditFilter, &QLineEdit::textChanged, this, &ModuleInstSelectDialog::onSearch);
+    connect(m_ui->checkModules, &QCheckBox::toggled, this, [this] { restart(false); });
     connect(m_ui->listWidget, &QListWidget::itemDoubleClicked, this, &QDialog::accept);
-    startFilling();
+    restart(false);
 }
 
 ModuleInstSelectDialog::~ModuleInstSelectDialog() = default;
+
+void ModuleInstSelectDialog::readNetlist(const NlsData::Netlist *netlist)
+{
+    if (!netlist)
+        return;
+    const WaitCursor wait; // the map is made when it is first asked for
+    const InstanceMap &instances = netlist->instanceMap();
+    m_entries.reserve(instances.size() + 1);
+    m_entries.append(netlist->name());
+    m_modules.append(netlist->name());
+    for (const NlsData::Instance *instance : instances) {
+        m_entries.append(instance->path());
+        if (isModule(instances, m_entries.last(), instance))
+            m_modules.append(m_entries.last());
+    }
+}
+
+const QStringList &ModuleInstSelectDialog::offered() const
+{
+    return m_ui->checkModules->isChecked() ? m_modules : m_entries;
+}
 
 void ModuleInstSelectDialog::onSearch()
 {
     const QString filter = m_ui->lineEditFilter->text().trimmed();
     if (filter == m_filter)
         return;
-    // A filter that contains the previous one can only match entries that the previous one matched,
-    // provided that its search was complete.
-    if (!filter.contains(m_filter, Qt::CaseInsensitive))
-        m_candidates = m_entries;
-    else if (!m_turn.isActive())
-        m_candidates = m_found;
+    // A filter that holds the one before can only keep entries that the one before kept, once that
+    // has been searched to its end.
+    const bool narrowing = filter.contains(m_filter, Qt::CaseInsensitive);
     m_filter = filter;
-    m_ui->listWidget->clear();
-    startFilling();
+    restart(narrowing);
 }
 
-void ModuleInstSelectDialog::startFilling()
+/// `narrowing`: among what is being searched or was found, all that can match is.
+void ModuleInstSelectDialog::restart(bool narrowing)
 {
+    if (!narrowing)
+        m_candidates = offered();
+    else if (!m_turn.isActive())
+        m_candidates = m_found;
+    m_ui->listWidget->clear();
     m_found.clear();
     m_next = 0;
     m_turn.start();

@@ -34,15 +34,18 @@ public slots:
     void onSearch();
 
 private:
-    void startFilling();
+    const QStringList &offered() const;
+    void readNetlist(const NlsData::Netlist *netlist);
+    void restart(bool narrowing);
     void fillTurn();
 
     const std::unique_ptr<Ui::ModuleInstSelectDialog> m_ui;
     QStringList m_entries;
+    QStringList m_modules; ///< of m_entries, the design and the instances with contents
 
     QString m_filter;
     QStringList m_found;      ///< what the filter keeps, as far as it was searched
-    QStringList m_candidates; ///< the list searched: m_entries or the matches of a wider filter
+    QStringList m_candidates; ///< what is searched: offered(), or what a wider filter kept
     int m_next = 0;           ///< position in m_candidates
     QTimer m_turn;
 };

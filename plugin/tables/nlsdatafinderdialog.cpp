@@ -12,9 +12,12 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRegExp>
+#include <QRegularExpression>
 #include <QStringMatcher>
+#include <QTextDocument>
 
 #include <algorithm>
+#include <numeric>
 
 namespace VLT {
 
@@ -59,6 +62,32 @@ private:
     QStringMatcher m_part; // without text: it is in every path
 };
 
+/// What may be wrong with a pattern that matches nothing; empty when there is nothing to say.
+QString adviceOn(const QString &pattern)
+{
+    static const QRegularExpression set(QStringLiteral("(?<!\\\\)\\[([^\\[\\]]+)\\]"));
+    if (const auto match = set.match(pattern); match.hasMatch())
+        return NlsDataFinderDialog::tr("Brackets stand for one of the characters in them; write "
+                                       "[[]%1] to find [%1]")
+            .arg(match.captured(1));
+    QString core = pattern;
+    while (core.startsWith(QLatin1Char('*')))
+        core.remove(0, 1);
+    while (core.endsWith(QLatin1Char('*')))
+        core.chop(1);
+    const QString wider = QLatin1Char('*') + core + QLatin1Char('*');
+    if (core.isEmpty() || wider == pattern)
+        return {};
+    return NlsDataFinderDialog::tr("The pattern has to match the whole path; try %1").arg(wider);
+}
+
+int rowsIn(const QItemSelection &selection)
+{
+    return std::accumulate(
+        selection.begin(), selection.end(), 0,
+        [](int sum, const QItemSelectionRange &range) { return sum + range.height(); });
+}
+
 /// The objects of the selected rows, in the order of the selection.
 template<class Object>
 QList<Object *> chosen(const QListWidget *list, const QVector<Object *> &objects)
@@ -92,6 +121,8 @@ NlsDataFinderDialog::NlsDataFinderDialog(QWidget *parent, NlsData::Netlist *netl
     m_ui->btnStop->hide();
     connect(m_ui->btnSearch, &QPushButton::clicked, this, &NlsDataFinderDialog::onSearch);
     connect(m_ui->btnStop, &QPushButton::clicked, this, [this] { m_stopped = true; });
+    connect(m_ui->listWidget->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &NlsDataFinderDialog::showState);
     connect(m_ui->listWidget, &QListWidget::itemDoubleClicked, this, [this] {
         // While a search runs, the list still shows the previous results, which are about to be
         // replaced.
@@ -153,14 +184,19 @@ void NlsDataFinderDialog::onSearch()
     if (!self)
         return;
     setSearching(false);
+    tellTwinsApart();
     if (!pattern.isValid())
-        m_ui->labelFound->setText(tr("This is not a valid pattern."));
+        m_found = tr("This is not a valid pattern.");
+    else if (const QString advice = adviceOn(text);
+             m_ui->listWidget->count() == 0 && !advice.isEmpty())
+        m_found += QLatin1String(". ") + advice;
+    showState();
 }
 
 void NlsDataFinderDialog::searchPort(const QRegExp &pattern)
 {
     search<NlsData::Port>(
-        m_netlist->ports(), pattern, [](const NlsData::Port *) { return true; }, nullptr);
+        m_netlist->ports(), pattern, [](const NlsData::Port *) { return true; }, &m_ports);
 }
 
 void NlsDataFinderDialog::searchDff(const QRegExp &pattern)
@@ -253,7 +289,8 @@ void NlsDataFinderDialog::setSearching(bool searching)
     m_ui->btnSearch->setEnabled(!searching);
     m_ui->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(!searching);
     if (searching)
-        m_ui->labelFound->setText(tr("Searching…"));
+        m_found = tr("Searching…");
+    showState();
     m_ui->progressBar->hide();
     m_ui->btnStop->hide();
 }
@@ -268,7 +305,45 @@ void NlsDataFinderDialog::listPaths(const QStringList &paths)
     QString text = paths.size() == 1 ? tr("1 object found") : tr("%1 objects found").arg(count);
     if (m_stopped)
         text = tr("Stopped: %1 so far").arg(text);
+    m_found = text;
+}
+
+void NlsDataFinderDialog::showState()
+{
+    const int selected = rowsIn(m_ui->listWidget->selectionModel()->selection());
+    QString text = m_found;
+    if (selected > 0)
+        text += tr(", %1 selected").arg(QLocale().toString(selected));
     m_ui->labelFound->setText(text);
+}
+
+/// Two ports may have one path: an escaped name beside the bit of a vector. Their tool tips say
+/// which is which.
+void NlsDataFinderDialog::tellTwinsApart()
+{
+    QHash<QString, int> rows;
+    for (int row = 0; row < m_ports.size(); ++row) {
+        QListWidgetItem *item = m_ui->listWidget->item(row);
+        const int first = rows.value(item->text(), row);
+        rows.insert(item->text(), first);
+        if (first == row)
+            continue;
+        m_ui->listWidget->item(first)->setToolTip(originOf(m_ports.at(first)));
+        item->setToolTip(originOf(m_ports.at(row)));
+    }
+}
+
+QString NlsDataFinderDialog::originOf(const NlsData::Port *port) const
+{
+    const auto &ports = m_netlist->ports();
+    const int place = int(std::find(ports.begin(), ports.end(), port) - ports.begin()) + 1;
+    QString text = tr("Port %1 of %2 in the netlist").arg(place).arg(ports.size());
+    if (const NlsData::Net *net = port->net()) {
+        text += tr(", on net %1").arg(net->path());
+        if (const NlsData::Instance *driver = net->driver())
+            text += tr(", driven by %1").arg(driver->path());
+    }
+    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
 }
 
 void NlsDataFinderDialog::done(int result)

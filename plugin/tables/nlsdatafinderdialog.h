@@ -66,6 +66,9 @@ private:
     bool goOn(int done, int total);
     void setSearching(bool searching);
     void listPaths(const QStringList &paths);
+    void tellTwinsApart();
+    QString originOf(const NlsData::Port *port) const;
+    void showState();
 
     const std::unique_ptr<Ui::NlsDataFinderDialog> m_ui;
     NlsData::Netlist *const m_netlist;
@@ -73,6 +76,7 @@ private:
     // Element i is the object of list row i.
     QVector<NlsData::Port *> m_ports;
     QVector<NlsData::Instance *> m_instances;
+    QString m_found; ///< what the search came to
     bool m_stopped = false;
 };
 

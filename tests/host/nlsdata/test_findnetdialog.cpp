@@ -73,8 +73,9 @@ private slots:
     void filters();
     void returnsChosenInListOrder();
     void findsOtherNames();
-    void survivesParentDeletion();
-    void filtersLongListWhileTyping();
+    void countsInBrackets();
+    void survivesItsParent();
+    void keepsUpWithTyping();
 
 private:
     QTemporaryDir m_folder;
@@ -193,7 +194,28 @@ void TestFindNetDialog::findsOtherNames()
     }
 }
 
-void TestFindNetDialog::survivesParentDeletion()
+void TestFindNetDialog::countsInBrackets()
+{
+    NetlistJson json;
+    auto &top = json.module("top").top().net("d", {2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12});
+    top.net("g[2].q", {20}).net("g[10].q", {21}).net("g[9].q", {22}).net("h10", {23});
+    const QString path = m_folder.filePath(QStringLiteral("wide.json"));
+    QVERIFY(json.write(path));
+    const std::unique_ptr<NlsData::Netlist> netlist(NlsData::readNetlistFile(path, nullptr, false));
+    ModalDriver driver([](QWidget *dialog) {
+        const Picker picker(dialog);
+        QCOMPARE(picker.shown(),
+                 QStringLiteral("d[0] d[1] d[2] d[3] d[4] d[5] d[6] d[7] d[8] d[9] d[10] "
+                                "g[2].q g[9].q g[10].q h10"));
+        QTest::keyClicks(picker.filter, QStringLiteral("g"));
+        picker.list->selectAll();
+        QTest::mouseClick(picker.ok, Qt::LeftButton);
+    });
+    QCOMPARE(paths(FindNetDialog::getList(netlist->netMap().values(), nullptr)),
+             QStringLiteral("g[2].q g[9].q g[10].q"));
+}
+
+void TestFindNetDialog::survivesItsParent()
 {
     auto *parent = new QWidget;
     ModalDriver driver([parent](QWidget *dialog) {

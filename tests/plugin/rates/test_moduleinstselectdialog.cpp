@@ -5,6 +5,7 @@
 #include "nlsdata/netlist.h"
 #include "nlsdata/netlistreader.h"
 
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTemporaryDir>
@@ -33,7 +34,8 @@ class TestModuleInstSelectDialog : public QObject
 private slots:
     void filters_data();
     void filters();
-    void filtersLongListWhileTyping();
+    void modulesOnly();
+    void keepsUpWithTyping();
 
 private:
     std::unique_ptr<NlsData::Netlist> read(const NetlistJson &json) const
@@ -82,9 +84,37 @@ void TestModuleInstSelectDialog::filters()
     QTEST(shown(list).join(QLatin1Char(' ')), "listed");
 }
 
-/// Typing, correcting and clearing end with the list of a plain search, even with more entries than
-/// one turn of the event loop can list.
-void TestModuleInstSelectDialog::filtersLongListWhileTyping()
+void TestModuleInstSelectDialog::modulesOnly()
+{
+    NetlistJson json;
+    json.module("sub").cell("ff", "FERN_DFF");
+    json.module("top")
+        .top()
+        .cell("u_sub", "sub")
+        .cell("u_unknown", "FIFO")
+        .cell("u_flat", "$scopeinfo")
+        .cell("u_flat.ff", "FERN_DFF");
+    const auto netlist = read(json);
+    QVERIFY(netlist);
+    ModuleInstSelectDialog dialog(nullptr, netlist.get(), true);
+    dialog.show();
+    auto *modules = dialog.findChild<QCheckBox *>();
+    auto *list = dialog.findChild<QListWidget *>();
+    QVERIFY(!modules->isChecked());
+    QCOMPARE(list->count(), 6);
+    QTest::keyClicks(dialog.findChild<QLineEdit *>(), QStringLiteral("u"));
+    QCOMPARE(list->count(), 5);
+    modules->click();
+    QCOMPARE(shown(list), QStringList({QStringLiteral("u_flat"), QStringLiteral("u_sub")}));
+    dialog.findChild<QLineEdit *>()->clear();
+    QCOMPARE(shown(list).size(), 3); // with the design
+    modules->click();
+    QCOMPARE(list->count(), 6);
+}
+
+/// The list that typing, correcting and clearing leaves is the list that a plain search gives, with
+/// more entries than one turn of the event loop can list.
+void TestModuleInstSelectDialog::keepsUpWithTyping()
 {
     NetlistJson json;
     auto &top = json.module("top").top();

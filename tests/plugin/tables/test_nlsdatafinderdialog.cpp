@@ -1,5 +1,6 @@
 #include "plugin/activity/activitynetlist.h"
 
+#include "host/nlsdata/netlistnotices.h"
 #include "nlsdata/netlistreader.h"
 #include "support/netlistjson.h"
 #include "tables/nlsdatafinderdialog.h"
@@ -61,9 +62,12 @@ private slots:
     void listsObjectsOfType_data();
     void listsObjectsOfType();
     void matchesWholePaths();
-    void prefilterKeepsResults();
-    void returnsSelectedObjects();
-    void enterInListAccepts();
+    void advisesWhenNothingMatches_data();
+    void advisesWhenNothingMatches();
+    void tellsPortsOfOnePathApart();
+    void everyPatternDecides();
+    void resultsFollowTheSelection();
+    void enterInTheListAccepts();
 
 private:
     std::unique_ptr<NlsData::Netlist> m_netlist;
@@ -110,6 +114,56 @@ void TestNlsDataFinderDialog::matchesWholePaths()
     QCOMPARE(ports.found->text(), QStringLiteral("1 object found"));
 }
 
+void TestNlsDataFinderDialog::advisesWhenNothingMatches_data()
+{
+    QTest::addColumn<QString>("pattern");
+    QTest::addColumn<QString>("advice");
+    const QString whole = QStringLiteral(". The pattern has to match the whole path; try ");
+    QTest::newRow("part") << "eg_9" << whole + QStringLiteral("*eg_9*");
+    QTest::newRow("half a part") << "eg_9*" << whole + QStringLiteral("*eg_9*");
+    QTest::newRow("bracket") << "reg[3]"
+                             << ". Brackets stand for one of the characters in them; write [[]3] "
+                                "to find [3]";
+    QTest::newRow("escaped bracket") << "reg[[]3]" << whole + QStringLiteral("*reg[[]3]*");
+    QTest::newRow("nothing to say") << "*xyz*" << QString();
+}
+
+void TestNlsDataFinderDialog::advisesWhenNothingMatches()
+{
+    QFETCH(QString, pattern);
+    QFETCH(QString, advice);
+    Finder finder(m_netlist.get(), NlsDataFinderDialog::FindDff);
+    QVERIFY(finder.search(pattern).isEmpty());
+    QCOMPARE(finder.found->text(), QStringLiteral("0 objects found") + advice);
+}
+
+void TestNlsDataFinderDialog::tellsPortsOfOnePathApart()
+{
+    NetlistJson json;
+    json.module("top")
+        .top()
+        .port("a", "input", {2})
+        .port("d", "input", {3, 4})
+        .port("d[1]", "input", {5});
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("netlist.json"));
+    QVERIFY(json.write(path));
+    QSignalSpy warned(NlsData::NetlistNotices::get(), &NlsData::NetlistNotices::ambiguous);
+    const auto read = [&path] {
+        return std::unique_ptr<NlsData::Netlist>(NlsData::readNetlistFile(path, nullptr, false));
+    };
+    const auto netlist = read();
+    read(); // as each view does
+    QCOMPARE(warned.count(), 1);
+    QVERIFY(warned.first().first().toString().contains(QLatin1String("called d[1]")));
+
+    Finder finder(netlist.get(), NlsDataFinderDialog::FindPort);
+    QCOMPARE(finder.search({}), words("a d[0] d[1] d[1]"));
+    QVERIFY(finder.list->item(1)->toolTip().isEmpty());
+    QVERIFY(finder.list->item(2)->toolTip().startsWith(QLatin1String("Port 3 of 4")));
+    QVERIFY(finder.list->item(3)->toolTip().startsWith(QLatin1String("Port 4 of 4")));
+}
+
 // Most paths are ruled out without asking the pattern; that must never change the answer.
 void TestNlsDataFinderDialog::prefilterKeepsResults()
 {
@@ -147,6 +201,7 @@ void TestNlsDataFinderDialog::returnsSelectedObjects()
     finder.click(5);
     finder.click(2);
     QCOMPARE(finder.getSelected(), words("loose led[2]"));
+    QCOMPARE(finder.found->text(), QStringLiteral("7 objects found, 2 selected"));
     QStringList paths;
     for (const NlsData::Port *port : finder.getBuff())
         paths << port->path();
