@@ -1,5 +1,6 @@
 #include "workbench/documents.h"
 
+#include "workbench/opencause.h"
 #include "workbench/textview.h"
 
 #include "host/core/ifileopener.h"
@@ -127,7 +128,17 @@ void Documents::openDocument(const QString &path)
         emit failed(tr("%1 has not been opened: the project has no device that the catalogue "
                        "lists. Choose one.")
                         .arg(QDir::toNativeSeparators(path)));
+    } else {
+        tellCause(path, tr("%1 has not been opened"));
     }
+}
+
+/// In the messages, beside what the opener has told in a box.
+void Documents::tellCause(const QString &path, const QString &what)
+{
+    const QString cause = causeOfRefusal(path);
+    const QString text = what.arg(QDir::toNativeSeparators(path));
+    emit failed(cause.isEmpty() ? text + QLatin1Char('.') : tr("%1: %2").arg(text, cause));
 }
 
 // A configuration means little without its project. The only one in its folder is meant.
@@ -139,23 +150,32 @@ void Documents::openProjectBeside(const QString &path)
         openProject(projects.constFirst().filePath());
 }
 
-void Documents::openText(const QString &path)
+void Documents::openPlace(const QString &path, int line)
+{
+    if (TextView *text = openText(path))
+        text->showLine(line);
+}
+
+/// Null when the file cannot be read, which the user has been told.
+TextView *Documents::openText(const QString &path)
 {
     const QString absolute = Utils::documentPath(path);
     const QList<Core::IView *> views = Core::ViewArea::get()->views();
     for (Core::IView *view : views) {
-        const auto *text = qobject_cast<TextView *>(view);
+        auto *text = qobject_cast<TextView *>(view);
         if (text && text->path() == absolute) {
             Core::ViewManager::instance()->showView(view);
-            return;
+            return text;
         }
     }
     auto view = std::make_unique<TextView>(absolute);
     QString error;
-    if (view->load(&error))
-        Core::ViewManager::instance()->showView(view.release());
-    else
+    if (!view->load(&error)) {
         fail(QMessageBox::Warning, error);
+        return nullptr;
+    }
+    Core::ViewManager::instance()->showView(view.get());
+    return view.release();
 }
 
 // The last thing that its callers do with this object: it may go with the window.
@@ -251,7 +271,7 @@ void Documents::askAboutNext()
     }
     const QString path = m_changed.takeFirst();
     const QPointer<Documents> self(this);
-    if (viewOf(path) && askToReload(path) && viewOf(path))
+    if (viewOf(path) && askToReload(path) && self && viewOf(path))
         reload(path);
     if (self && !m_changed.isEmpty())
         m_askLater.start();
@@ -259,7 +279,12 @@ void Documents::askAboutNext()
 
 void Documents::reload(const QString &path)
 {
-    Core::IFileOpener::forFile(path)->reload(currentDevice(), path);
+    const QPointer<Documents> self(this);
+    const Core::IView *former = viewOf(path);
+    if (Core::IFileOpener *opener = Core::IFileOpener::forFile(path))
+        opener->reload(currentDevice(), path);
+    if (self && former && viewOf(path) == former)
+        tellCause(path, tr("%1 has not been reloaded; its view stays as it is"));
 }
 
 bool Documents::askToReload(const QString &path)

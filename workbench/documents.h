@@ -36,6 +36,9 @@ public:
     /// Reads the open file at `path` anew, without a question.
     void reload(const QString &path);
 
+    /// Opens the file as a text, at `line`, counted from 1.
+    void openPlace(const QString &path, int line);
+
     /// Replaces the current project; its views are closed first. False when a view refused to close
     /// or the project cannot be read, which the user has been told.
     bool openProject(const QString &path);
@@ -47,7 +50,7 @@ public:
     bool closeAll();
 
     /// Shows a file as text, whatever it is.
-    void openText(const QString &path);
+    TextView *openText(const QString &path);
 
     /// Whether open() would take a file of this name for more than a text.
     static bool isDocument(const QString &path);
@@ -62,6 +65,7 @@ signals:
 
 private:
     void openDocument(const QString &path);
+    void tellCause(const QString &path, const QString &what);
     void openProjectBeside(const QString &path);
     void fail(QMessageBox::Icon icon, const QString &text);
     void follow(Core::IView *view);

@@ -5,6 +5,7 @@
 #include "workbench/documents.h"
 #include "workbench/editmenu.h"
 #include "workbench/panes/messagespane.h"
+#include "workbench/projectnotices.h"
 #include "workbench/projects/lastproject.h"
 #include "workbench/projects/netlistopener.h"
 #include "workbench/projects/newfiles.h"
@@ -18,7 +19,6 @@
 #include "host/dev/devicecatalogue.h"
 #include "host/extsys/pluginmanager.h"
 #include "host/nlsdata/celllibrary.h"
-#include "host/nlsdata/netlistnotices.h"
 #include "host/te/deviceselection.h"
 #include "host/te/flowcontrol.h"
 #include "host/utils/dialogs.h"
@@ -98,6 +98,7 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::connectParts()
 {
+    new ProjectNotices(m_messages, this);
     connect(m_tree, &ProjectTree::fileActivated, m_documents, &Documents::open);
     connect(m_tree, &ProjectTree::deviceActivated, this, &MainWindow::chooseDevice);
     connect(m_documents, &Documents::opened, &m_recent, &RecentFiles::add);
@@ -115,9 +116,7 @@ void MainWindow::connectParts()
     connect(m_checks, &Checks::reloadWanted, m_documents, &Documents::reload);
     connect(m_checks, &Checks::message, m_messages, &MessagesPane::note);
     connect(m_checks, &Checks::failed, m_messages, &MessagesPane::fail);
-    const auto *notices = NlsData::NetlistNotices::get();
-    connect(notices, &NlsData::NetlistNotices::unreadable, m_messages, &MessagesPane::fail);
-    connect(notices, &NlsData::NetlistNotices::ambiguous, m_messages, &MessagesPane::fail);
+    connect(m_messages, &MessagesPane::placeActivated, m_documents, &Documents::openPlace);
     connect(&m_recent, &RecentFiles::chosen, this, &MainWindow::open);
 
     connect(

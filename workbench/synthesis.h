@@ -1,9 +1,10 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 
 class QAction;
-class QProgressBar;
+class QWidget;
 
 namespace Workbench {
 
@@ -18,8 +19,9 @@ public:
     QAction *runAction() const { return m_run; }
     QAction *stopAction() const { return m_stop; }
 
-    /// Moves while a run is under way, else hidden. Owned by whoever shows it.
-    QProgressBar *progress() const { return m_progress; }
+    /// A moving bar with a button that stops the run, while one is under way; else hidden. Owned by
+    /// whoever shows it.
+    QWidget *progress() const { return m_progress; }
 
 signals:
     void output(const QString &line);
@@ -33,7 +35,8 @@ private:
 
     QAction *m_run;
     QAction *m_stop;
-    QProgressBar *m_progress;
+    QWidget *m_progress;
+    QElapsedTimer m_clock; // of the run; invalid without one
 };
 
 } // namespace Workbench

@@ -7,7 +7,10 @@
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QPlainTextEdit>
+#include <QTextBlock>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace Workbench {
 
@@ -25,6 +28,7 @@ TextView::TextView(const QString &path)
     setShortTitle(QFileInfo(path).fileName());
     setWindowTitle(shortTitle());
     m_text->setReadOnly(true);
+    m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);
     m_text->setFrameShape(QFrame::NoFrame);
     m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -47,6 +51,20 @@ bool TextView::load(QString *error)
         text += tr("\n\n[Truncated: only the first 4 MiB are shown.]\n");
     m_text->setPlainText(text);
     return true;
+}
+
+void TextView::showLine(int line)
+{
+    const int last = m_text->document()->blockCount() - 1;
+    QTextCursor cursor(m_text->document()->findBlockByNumber(std::clamp(line - 1, 0, last)));
+    QTextEdit::ExtraSelection mark;
+    mark.cursor = cursor;
+    mark.format.setProperty(QTextFormat::FullWidthSelection, true);
+    mark.format.setBackground(palette().alternateBase());
+    m_text->setExtraSelections({mark});
+    m_text->setTextCursor(cursor);
+    m_text->centerCursor();
+    m_text->setFocus();
 }
 
 } // namespace Workbench

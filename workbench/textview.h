@@ -20,6 +20,10 @@ public:
     /// Reads the file. On failure gives one sentence in `error`.
     bool load(QString *error);
 
+    /// Goes to a line, counted from 1, and marks it; to the last one that there is when it has
+    /// fewer.
+    void showLine(int line);
+
 private:
     QString m_path;
     QPlainTextEdit *m_text;

@@ -221,6 +221,9 @@ void TestMainWindow::keepsViewWhenReloadFails()
     QFETCH(QByteArray, bytes);
     QFETCH(QByteArray, netlist);
     QFETCH(bool, modified);
+    const QString cause = netlist == TestHost::defaultNetlist()
+                              ? QStringLiteral("as it is: line ")
+                              : QStringLiteral("Cannot read the netlist file");
 
     const QPointer<Core::IView> view = openView(QStringLiteral("a.vlr"));
     if (modified)
@@ -238,6 +241,8 @@ void TestMainWindow::keepsViewWhenReloadFails()
     QTRY_VERIFY(!QApplication::activeModalWidget());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(view);
+    QVERIFY(messages().contains(QLatin1String("a.vlr has not been reloaded")));
+    QVERIFY2(messages().contains(cause), qPrintable(messages()));
     QCOMPARE(view->windowTitle(), title);
     QCOMPARE(Core::ViewArea::get()->views(), QList<Core::IView *>{view});
 }

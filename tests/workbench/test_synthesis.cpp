@@ -7,8 +7,13 @@
 #include "workbench/projecttree.h"
 
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QRegularExpression>
+#include <QTextBlock>
+#include <QToolButton>
 #include <QtTest>
 
+using Workbench::MessagesPane;
 using Workbench::ProjectTree;
 
 class TestSynthesis : public WindowTest
@@ -20,6 +25,8 @@ private slots:
     void marksFirstResultAsExisting();
     void quitKeepsRunWhenViewStays();
     void stopsSynthesis();
+    void followsPlaces();
+    void dropsMessagesOfClosedProject();
     void tellsWhySynthesisFails_data();
     void tellsWhySynthesisFails();
 };
@@ -39,6 +46,9 @@ void TestSynthesis::runsSynthesis()
     m_host->write(QStringLiteral("go"), "");
     QTRY_VERIFY(action("runSynthesis")->isEnabled());
     QVERIFY(messages().contains(QLatin1String("last")));
+    static const QRegularExpression took(
+        QStringLiteral("\\d\\d:\\d\\d:\\d\\d  The run took \\d+\\.\\d s\\."));
+    QVERIFY2(messages().contains(took), qPrintable(messages()));
     QTRY_VERIFY(view->findChild<QWidget *>(QStringLiteral("VLT__ChangedBanner")));
 }
 
@@ -97,11 +107,51 @@ void TestSynthesis::stopsSynthesis()
     window().messages()->clear();
     action("runSynthesis")->trigger();
     QTRY_VERIFY(messages().contains(QLatin1String("begun")));
-    action("stopSynthesis")->trigger();
+    auto *stop = window().findChild<QToolButton *>(QStringLiteral("stopButton"));
+    QTest::mouseClick(stop, Qt::LeftButton);
     QTRY_VERIFY(action("runSynthesis")->isEnabled());
+    QVERIFY(!stop->isVisible());
     QVERIFY2(messages().contains(QLatin1String("stopped")), qPrintable(messages()));
     QCOMPARE(m_host->read(QStringLiteral("impl/netlist.json")), netlist);
     QVERIFY(!view->findChild<QWidget *>(QStringLiteral("VLT__ChangedBanner")));
+}
+
+void TestSynthesis::followsPlaces()
+{
+    m_host->write(QStringLiteral("rtl/a.v"), "module a;\n\nendmodule\n");
+    m_host->write(QStringLiteral("synth.sh"),
+                  "echo 'rtl/a.v:3: error, not rtl/none.v:3'\nexit 1\n");
+    action("runSynthesis")->trigger();
+    QTRY_VERIFY(action("runSynthesis")->isEnabled());
+    MessagesPane *pane = window().messages();
+    const auto place = [pane](const char *text) {
+        const QTextCursor at = pane->document()->find(QLatin1String(text));
+        return pane->cursorRect(at).center() - QPoint(4, 0);
+    };
+    QCOMPARE(pane->anchorAt(place("none.v:3")), QString());
+    QTest::mouseClick(pane->viewport(), Qt::LeftButton, Qt::NoModifier, place("rtl/a.v:3"));
+    Core::IView *view = Core::ViewArea::get()->activeView();
+    QVERIFY(view);
+    QCOMPARE(view->windowTitle(), QStringLiteral("a.v"));
+    auto *text = view->findChild<QPlainTextEdit *>();
+    QCOMPARE(text->textCursor().blockNumber(), 2);
+    text->moveCursor(QTextCursor::Start);
+    QTest::keyClick(pane, Qt::Key_Return); // the cursor is in the line
+    QCOMPARE(text->textCursor().blockNumber(), 2);
+}
+
+void TestSynthesis::dropsMessagesOfClosedProject()
+{
+    window().messages()->note(QStringLiteral("of the project"));
+    m_host.reset();
+    QVERIFY(!messages().contains(QLatin1String("of the project")));
+    window().messages()->note(QStringLiteral("of the program"));
+    m_host = std::make_unique<TestHost>(QStringLiteral("NO-SUCH-DEVICE"));
+    QVERIFY2(messages().contains(QLatin1String("NO-SUCH-DEVICE is not in the catalogue")),
+             qPrintable(messages()));
+    m_host.reset();
+    QVERIFY(!messages().contains(QLatin1String("NO-SUCH")));
+    QVERIFY(messages().contains(QLatin1String("of the program")));
 }
 
 void TestSynthesis::tellsWhySynthesisFails_data()

@@ -1,9 +1,14 @@
 #include "workbench/panes/messagespane.h"
 
 #include <QContextMenuEvent>
+#include <QDir>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QMenu>
+#include <QRegularExpression>
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTime>
 
 #include <memory>
 
@@ -13,6 +18,21 @@ namespace {
 
 constexpr int MaximumLines = 20000;
 
+QString withTime(const QString &text)
+{
+    return QTime::currentTime().toString(QStringLiteral("HH:mm:ss  ")) + text;
+}
+
+/// The first link in a line; empty when there is none.
+QString anchorIn(const QTextBlock &line)
+{
+    for (auto piece = line.begin(); piece != line.end(); ++piece) {
+        if (piece.fragment().charFormat().isAnchor())
+            return piece.fragment().charFormat().anchorHref();
+    }
+    return {};
+}
+
 } // namespace
 
 MessagesPane::MessagesPane(QWidget *parent)
@@ -21,6 +41,9 @@ MessagesPane::MessagesPane(QWidget *parent)
     setObjectName(QStringLiteral("messages"));
     setAccessibleName(tr("Messages"));
     setReadOnly(true);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setTabChangesFocus(true);
+    viewport()->setMouseTracking(true);
     setUndoRedoEnabled(false);
     setMaximumBlockCount(MaximumLines);
     setFrameShape(QFrame::NoFrame);
@@ -29,7 +52,7 @@ MessagesPane::MessagesPane(QWidget *parent)
 
 void MessagesPane::note(const QString &text)
 {
-    append(text, QTextCharFormat());
+    append(withTime(text), QTextCharFormat());
 }
 
 void MessagesPane::fail(const QString &text)
@@ -39,17 +62,36 @@ void MessagesPane::fail(const QString &text)
     QTextCharFormat format;
     format.setForeground(dark ? QColor(255, 120, 110) : QColor(176, 0, 0));
     format.setFontWeight(QFont::Bold);
-    append(text, format);
+    append(withTime(text), format);
 }
 
 void MessagesPane::output(const QString &text)
 {
     QTextCharFormat format;
     format.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    append(text, format);
+    append(text, format, true);
 }
 
-void MessagesPane::append(const QString &text, const QTextCharFormat &format)
+void MessagesPane::beginProject(const QString &folder)
+{
+    m_folder = folder;
+    m_begin = QTextCursor(document());
+    m_begin.movePosition(QTextCursor::End);
+    m_begin.setKeepPositionOnInsert(true);
+}
+
+void MessagesPane::endProject()
+{
+    if (m_begin.isNull())
+        return;
+    m_begin.setKeepPositionOnInsert(false);
+    m_begin.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+    m_begin.removeSelectedText();
+    m_begin = QTextCursor();
+    m_folder.clear();
+}
+
+void MessagesPane::append(const QString &text, const QTextCharFormat &format, bool withPlaces)
 {
     // Follow the end only for a reader who is at the end.
     QScrollBar *bar = verticalScrollBar();
@@ -59,10 +101,73 @@ void MessagesPane::append(const QString &text, const QTextCharFormat &format)
     cursor.movePosition(QTextCursor::End);
     if (!document()->isEmpty())
         cursor.insertBlock();
-    cursor.insertText(text, format);
+    if (withPlaces)
+        insertPlaces(&cursor, text, format);
+    else
+        cursor.insertText(text, format);
 
     if (follow)
         bar->setValue(bar->maximum());
+}
+
+/// Inserts a line, with the places in files that exist as links.
+void MessagesPane::insertPlaces(QTextCursor *cursor, const QString &text,
+                                const QTextCharFormat &format)
+{
+    static const QRegularExpression place(
+        QStringLiteral(R"(([^\s:'"()\[\],;]+\.[A-Za-z]\w*):(\d+))"));
+    QTextCharFormat link = format;
+    link.setAnchor(true);
+    link.setFontUnderline(true);
+    link.setForeground(palette().link());
+    int done = 0;
+    for (auto matches = place.globalMatch(text); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        const QFileInfo file(QDir(m_folder), match.captured(1));
+        if (!file.isFile())
+            continue;
+        cursor->insertText(text.mid(done, match.capturedStart() - done), format);
+        link.setAnchorHref(match.captured(2) + QLatin1Char(':') + file.absoluteFilePath());
+        cursor->insertText(match.captured(), link);
+        done = match.capturedEnd();
+    }
+    cursor->insertText(text.mid(done), format);
+}
+
+void MessagesPane::follow(const QString &anchor)
+{
+    const int colon = anchor.indexOf(QLatin1Char(':'));
+    if (colon > 0)
+        emit placeActivated(anchor.mid(colon + 1), anchor.leftRef(colon).toInt());
+}
+
+void MessagesPane::mouseMoveEvent(QMouseEvent *event)
+{
+    viewport()->setCursor(anchorAt(event->pos()).isEmpty() ? Qt::IBeamCursor
+                                                           : Qt::PointingHandCursor);
+    QPlainTextEdit::mouseMoveEvent(event);
+}
+
+void MessagesPane::mousePressEvent(QMouseEvent *event)
+{
+    m_pressed = event->button() == Qt::LeftButton ? anchorAt(event->pos()) : QString();
+    QPlainTextEdit::mousePressEvent(event);
+}
+
+void MessagesPane::mouseReleaseEvent(QMouseEvent *event)
+{
+    QPlainTextEdit::mouseReleaseEvent(event);
+    if (!m_pressed.isEmpty() && anchorAt(event->pos()) == m_pressed && !textCursor().hasSelection())
+        follow(m_pressed);
+}
+
+void MessagesPane::keyPressEvent(QKeyEvent *event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter)
+        follow(anchorIn(textCursor().block()));
+    else
+        QPlainTextEdit::keyPressEvent(event);
 }
 
 void MessagesPane::contextMenuEvent(QContextMenuEvent *event)
