@@ -66,7 +66,7 @@ void MainWindow::createDocks()
     // The tree keeps the whole height.
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     resizeDocks({project}, {fontMetrics().averageCharWidth() * 34}, Qt::Horizontal);
-    resizeDocks({messages}, {fontMetrics().height() * 4}, Qt::Vertical);
+    resizeDocks({messages}, {fontMetrics().height() * 3}, Qt::Vertical);
 
     m_viewMenu = new QMenu(tr("&View"), this);
     m_viewMenu->addAction(project->toggleViewAction());

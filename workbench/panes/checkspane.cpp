@@ -70,6 +70,7 @@ ChecksPane::ChecksPane(CheckService *service, const QList<QAction *> &commands, 
     m_list->setUniformRowHeights(true);
     m_list->setAllColumnsShowFocus(true);
     m_list->setFrameShape(QFrame::NoFrame);
+    m_list->setMinimumHeight(fontMetrics().height()); // leaves the room to the views
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setTextElideMode(Qt::ElideMiddle);
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);

@@ -47,6 +47,7 @@ MessagesPane::MessagesPane(QWidget *parent)
     setUndoRedoEnabled(false);
     setMaximumBlockCount(MaximumLines);
     setFrameShape(QFrame::NoFrame);
+    setMinimumHeight(fontMetrics().height());
     setPlaceholderText(tr("Messages of the program and of synthesis runs appear here."));
 }
 
