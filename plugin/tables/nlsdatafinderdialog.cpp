@@ -68,7 +68,7 @@ QString adviceOn(const QString &pattern)
     static const QRegularExpression set(QStringLiteral("(?<!\\\\)\\[([^\\[\\]]+)\\]"));
     if (const auto match = set.match(pattern); match.hasMatch())
         return NlsDataFinderDialog::tr("Brackets stand for one of the characters in them; write "
-                                       "[[]%1] to find [%1]")
+                                       "\\[%1\\] to find [%1]")
             .arg(match.captured(1));
     QString core = pattern;
     while (core.startsWith(QLatin1Char('*')))
@@ -186,7 +186,7 @@ void NlsDataFinderDialog::onSearch()
     setSearching(false);
     tellTwinsApart();
     if (!pattern.isValid())
-        m_found = tr("This is not a valid pattern.");
+        m_found = tr("This is not a valid pattern. Write \\[ and \\] to find brackets.");
     else if (const QString advice = adviceOn(text);
              m_ui->listWidget->count() == 0 && !advice.isEmpty())
         m_found += QLatin1String(". ") + advice;

@@ -85,7 +85,7 @@ void MessagesPane::endProject()
 {
     if (m_begin.isNull())
         return;
-    m_begin.setKeepPositionOnInsert(false);
+    m_begin.setPosition(m_begin.position()); // of the anchor, too
     m_begin.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
     m_begin.removeSelectedText();
     m_begin = QTextCursor();
@@ -142,23 +142,33 @@ void MessagesPane::follow(const QString &anchor)
         emit placeActivated(anchor.mid(colon + 1), anchor.leftRef(colon).toInt());
 }
 
+/// The link at a point of the viewport; empty when there is none.
+QString MessagesPane::linkAt(const QPoint &point) const
+{
+    const QTextCursor cursor = cursorForPosition(point); // the nearest
+    const QRect place = cursorRect(cursor);
+    const int reach = fontMetrics().maxWidth();
+    const bool near = place.adjusted(-reach, 0, reach, 0).contains(point);
+    return near ? cursor.charFormat().anchorHref() : QString();
+}
+
 void MessagesPane::mouseMoveEvent(QMouseEvent *event)
 {
-    viewport()->setCursor(anchorAt(event->pos()).isEmpty() ? Qt::IBeamCursor
-                                                           : Qt::PointingHandCursor);
+    viewport()->setCursor(linkAt(event->pos()).isEmpty() ? Qt::IBeamCursor
+                                                         : Qt::PointingHandCursor);
     QPlainTextEdit::mouseMoveEvent(event);
 }
 
 void MessagesPane::mousePressEvent(QMouseEvent *event)
 {
-    m_pressed = event->button() == Qt::LeftButton ? anchorAt(event->pos()) : QString();
+    m_pressed = event->button() == Qt::LeftButton ? linkAt(event->pos()) : QString();
     QPlainTextEdit::mousePressEvent(event);
 }
 
 void MessagesPane::mouseReleaseEvent(QMouseEvent *event)
 {
     QPlainTextEdit::mouseReleaseEvent(event);
-    if (!m_pressed.isEmpty() && anchorAt(event->pos()) == m_pressed && !textCursor().hasSelection())
+    if (!m_pressed.isEmpty() && linkAt(event->pos()) == m_pressed && !textCursor().hasSelection())
         follow(m_pressed);
 }
 

@@ -42,6 +42,7 @@ protected:
 private:
     void append(const QString &text, const QTextCharFormat &format, bool withPlaces = false);
     void insertPlaces(QTextCursor *cursor, const QString &text, const QTextCharFormat &format);
+    QString linkAt(const QPoint &point) const;
     void follow(const QString &anchor);
     void contextMenuEvent(QContextMenuEvent *event) override;
 

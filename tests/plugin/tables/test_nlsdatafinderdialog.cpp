@@ -122,9 +122,9 @@ void TestNlsDataFinderDialog::advisesWhenNothingMatches_data()
     QTest::newRow("part") << "eg_9" << whole + QStringLiteral("*eg_9*");
     QTest::newRow("half a part") << "eg_9*" << whole + QStringLiteral("*eg_9*");
     QTest::newRow("bracket") << "reg[3]"
-                             << ". Brackets stand for one of the characters in them; write [[]3] "
-                                "to find [3]";
-    QTest::newRow("escaped bracket") << "reg[[]3]" << whole + QStringLiteral("*reg[[]3]*");
+                             << ". Brackets stand for one of the characters in them; write "
+                                "\\[3\\] to find [3]";
+    QTest::newRow("escaped bracket") << "reg\\[3\\]" << whole + QStringLiteral("*reg\\[3\\]*");
     QTest::newRow("nothing to say") << "*xyz*" << QString();
 }
 
