@@ -34,7 +34,7 @@ Synthesis::Synthesis(QObject *parent)
     m_run->setShortcut(Qt::CTRL + Qt::Key_R);
     m_run->setStatusTip(tr("Run the project's synthesis command"));
     m_stop->setObjectName(QStringLiteral("stopSynthesis"));
-    m_stop->setStatusTip(tr("Stop the synthesis that is running"));
+    m_stop->setStatusTip(tr("Stop the running synthesis"));
     auto *bar = new QProgressBar;
     bar->setRange(0, 0);
     bar->setTextVisible(false);

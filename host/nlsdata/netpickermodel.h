@@ -13,8 +13,8 @@ class Net;
 class OtherNames;
 
 /// The nets of a list that a filter keeps, in the list's order, but with the numbers in brackets in
-/// theirs: [2] before [10]. Filtering works in short turns of the event loop, so that typing stays
-/// fluent on a million nets; until it has finished, the model holds the rows of the filter before.
+/// theirs: [2] before [10]. Filtering works in short slices of the event loop, so that typing stays
+/// responsive on a million nets; until it has finished, the model has the previous filter's rows.
 class NetPickerModel : public QAbstractListModel
 {
     Q_OBJECT

@@ -87,8 +87,8 @@ void ModuleInstSelectDialog::onSearch()
     const QString filter = m_ui->lineEditFilter->text().trimmed();
     if (filter == m_filter)
         return;
-    // A filter that holds the one before can only keep entries that the one before kept, once that
-    // has been searched to its end.
+    // A filter that contains the previous one can only match entries that the previous one matched,
+    // provided that its search was complete.
     const bool narrowing = filter.contains(m_filter, Qt::CaseInsensitive);
     m_filter = filter;
     restart(narrowing);

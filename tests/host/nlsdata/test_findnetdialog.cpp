@@ -74,8 +74,8 @@ private slots:
     void returnsChosenInListOrder();
     void findsOtherNames();
     void countsInBrackets();
-    void survivesItsParent();
-    void keepsUpWithTyping();
+    void survivesParentDeletion();
+    void filtersLongListWhileTyping();
 
 private:
     QTemporaryDir m_folder;
@@ -215,7 +215,7 @@ void TestFindNetDialog::countsInBrackets()
              QStringLiteral("g[2].q g[9].q g[10].q"));
 }
 
-void TestFindNetDialog::survivesItsParent()
+void TestFindNetDialog::survivesParentDeletion()
 {
     auto *parent = new QWidget;
     ModalDriver driver([parent](QWidget *dialog) {

@@ -35,7 +35,7 @@ private slots:
     void filters_data();
     void filters();
     void modulesOnly();
-    void keepsUpWithTyping();
+    void filtersLongListWhileTyping();
 
 private:
     std::unique_ptr<NlsData::Netlist> read(const NetlistJson &json) const
@@ -112,9 +112,9 @@ void TestModuleInstSelectDialog::modulesOnly()
     QCOMPARE(list->count(), 6);
 }
 
-/// The list that typing, correcting and clearing leaves is the list that a plain search gives, with
-/// more entries than one turn of the event loop can list.
-void TestModuleInstSelectDialog::keepsUpWithTyping()
+/// Typing, correcting and clearing end with the list of a plain search, even with more entries than
+/// one turn of the event loop can list.
+void TestModuleInstSelectDialog::filtersLongListWhileTyping()
 {
     NetlistJson json;
     auto &top = json.module("top").top();

@@ -65,9 +65,9 @@ private slots:
     void advisesWhenNothingMatches_data();
     void advisesWhenNothingMatches();
     void tellsPortsOfOnePathApart();
-    void everyPatternDecides();
-    void resultsFollowTheSelection();
-    void enterInTheListAccepts();
+    void prefilterKeepsResults();
+    void returnsSelectedObjects();
+    void enterInListAccepts();
 
 private:
     std::unique_ptr<NlsData::Netlist> m_netlist;
