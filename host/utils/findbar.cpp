@@ -39,7 +39,6 @@ FindBar::FindBar(QWidget *parent)
     m_title->setTextFormat(Qt::PlainText);
     m_title->setBuddy(m_text);
     m_text->setObjectName(QStringLiteral("findText"));
-    m_text->setClearButtonEnabled(true);
     m_result->setObjectName(QStringLiteral("findResult"));
     const int character = fontMetrics().averageCharWidth();
     m_text->setMaximumWidth(character * 60);
