@@ -1,6 +1,8 @@
 #include "windowtest.h"
 
+#include "core/constants.h"
 #include "core/iview.h"
+#include "host/core/commandregistry.h"
 #include "host/core/ifileopener.h"
 #include "host/core/projectfile.h"
 
@@ -55,7 +57,10 @@ private:
     QString state() { return window().findChild<QLabel *>(QStringLiteral("checksState"))->text(); }
     QString rules();
     void edit(Core::IView *view);
-    void save() { QTest::keyClick(&window(), Qt::Key_S, Qt::ControlModifier); }
+    static void save()
+    {
+        Core::CommandRegistry::command(QLatin1String(Core::Constants::A_FILE_SAVE))->trigger();
+    }
 };
 
 /// "name-missing gone, name-moved q_reg0"
