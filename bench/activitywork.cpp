@@ -34,8 +34,12 @@ void writeFile(const QString &path, const QByteArray &bytes, qint64 hole = 0)
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
         qFatal("cannot write the generated data");
-    // Nothing reads what is between, so that it need not be on the disk.
-    if (hole > 0 && (!file.seek(bytes.size() + hole) || file.write("\n#1000\n") < 0))
+    if (hole == 0)
+        return;
+    // The kind of a file is told by its first block. Nothing reads what is behind that, so that it
+    // need not be on the disk.
+    const QByteArray block(1 << 20, '\n');
+    if (file.write(block) < 0 || !file.seek(file.pos() + hole) || file.write("\n#1000\n") < 0)
         qFatal("cannot write the generated data");
 }
 
