@@ -17,7 +17,7 @@ struct RecordEdit
     QByteArray spelling = {}; ///< bytes of the new name in the file; empty: the usual ones
 };
 
-/// Changes the file that `bytes` are. Of a renamed record only the part of the name that differs is
+/// Changes the file that `bytes` are. Of a renamed record only the letters that differ are
 /// replaced; the element of a removed record goes, with its line when it is alone there. Every
 /// other byte stays, in whatever encoding the file is. `inverse` (when given) receives the edits
 /// that make the same bytes again, if none removes. False with a sentence in `error` when the file

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int MAXIMUM_PARTS = 1000; // new parts to consider; more are no explanation
 
-// In place of the part; no name has these.
+// These stand for the replaced piece of a name; no name has them.
 constexpr QChar NET_KEY(1);
 constexpr QChar OBJECT_KEY(2);
 

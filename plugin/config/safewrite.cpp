@@ -102,8 +102,8 @@ std::optional<WriteResult> writeBeside(const QString &target, const QByteArray &
     return WriteResult();
 }
 
-/// Replaces the `oldSize` bytes of `file` by `bytes`. The part beyond the old end is written first:
-/// if the space runs out, the old bytes are still there.
+/// Replaces the `oldSize` bytes of `file` by `bytes`. What lies beyond the old end is written
+/// first: if the space runs out, the old bytes are still there.
 bool overwrite(QFile *file, qint64 oldSize, const QByteArray &bytes, QString *cause)
 {
     const qint64 size = bytes.size();
