@@ -51,6 +51,9 @@ DeviceDialog::DeviceDialog(const QString &current, QWidget *parent)
     m_view->sortByColumn(0, Qt::AscendingOrder);
     m_note->setWordWrap(true);
     m_note->setTextFormat(Qt::PlainText);
+    m_note->setText(
+        tr("No supply data is known for this device: open configurations will be closed "
+           "and their unsaved changes discarded."));
 
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_filter);
@@ -119,10 +122,7 @@ void DeviceDialog::onSelectionChanged()
     const QString id = deviceId();
     const DEV::Device *device = DEV::DeviceCatalogue::get()->find(id);
     m_buttons->button(QDialogButtonBox::Ok)->setEnabled(device);
-    m_note->setText(!device || hasSupplyData(*device)
-                        ? QString()
-                        : tr("No supply data is known for this device: open configurations will be "
-                             "closed and their unsaved changes discarded."));
+    m_note->setVisible(device && !hasSupplyData(*device));
 }
 
 } // namespace Workbench

@@ -1,5 +1,7 @@
 #include "workbench/editmenu.h"
 
+#include "core/iview.h"
+#include "host/core/viewarea.h"
 #include "host/utils/findbar.h"
 #include "host/utils/tablecommands.h"
 
@@ -13,6 +15,7 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QSpinBox>
+#include <QStatusTipEvent>
 #include <QTableView>
 
 namespace Workbench {
@@ -48,16 +51,20 @@ EditMenu::EditMenu(QWidget *window)
     , m_selectAll(
           add("selectAll", tr("Select &all"), QKeySequence::SelectAll, &EditMenu::selectAll))
     , m_find(add("find", tr("&Find\u2026"), QKeySequence::Find, &EditMenu::find))
-    , m_findNext(add("findNextRow", tr("Find &next"), QKeySequence::FindNext, nullptr))
-    , m_findPrevious(
-          add("findPreviousRow", tr("Find pre&vious"), QKeySequence::FindPrevious, nullptr))
+    , m_findNext(add("findNextRow", tr("Find &next"), QKeySequence::FindNext, &EditMenu::findNext))
+    , m_findPrevious(add("findPreviousRow", tr("Find pre&vious"), QKeySequence::FindPrevious,
+                         &EditMenu::findPrevious))
 {
     m_menu->insertSeparator(m_find);
     m_fillDown->setStatusTip(tr("Put the first selected value of the column into the rows below"));
-    m_find->setStatusTip(tr("Find rows of the table by a text"));
-    connect(m_findNext, &QAction::triggered, m_findBar, &Utils::FindBar::findNext);
-    connect(m_findPrevious, &QAction::triggered, m_findBar, &Utils::FindBar::findPrevious);
-    connect(m_menu, &QMenu::aboutToShow, this, &EditMenu::update);
+    connect(m_menu, &QMenu::aboutToShow, this, [this] {
+        update();
+        updateFind(searchedTable());
+    });
+    // Tables come into sight in many ways: the keys work at any time, and give the reason if there
+    // is none.
+    connect(m_menu, &QMenu::aboutToHide, this, [this] { updateFind(true); });
+    updateFind(true);
     connect(qApp, &QApplication::focusChanged, this,
             [this](QWidget *, QWidget *now) { onFocusChanged(now); });
     update();
@@ -70,8 +77,7 @@ QAction *EditMenu::add(const char *name, const QString &text, const QKeySequence
     action->setObjectName(QLatin1String(name));
     action->setShortcut(keys);
     connect(action, &QAction::triggered, this, &EditMenu::restoreSelection);
-    if (command)
-        connect(action, &QAction::triggered, this, command);
+    connect(action, &QAction::triggered, this, command);
     return action;
 }
 
@@ -84,9 +90,8 @@ void EditMenu::onFocusChanged(QWidget *now)
         m_focus->removeEventFilter(this);
     m_focus = now;
     m_focus->installEventFilter(this);
-    QTableView *table = Utils::TableCommands::tableAround(now);
-    if (table || !m_findBar->isAncestorOf(now))
-        m_findBar->setTable(table ? table : m_findBar->isVisible() ? m_findBar->table() : nullptr);
+    if (QTableView *table = Utils::TableCommands::tableAround(now))
+        m_findBar->setTable(table);
     update();
 }
 
@@ -138,9 +143,35 @@ void EditMenu::update()
     m_selectAll->setEnabled((line && !line->text().isEmpty()) ||
                             (text && !text->document()->isEmpty()) ||
                             (table && table->model()->rowCount() > 0));
-    const QTableView *searched = m_findBar->table();
-    for (QAction *action : {m_find, m_findNext, m_findPrevious})
-        action->setEnabled(searched && searched->isVisible());
+}
+
+void EditMenu::updateFind(bool enabled)
+{
+    for (QAction *action : {m_find, m_findNext, m_findPrevious}) {
+        action->setEnabled(enabled);
+        action->setStatusTip(enabled ? tr("Find rows of the table by a text") : noTable());
+    }
+}
+
+QString EditMenu::noTable()
+{
+    return tr("Find searches tables, and there is none in view.");
+}
+
+/// The table that had the focus last, or the first one of the current view; null if none is in
+/// sight.
+QTableView *EditMenu::searchedTable() const
+{
+    QTableView *last = m_findBar->table();
+    if (last && last->isVisible())
+        return last;
+    const Core::IView *view = Core::ViewArea::get()->activeView();
+    const auto tables = view ? view->findChildren<QTableView *>() : QList<QTableView *>();
+    for (QTableView *table : tables) {
+        if (table->isVisible() && table->model())
+            return table;
+    }
+    return nullptr;
 }
 
 void EditMenu::cut()
@@ -191,9 +222,30 @@ void EditMenu::selectAll()
         to.table->selectAll();
 }
 
+void EditMenu::search(void (Utils::FindBar::*command)())
+{
+    if (QTableView *table = searchedTable()) {
+        m_findBar->setTable(table);
+        (m_findBar->*command)();
+        return;
+    }
+    QStatusTipEvent reason(noTable());
+    QApplication::sendEvent(m_window, &reason);
+}
+
 void EditMenu::find()
 {
-    m_findBar->open();
+    search(&Utils::FindBar::open);
+}
+
+void EditMenu::findNext()
+{
+    search(&Utils::FindBar::findNext);
+}
+
+void EditMenu::findPrevious()
+{
+    search(&Utils::FindBar::findPrevious);
 }
 
 } // namespace Workbench

@@ -30,7 +30,8 @@ public:
     /// Owned by the window.
     QMenu *menu() const { return m_menu; }
 
-    /// To be placed by the window. Searches the table that has the focus.
+    /// To be placed by the window. Searches the table that has the focus or had it last, else the
+    /// first one of the current view.
     Utils::FindBar *findBar() const { return m_findBar; }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -50,12 +51,18 @@ private:
     Target target() const;
     void restoreSelection();
     void update();
+    void updateFind(bool enabled);
+    static QString noTable();
+    QTableView *searchedTable() const;
+    void search(void (Utils::FindBar::*command)());
     void cut();
     void copy();
     void paste();
     void fillDown();
     void selectAll();
     void find();
+    void findNext();
+    void findPrevious();
 
     QWidget *const m_window;
     QMenu *const m_menu;

@@ -4,6 +4,7 @@
 
 #include "workbench/checks/checks.h"
 #include "workbench/documents.h"
+#include "workbench/editcatalogue.h"
 #include "workbench/editmenu.h"
 #include "workbench/panes/messagespane.h"
 #include "workbench/projects/lastproject.h"
@@ -137,6 +138,10 @@ void MainWindow::createOtherMenus()
     m_chooseDevice->setObjectName(QStringLiteral("chooseDevice"));
     setIconsWhenShown(device, {{m_chooseDevice, QStyle::SP_ComputerIcon}});
     m_chooseDevice->setStatusTip(tr("Choose the project's device from the catalogue"));
+    QAction *edit =
+        device->addAction(tr("&Edit catalogue\u2026"), this, [this] { editCatalogue(this); });
+    edit->setObjectName(QStringLiteral("editCatalogue"));
+    edit->setStatusTip(tr("Add devices and cell libraries of your own"));
 
     menuBar()->addMenu(m_checks->menu());
     menuBar()->addMenu(m_viewMenu);

@@ -42,6 +42,7 @@ ProjectTree::ProjectTree(QWidget *parent)
     setHeaderHidden(true);
     setFrameShape(QFrame::NoFrame);
     setUniformRowHeights(true);
+    setTextElideMode(Qt::ElideMiddle);
     setExpandsOnDoubleClick(false);
     connect(this, &QTreeWidget::itemActivated, this, &ProjectTree::onItemActivated);
     connect(Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this,
@@ -79,9 +80,9 @@ void ProjectTree::rebuild()
     root->setFont(0, bold);
 
     const QString id = TE::DeviceSelection::get()->deviceID();
-    auto *device = new QTreeWidgetItem(
-        root, {id.isEmpty() ? tr("No device chosen") : tr("Device: %1").arg(id)});
+    auto *device = new QTreeWidgetItem(root, {id.isEmpty() ? tr("No device chosen") : id});
     device->setIcon(0, icon(QStyle::SP_ComputerIcon));
+    device->setToolTip(0, plainToolTip(tr("The project's device: %1").arg(id)));
     device->setData(0, IsDeviceRole, true);
 
     addFiles(root, tr("Files"), project->files(), true);

@@ -1,19 +1,21 @@
 #include "workbench/session.h"
 
 #include "workbench/application.h"
+#include "workbench/iconstyle.h"
 
 #include "host/core/projectsession.h"
 #include "host/core/viewarea.h"
 #include "host/extsys/pluginmanager.h"
 #include "host/utils/columnsharing.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 namespace Workbench {
 
 Session::Session(const QString &plugins)
-    : m_window(std::make_unique<MainWindow>())
 {
+    QApplication::setStyle(new IconStyle);
+    m_window = std::make_unique<MainWindow>();
     Utils::ColumnSharing::setEnabled(true);
     auto *manager = ExtSys::PluginManager::instance();
     manager->loadFolder(plugins.isEmpty() ? pluginFolder() : plugins);

@@ -100,9 +100,9 @@ void FindBar::open()
 
 void FindBar::close()
 {
-    hide();
-    if (m_table)
+    if (m_table) // first: hiding would give the focus to some other widget
         m_table->setFocus();
+    hide();
 }
 
 void FindBar::findWhileTyped()

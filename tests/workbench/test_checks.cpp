@@ -52,7 +52,7 @@ private:
     }
     QString status()
     {
-        return window().findChild<QToolButton *>(QStringLiteral("checksStatus"))->text();
+        return window().findChild<QToolButton *>(QStringLiteral("checksStatus"))->text().trimmed();
     }
     QString state() { return window().findChild<QLabel *>(QStringLiteral("checksState"))->text(); }
     QString rules();
@@ -166,7 +166,7 @@ void TestChecks::filtersAndCopies()
     list()->window()->activateWindow();
     action("showChecks")->trigger();
     auto *errors = window().findChild<QToolButton *>(QStringLiteral("errorLevel"));
-    QCOMPARE(errors->text(), QStringLiteral("1 error"));
+    QCOMPARE(errors->text().trimmed(), QStringLiteral("1 error"));
     QTest::mouseClick(errors, Qt::LeftButton);
     QCOMPARE(list()->model()->rowCount(), 1);
     QCOMPARE(list()->model()->index(0, 1).data().toString(), QStringLiteral("unknown-element"));

@@ -1,9 +1,16 @@
 #include "workbench/devicedialog.h"
 
+#include "workbench/editcatalogue.h"
+
 #include "host/dev/devicecatalogue.h"
+#include "support/modaldriver.h"
 #include "support/testhost.h"
 
+#include <QAbstractButton>
+#include <QDesktopServices>
+#include <QFileInfo>
 #include <QLabel>
+#include <QMessageBox>
 #include <QTreeView>
 #include <QtTest>
 
@@ -14,6 +21,14 @@ class TestDeviceDialog : public QObject
 private slots:
     void warnsAboutDevicesWithoutSupplies_data();
     void warnsAboutDevicesWithoutSupplies();
+    void opensOwnCatalogue_data();
+    void opensOwnCatalogue();
+
+public slots:
+    void openUrl(const QUrl &url) { m_opened = url.toLocalFile(); }
+
+private:
+    QString m_opened;
 };
 
 void TestDeviceDialog::warnsAboutDevicesWithoutSupplies_data()
@@ -44,9 +59,38 @@ void TestDeviceDialog::warnsAboutDevicesWithoutSupplies()
              hasSupplies ? QStringLiteral("yes") : QStringLiteral("none"));
     const auto labels = dialog.findChildren<QLabel *>();
     const bool warned = std::any_of(labels.begin(), labels.end(), [](QLabel *label) {
-        return label->text().contains(QLatin1String("will be closed"));
+        return !label->isHidden() && label->text().contains(QLatin1String("will be closed"));
     });
     QCOMPARE(warned, !hasSupplies);
+}
+
+void TestDeviceDialog::opensOwnCatalogue_data()
+{
+    QTest::addColumn<QString>("opened");
+    QTest::newRow("&d") << QStringLiteral("/devices.json");
+    QTest::newRow("&c") << QStringLiteral("/cells");
+}
+
+void TestDeviceDialog::opensOwnCatalogue()
+{
+    QFETCH(QString, opened);
+    TestHost host;
+    const QString file = DEV::DeviceCatalogue::userFile();
+    QDesktopServices::setUrlHandler(QStringLiteral("file"), this, "openUrl");
+    ModalDriver driver([&file](QWidget *box) {
+        QVERIFY(qobject_cast<QMessageBox *>(box)->text().contains(file));
+        const auto buttons = box->findChildren<QAbstractButton *>();
+        for (QAbstractButton *button : buttons) {
+            if (button->text().contains(QLatin1String(QTest::currentDataTag())))
+                button->click();
+        }
+    });
+    Workbench::editCatalogue(nullptr);
+    QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+    QCOMPARE(m_opened, QFileInfo(file).path() + opened);
+    QVERIFY(QFileInfo::exists(m_opened));
+    QString error; // what it begins with can be read
+    QVERIFY2(DEV::DeviceCatalogue::get()->addFile(file, &error), qPrintable(error));
 }
 
 QTEST_MAIN(TestDeviceDialog)

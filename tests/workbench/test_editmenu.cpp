@@ -122,7 +122,7 @@ void TestEditMenu::actsOnTheField()
     QCOMPARE((*box)->text(), text);
     window().messages()->setFocus();
     window().messages()->selectAll();
-    QCOMPARE(enabled(), QStringLiteral("copy selectAll")); // it is only read
+    QVERIFY(enabled().startsWith(QLatin1String("copy selectAll"))); // it is only read
 }
 
 void TestEditMenu::findsInTheTableOfTheFocus()
@@ -135,9 +135,23 @@ void TestEditMenu::findsInTheTableOfTheFocus()
     QCOMPARE(table->currentIndex().row(), 0);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_F3);
     QCOMPARE(table->currentIndex().row(), 1);
-    m_open->findChild<QTabWidget *>()->setCurrentIndex(0);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     QVERIFY(!bar->isVisible());
-    QVERIFY(!action("find")->isEnabled() || bar->table() != table);
+    QVERIFY(table->hasFocus());
+
+    // A page without a table says why, the next one needs no focus in its table.
+    auto *pages = m_open->findChild<QTabWidget *>();
+    pages->setCurrentIndex(0);
+    QTest::keyClick(&window(), Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(!bar->isVisible());
+    QVERIFY(window().statusBar()->currentMessage().contains(QLatin1String("none in view")));
+    QVERIFY(!enabled().contains(QLatin1String("find")));
+    pages->setCurrentIndex(1);
+    window().messages()->setFocus();
+    QTest::keyClick(&window(), Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(bar->isVisible() && bar->table() != table && bar->table()->isVisible());
+    pages->setCurrentIndex(0);
+    QVERIFY(!bar->isVisible());
 }
 
 void TestEditMenu::statusBarFollowsTheFocus()

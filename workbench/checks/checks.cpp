@@ -18,6 +18,7 @@
 #include <QPointer>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTimer>
 #include <QToolButton>
 
 namespace Workbench {
@@ -29,7 +30,7 @@ Checks::Checks(QMainWindow *window)
     , m_dock(new QDockWidget(tr("Checks"), window))
     , m_menu(new QMenu(tr("&Checks"), window))
     , m_status(new QToolButton(window))
-    , m_review(new QAction(tr("&Review Names..."), this))
+    , m_review(new QAction(tr("&Review Names\u2026"), this))
 {
     auto *pane = new ChecksPane(m_service, {m_review});
     m_dock->setObjectName(QStringLiteral("checksDock"));
@@ -41,6 +42,11 @@ Checks::Checks(QMainWindow *window)
     m_status->setToolTip(tr("Show the checks"));
     createMenu();
     connect(m_status, &QToolButton::clicked, this, &Checks::showPane);
+    // The tab of a pane too low for a row of the list.
+    connect(m_dock, &QDockWidget::visibilityChanged, this, [this, pane](bool visible) {
+        if (visible && pane->height() < m_dock->fontMetrics().height() * 4)
+            QTimer::singleShot(0, this, &Checks::growPane);
+    });
     connect(pane, &ChecksPane::recordWanted, this, &Checks::goTo);
     connect(m_service, &CheckService::changed, this, &Checks::update);
     connect(m_service, &CheckService::message, this, &Checks::message);
@@ -95,7 +101,7 @@ void Checks::update()
                                : counts.warnings ? Check::Level::Warning
                                                  : Check::Level::Note;
     m_dock->setWindowTitle(tr("Checks (%1)").arg(summary(counts)));
-    m_status->setText(summary(counts));
+    m_status->setText(QLatin1Char(' ') + summary(counts)); // away from the icon
     m_status->setIcon(isClean ? m_status->style()->standardIcon(QStyle::SP_DialogApplyButton)
                               : FindingsModel::icon(worst));
 }
@@ -105,7 +111,12 @@ void Checks::showPane()
     m_dock->show();
     m_dock->raise();
     m_dock->widget()->setFocus();
-    // At the start the panes leave their room to the views.
+    growPane();
+}
+
+/// At the start the panes leave their room to the views.
+void Checks::growPane()
+{
     const int useful = m_dock->fontMetrics().height() * 10;
     if (m_dock->height() < useful)
         m_window->resizeDocks({m_dock}, {useful}, Qt::Vertical);

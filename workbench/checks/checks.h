@@ -41,6 +41,7 @@ private:
     void update();
     void updateRecording();
     void showPane();
+    void growPane();
     void reviewNames();
     bool saveFirst(const QString &path);
     void goTo(const Check::Finding &finding, int occurrence);

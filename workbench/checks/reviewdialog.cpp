@@ -103,7 +103,7 @@ void ReviewDialog::setState(const QString &text, bool isError)
 
 void ReviewDialog::read()
 {
-    setState(tr("Comparing the names with the netlist..."));
+    setState(tr("Comparing the names with the netlist\u2026"));
     m_worker = std::make_unique<TE::Worker>([this](const TE::Worker &) {
         m_designInput = m_design->get(m_job.netlistPath, m_job.device, m_control.get());
         m_input = Check::readConfigurationInput(m_job.path);

@@ -37,6 +37,14 @@ public:
     {
     }
 
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        // Styles outline check boxes in a shade of this color: on dark, one that can be seen.
+        if (option->palette.color(QPalette::Base).lightness() < 128)
+            option->palette.setColor(QPalette::Window, option->palette.color(QPalette::Text));
+    }
+
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &,
                           const QModelIndex &index) const override
     {
@@ -112,10 +120,10 @@ void ReviewTree::setReview(const Check::NameReview &review)
         }
         addRecord(m_records.size() - 1, group);
         group->setText(NameColumn, record.rule);
-        group->setText(TargetColumn, tr("%n name(s)", nullptr, group->childCount())
-                                         .replace(QLatin1String("(s)"), QLatin1String("s")));
-        group->setText(ReasonColumn,
-                       tr("one replacement explains all %1").arg(group->childCount()));
+        const int count = group->childCount();
+        group->setText(TargetColumn, count == 1 ? tr("1 name") : tr("%1 names").arg(count));
+        group->setText(ReasonColumn, count == 1 ? record.reason
+                                                : tr("one replacement explains all %1").arg(count));
         group->setToolTip(NameColumn, plainToolTip(record.rule));
     }
     m_isFilling = false;

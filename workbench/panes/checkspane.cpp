@@ -139,7 +139,7 @@ void ChecksPane::updateButtons()
     const QStringList texts = summary(counts).split(QStringLiteral(", "));
     for (int i = 0; i < m_levels.size(); ++i) {
         m_levels.at(i)->setIcon(FindingsModel::icon(LEVELS[i]));
-        m_levels.at(i)->setText(texts[i]);
+        m_levels.at(i)->setText(QLatin1Char(' ') + texts[i]);
     }
 }
 

@@ -60,6 +60,12 @@ ProjectForm::ProjectForm(Kind kind, QWidget *parent)
     addRow(layout, tr("&Device:"), m_device, m_device->button());
     addRow(layout, tr("N&etlist:"), m_netlist, m_netlist->line());
     addRow(layout, tr("S&ynthesis:"), m_synthesis, m_synthesis->choice());
+    const auto buttons = findChildren<QPushButton *>(); // one column
+    int width = 0;
+    for (const QPushButton *button : buttons)
+        width = qMax(width, button->sizeHint().width());
+    for (QPushButton *button : buttons)
+        button->setMinimumWidth(width);
     connectFields();
 }
 
@@ -67,6 +73,11 @@ void ProjectForm::addRow(QFormLayout *layout, const QString &label, QWidget *row
 {
     auto *text = new QLabel(label);
     text->setBuddy(buddy);
+    // In the middle of the row's first line, however tall the row is.
+    int line = buddy == m_sources->list() ? 0 : buddy->sizeHint().height();
+    if (const auto *button = row->findChild<QPushButton *>())
+        line = qMax(line, button->sizeHint().height());
+    text->setFixedHeight(line);
     // A buddy inside a row of several widgets would not be called by the label.
     QString name = label;
     buddy->setAccessibleName(name.remove(QLatin1Char('&')).remove(QLatin1Char(':')));
