@@ -22,7 +22,7 @@ void closeGaps(RawModule *module)
 {
     RawBit highest = 0;
     for (const RawBit bit : module->bits) {
-        if (bit != constantBit)
+        if (bit != CONSTANT_BIT)
             highest = std::max(highest, bit);
     }
     if (highest <= 2 * quint64(module->bits.size()) + 16)
@@ -30,11 +30,11 @@ void closeGaps(RawModule *module)
     std::vector<RawBit> known = module->bits;
     std::sort(known.begin(), known.end());
     known.erase(std::unique(known.begin(), known.end()), known.end());
-    if (known.back() == constantBit)
+    if (known.back() == CONSTANT_BIT)
         known.pop_back();
     for (std::vector<RawBit> *bits : {&module->bits, &module->pinBits}) {
         for (RawBit &bit : *bits) {
-            if (bit == constantBit)
+            if (bit == CONSTANT_BIT)
                 continue;
             const auto it = std::lower_bound(known.begin(), known.end(), bit);
             const bool found = it != known.end() && *it == bit;
@@ -62,7 +62,7 @@ void nameBits(ModulePlan *plan)
         const RawVector &vector = plan->vector(index);
         for (quint32 place = 0; place < vector.count; ++place) {
             const RawBit bit = raw.bits[vector.first + place];
-            if (bit == constantBit)
+            if (bit == CONSTANT_BIT)
                 continue;
             if (bit >= plan->bits.size())
                 plan->bits.resize(size_t(bit) + 1);
@@ -97,7 +97,7 @@ void DesignPlan::indexModules()
     for (const CellKind &kind : m_raw.kinds) {
         const auto it = m_byName.find(kind.type);
         const bool hasContents = it != m_byName.end() && !m_raw.modules[it->second].blackbox;
-        m_contents.push_back(hasContents ? it->second : leaf);
+        m_contents.push_back(hasContents ? it->second : LEAF);
     }
 }
 
@@ -113,7 +113,7 @@ quint32 DesignPlan::findTop() const
             marked.push_back(i);
         for (const RawCell &cell : module.cells) {
             const quint32 inside = contents(cell.kind);
-            if (inside != leaf && inside != i)
+            if (inside != LEAF && inside != i)
                 used[inside] = true;
         }
     }
@@ -157,7 +157,7 @@ void DesignPlan::plan(quint32 index, int level)
     plan.nets = plan.bits.size();
     for (size_t i = 0; i < plan.raw->cells.size(); ++i) {
         const quint32 inside = contents(plan.raw->cells[i].kind);
-        if (inside != leaf) {
+        if (inside != LEAF) {
             this->plan(inside, level + 1);
             const ModulePlan &child = m_modules[inside];
             plan.instances += child.instances;
@@ -182,7 +182,7 @@ quint32 DesignPlan::findPort(quint32 module, quint32 portName)
             plan.portIndex.emplace(plan.raw->ports[i].portName, i);
     }
     const auto it = plan.portIndex.find(portName);
-    return it == plan.portIndex.end() ? leaf : it->second;
+    return it == plan.portIndex.end() ? LEAF : it->second;
 }
 
 void DesignPlan::checkCell(const ModulePlan &plan, size_t cellIndex)
@@ -200,13 +200,13 @@ void DesignPlan::checkCell(const ModulePlan &plan, size_t cellIndex)
         const quint32 end = raw.bitEnd(i);
         for (quint32 bit = pin.firstBit; bit < end; ++bit) {
             const RawBit number = raw.pinBits[bit];
-            if (number != constantBit &&
+            if (number != CONSTANT_BIT &&
                 (number >= plan.bits.size() || !plan.bits[number].exists()))
                 complain(pin, QStringLiteral("is connected to a bit that does not exist"));
         }
-        if (inside != leaf) {
+        if (inside != LEAF) {
             const quint32 port = findPort(inside, pin.portName);
-            if (port == leaf)
+            if (port == LEAF)
                 complain(pin, QStringLiteral("does not exist in the cell's module"));
             if (end - pin.firstBit > m_modules[inside].raw->ports[port].count)
                 complain(pin, QStringLiteral("is connected to more bits than it has"));
@@ -222,7 +222,7 @@ Direction DesignPlan::directionOf(const RawPin &pin, const CellKind &kind)
     const auto module = m_byName.find(kind.type);
     if (module != m_byName.end()) {
         const quint32 port = findPort(module->second, pin.portName);
-        if (port != leaf)
+        if (port != LEAF)
             return m_raw.modules[module->second].ports[port].direction;
     }
     const bool output = kind.library && kind.library->isOutput(m_raw.portNames[pin.portName]);

@@ -44,15 +44,15 @@ public:
     /// Throws ReadError.
     DesignPlan(RawNetlist *raw, const ElaborationLimits &limits);
 
-    static constexpr quint32 leaf = 0xffffffff;
+    static constexpr quint32 LEAF = 0xffffffff;
 
     quint32 top() const { return m_top; }
     const ModulePlan &module(quint32 index) const { return m_modules[index]; }
 
-    /// The port of that name of `module`, or leaf.
+    /// The port of that name of `module`, or `LEAF`.
     quint32 findPort(quint32 module, quint32 portName);
 
-    /// The module inside a cell of that kind, or leaf.
+    /// The module inside a cell of that kind, or `LEAF`.
     quint32 contents(quint32 kind) const { return m_contents[kind]; }
 
 private:

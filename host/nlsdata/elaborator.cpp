@@ -13,12 +13,12 @@ namespace NlsData {
 
 namespace {
 
-constexpr quint32 none = NetlistData::none;
-constexpr int firstPermille = 850;
-constexpr size_t reportInterval = 4096;
+constexpr quint32 NONE = NetlistData::NONE;
+constexpr int FIRST_PERMILLE = 850;
+constexpr size_t REPORT_INTERVAL = 4096;
 
 /// A possible driver of its net: a bidirectional pin.
-constexpr quint32 weakDriver = 0x80000000;
+constexpr quint32 WEAK_DRIVER = 0x80000000;
 
 QByteArray bytes(std::string_view text)
 {
@@ -33,7 +33,7 @@ public:
         , m_raw(raw)
         , m_control(control)
         , m_data(new NetlistData)
-        , m_firstName(raw.modules.size(), none)
+        , m_firstName(raw.modules.size(), NONE)
     {
         if (allNames)
             m_data->allNames = std::make_unique<NameTable>(raw.modules.size());
@@ -77,8 +77,8 @@ std::unique_ptr<NetlistData> Elaborator::run()
     m_data->nets.reserve(top.nets);
     m_data->instances.reserve(top.instances);
     addKinds();
-    m_frames.assign(top.bits.size(), none);
-    layOut(m_plan.top(), none, 0);
+    m_frames.assign(top.bits.size(), NONE);
+    layOut(m_plan.top(), NONE, 0);
     addPorts();
     if (m_data->allNames)
         m_data->allNames->link(*m_data, [this](quint32 net) { return findRoot(net); });
@@ -94,8 +94,8 @@ void Elaborator::addKinds()
         const CellKind &raw = m_raw.kinds[i];
         NetlistData::Kind kind;
         kind.type = bytes(raw.type);
-        kind.isModule = m_plan.contents(i) != DesignPlan::leaf;
-        if (raw.type == scopeInfo) {
+        kind.isModule = m_plan.contents(i) != DesignPlan::LEAF;
+        if (raw.type == SCOPE_INFO) {
             kind.isModule = true;
         } else if (!kind.isModule) {
             kind.isKnown = raw.library != nullptr;
@@ -136,7 +136,7 @@ void Elaborator::addAllNames(quint32 module)
         m_data->scopeModules.emplace_back(firstCell + cell, bytes(name));
 
     // Cells from the same source line share its position.
-    std::unordered_map<std::string_view, quint32> known{{std::string_view(), none}};
+    std::unordered_map<std::string_view, quint32> known{{std::string_view(), NONE}};
     std::vector<quint32> sources;
     for (const std::string_view source : raw.sources) {
         const auto [it, added] = known.try_emplace(source, quint32(m_data->names.size()));
@@ -163,7 +163,7 @@ void Elaborator::layOut(quint32 module, quint32 scope, size_t frame)
 {
     const ModulePlan &plan = m_plan.module(module);
     const RawModule &raw = *plan.raw;
-    if (m_firstName[module] == none)
+    if (m_firstName[module] == NONE)
         addNames(module);
     addNets(module, scope, frame);
     if (m_data->allNames)
@@ -173,19 +173,19 @@ void Elaborator::layOut(quint32 module, quint32 scope, size_t frame)
     const quint32 firstName = m_firstName[module] + quint32(raw.ports.size() + raw.nets.size());
     for (size_t i = 0; i < raw.cells.size(); ++i) {
         const auto row = quint32(m_data->instances.size());
-        if (m_control && row % reportInterval == 0)
-            m_control->report(firstPermille + int(row * (1000.0 - firstPermille) /
-                                                  double(m_data->instances.capacity() + 1)));
+        if (m_control && row % REPORT_INTERVAL == 0)
+            m_control->report(FIRST_PERMILLE + int(row * (1000.0 - FIRST_PERMILLE) /
+                                                   double(m_data->instances.capacity() + 1)));
         const quint32 kind = raw.cells[i].kind;
         m_data->instances.push_back({scope, firstName + quint32(i), kind});
         const quint32 inside = m_plan.contents(kind);
         if (m_data->allNames)
             addPins(raw, i);
-        if (inside == DesignPlan::leaf) {
+        if (inside == DesignPlan::LEAF) {
             connectLeaf(raw, i, row, frame);
             continue;
         }
-        m_frames.resize(frameEnd + m_plan.module(inside).bits.size(), none);
+        m_frames.resize(frameEnd + m_plan.module(inside).bits.size(), NONE);
         connectPorts(raw, i, inside, frame, frameEnd);
         layOut(inside, row, frameEnd);
         m_frames.resize(frameEnd);
@@ -198,11 +198,11 @@ void Elaborator::addNets(quint32 module, quint32 scope, size_t frame)
     for (size_t bit = 0; bit < plan.bits.size(); ++bit) {
         const ModulePlan::BitName &name = plan.bits[bit];
         quint32 &net = m_frames[frame + bit];
-        if (!name.exists() || net != none)
+        if (!name.exists() || net != NONE)
             continue;
         net = quint32(m_data->nets.size());
         m_data->nets.push_back({scope, m_firstName[module] + name.vector,
-                                plan.vector(name.vector).bitNumber(name.place), none});
+                                plan.vector(name.vector).bitNumber(name.place), NONE});
     }
 }
 
@@ -213,10 +213,10 @@ void Elaborator::connectLeaf(const RawModule &raw, size_t cell, quint32 instance
         const auto direction = Direction(raw.pins[i].direction);
         if (direction != Direction::Output && direction != Direction::Bidirectional)
             continue;
-        const quint32 driver = direction == Direction::Output ? instance : instance | weakDriver;
+        const quint32 driver = direction == Direction::Output ? instance : instance | WEAK_DRIVER;
         const quint32 bitEnd = raw.bitEnd(i);
         for (quint32 bit = raw.pins[i].firstBit; bit < bitEnd; ++bit) {
-            if (raw.pinBits[bit] != constantBit)
+            if (raw.pinBits[bit] != CONSTANT_BIT)
                 addDriver(m_frames[frame + raw.pinBits[bit]], driver);
         }
     }
@@ -234,11 +234,11 @@ void Elaborator::connectPorts(const RawModule &raw, size_t cell, quint32 inside,
         for (quint32 place = 0; place < count; ++place) {
             const RawBit outer = raw.pinBits[first + place];
             const RawBit inner = child.bits[port.first + place];
-            if (outer == constantBit || inner == constantBit)
+            if (outer == CONSTANT_BIT || inner == CONSTANT_BIT)
                 continue;
             const quint32 outerNet = m_frames[frame + outer];
             quint32 &innerNet = m_frames[insideFrame + inner];
-            if (innerNet == none)
+            if (innerNet == NONE)
                 innerNet = outerNet;
             else if (innerNet != outerNet)
                 join(innerNet, outerNet); // the module passes one port through to another
@@ -249,7 +249,7 @@ void Elaborator::connectPorts(const RawModule &raw, size_t cell, quint32 inside,
 void Elaborator::addDriver(quint32 net, quint32 driver)
 {
     quint32 &present = m_data->nets[net].driver;
-    if (present == none || (present & weakDriver && !(driver & weakDriver)))
+    if (present == NONE || (present & WEAK_DRIVER && !(driver & WEAK_DRIVER)))
         present = driver;
 }
 
@@ -261,7 +261,7 @@ void Elaborator::addPorts()
         for (quint32 place = 0; place < port.count; ++place) {
             const RawBit bit = top.raw->bits[port.first + place];
             m_data->ports.push_back({m_firstName[m_plan.top()] + i, port.bitNumber(place),
-                                     bit == constantBit ? none : m_frames[bit],
+                                     bit == CONSTANT_BIT ? NONE : m_frames[bit],
                                      quint8(port.direction)});
         }
     }
@@ -293,7 +293,7 @@ bool Elaborator::isBetterName(quint32 a, quint32 b) const
 {
     const auto level = [this](quint32 net) {
         int level = 0;
-        for (quint32 up = m_data->nets[net].scope; up != none; up = m_data->instances[up].scope)
+        for (quint32 up = m_data->nets[net].scope; up != NONE; up = m_data->instances[up].scope)
             ++level;
         return level;
     };
@@ -307,12 +307,12 @@ bool Elaborator::isBetterName(quint32 a, quint32 b) const
 void Elaborator::mergeNets()
 {
     std::vector<NetlistData::NetRow> &nets = m_data->nets;
-    std::vector<quint32> best(nets.size(), none);
+    std::vector<quint32> best(nets.size(), NONE);
     for (quint32 net = 0; net < nets.size(); ++net) {
         const quint32 root = findRoot(net);
-        if (best[root] == none || isBetterName(net, best[root]))
+        if (best[root] == NONE || isBetterName(net, best[root]))
             best[root] = net;
-        if (root != net && nets[net].driver != none)
+        if (root != net && nets[net].driver != NONE)
             addDriver(root, nets[net].driver);
     }
     std::vector<quint32> place(nets.size());
@@ -326,7 +326,7 @@ void Elaborator::mergeNets()
         kept.back().driver = nets[root].driver;
     }
     for (NetlistData::PortRow &port : m_data->ports) {
-        if (port.net != none)
+        if (port.net != NONE)
             port.net = place[findRoot(port.net)];
     }
     nets = std::move(kept);
@@ -336,15 +336,15 @@ void Elaborator::mergeNets()
 void Elaborator::settleDrivers()
 {
     for (const NetlistData::PortRow &port : m_data->ports) {
-        if (port.net == none || Direction(port.direction) != Direction::Input)
+        if (port.net == NONE || Direction(port.direction) != Direction::Input)
             continue;
         quint32 &driver = m_data->nets[port.net].driver;
-        if (driver & weakDriver)
-            driver = none;
+        if (driver & WEAK_DRIVER)
+            driver = NONE;
     }
     for (NetlistData::NetRow &net : m_data->nets) {
-        if (net.driver != none)
-            net.driver &= ~weakDriver;
+        if (net.driver != NONE)
+            net.driver &= ~WEAK_DRIVER;
     }
 }
 

@@ -7,7 +7,7 @@
 
 namespace NlsData {
 
-constexpr int maximumNesting = 64;
+constexpr int MAXIMUM_NESTING = 64;
 
 QString quoted(std::string_view text)
 {
@@ -77,7 +77,7 @@ std::string_view JsonWalk::key(ondemand::field &field) const
 
 void JsonWalk::skip(ondemand::value value, int depth) const
 {
-    if (depth > maximumNesting)
+    if (depth > MAXIMUM_NESTING)
         refuse(QStringLiteral("nested too deeply%1").arg(place()));
     switch (take(value.type(), "value")) {
     case ondemand::json_type::object:

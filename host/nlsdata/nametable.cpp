@@ -11,9 +11,9 @@ namespace NlsData {
 
 namespace {
 
-constexpr quint32 none = NameTable::none;
+constexpr quint32 NONE = NameTable::NONE;
 
-/// A key that sorts `none`, the scope of the top module, first.
+/// A key that sorts `NONE`, the scope of the top module, first.
 quint32 order(quint32 scope)
 {
     return scope + 1;
@@ -46,7 +46,7 @@ void NameTable::addModule(quint32 index, const ModulePlan &plan, quint32 firstNa
         module.bits.insert(module.bits.end(), begin, begin + vector.count);
     }
     for (const quint32 bit : module.bits) {
-        if (bit != constantBit)
+        if (bit != CONSTANT_BIT)
             ++module.first[bit];
     }
     quint32 end = 0;
@@ -56,8 +56,8 @@ void NameTable::addModule(quint32 index, const ModulePlan &plan, quint32 firstNa
     for (quint32 i = vectorCount; i-- > 0;) {
         for (quint32 place = plan.vector(i).count; place-- > 0;) {
             const quint32 bit = module.bits[module.vectors[i].first + place];
-            if (bit != constantBit)
-                module.names[--module.first[bit]] = {repeated[i] ? none : i, place};
+            if (bit != CONSTANT_BIT)
+                module.names[--module.first[bit]] = {repeated[i] ? NONE : i, place};
         }
     }
 
@@ -88,14 +88,14 @@ void NameTable::addCopy(quint32 module, quint32 scope, const quint32 *frame)
 
 void NameTable::link(const NetlistData &data, const std::function<quint32(quint32)> &root)
 {
-    std::vector<quint32> latest(data.nets.size(), none);
+    std::vector<quint32> latest(data.nets.size(), NONE);
     for (quint32 slot = 0; slot < m_next.size(); ++slot) {
-        if (m_next[slot] == none) { // a number that no bit has
+        if (m_next[slot] == NONE) { // a number that no bit has
             m_next[slot] = slot;
             continue;
         }
         quint32 &before = latest[root(m_next[slot])];
-        m_next[slot] = before == none ? slot : std::exchange(m_next[before], slot);
+        m_next[slot] = before == NONE ? slot : std::exchange(m_next[before], slot);
         before = slot;
     }
     m_next.shrink_to_fit();
@@ -158,7 +158,7 @@ quint32 NameTable::netOf(const NetlistData &data, quint32 slot) const
             return quint32(row - data.nets.begin());
         slot = m_next[slot];
     } while (slot != begin);
-    return none;
+    return NONE;
 }
 
 void NameTable::collect(const NetlistData &data, quint32 net, std::vector<Name> *names) const
@@ -175,14 +175,14 @@ void NameTable::collect(const NetlistData &data, quint32 net, std::vector<Name> 
         const Module &module = m_modules[copy->module];
         const quint32 bit = slot - copy->firstSlot;
         for (quint32 i = module.first[bit]; i < module.first[bit + 1]; ++i) {
-            if (module.names[i].vector == none)
+            if (module.names[i].vector == NONE)
                 continue;
             const Vector &vector = module.vectors[module.names[i].vector];
             const quint32 place = module.names[i].place;
             const qint32 number =
                 vector.isVector
                     ? vector.offset + qint32(vector.upto ? vector.count - 1 - place : place)
-                    : NetlistData::scalar;
+                    : NetlistData::SCALAR;
             names->push_back({copy->scope, vector.name, number, vector.generated});
         }
         slot = m_next[slot];
@@ -196,7 +196,7 @@ quint32 NameTable::findVector(const NetlistData &data, const Module &module,
     const auto found =
         std::lower_bound(module.byName.begin(), module.byName.end(), name,
                          [&](quint32 vector, std::string_view n) { return text(vector) < n; });
-    return found != module.byName.end() && text(*found) == name ? *found : none;
+    return found != module.byName.end() && text(*found) == name ? *found : NONE;
 }
 
 /// The net with that name in one copy of a module.
@@ -205,25 +205,25 @@ quint32 NameTable::findIn(const NetlistData &data, const Copy &copy, std::string
     const Module &module = m_modules[copy.module];
     const auto netAt = [&](const Vector &vector, quint32 place) {
         const quint32 bit = module.bits[vector.first + place];
-        return bit == constantBit ? constant : netOf(data, copy.firstSlot + bit);
+        return bit == CONSTANT_BIT ? CONSTANT : netOf(data, copy.firstSlot + bit);
     };
     quint32 found = findVector(data, module, name);
-    if (found != none && !module.vectors[found].isVector && module.vectors[found].count == 1)
+    if (found != NONE && !module.vectors[found].isVector && module.vectors[found].count == 1)
         return netAt(module.vectors[found], 0);
 
     const size_t bracket = name.rfind('[');
     if (bracket == std::string_view::npos || name.back() != ']')
-        return none;
+        return NONE;
     qint32 number = 0;
     const char *end = name.data() + name.size() - 1;
     const auto [stop, error] = std::from_chars(name.data() + bracket + 1, end, number);
     found = findVector(data, module, name.substr(0, bracket));
-    if (error != std::errc() || stop != end || found == none)
-        return none;
+    if (error != std::errc() || stop != end || found == NONE)
+        return NONE;
     const Vector &vector = module.vectors[found];
     const qint64 place = qint64(number) - vector.offset;
     if (!vector.isVector || place < 0 || place >= vector.count)
-        return none;
+        return NONE;
     return netAt(vector, vector.upto ? vector.count - 1 - quint32(place) : quint32(place));
 }
 
@@ -236,7 +236,7 @@ quint32 NameTable::find(const NetlistData &data, std::string_view path) const
 quint32 NameTable::findBelow(const NetlistData &data, const Copy &copy, std::string_view path) const
 {
     quint32 found = findIn(data, copy, path);
-    for (size_t slash = path.find('/'); found == none && slash != std::string_view::npos;
+    for (size_t slash = path.find('/'); found == NONE && slash != std::string_view::npos;
          slash = path.find('/', slash + 1)) {
         const auto key = std::pair(order(copy.scope), path.substr(0, slash));
         const auto child = std::lower_bound(m_children.begin(), m_children.end(), key,
@@ -252,7 +252,7 @@ quint32 NameTable::findBelow(const NetlistData &data, const Copy &copy, std::str
 void NameTable::forEachVector(const NetlistData &data,
                               const std::function<void(const VectorRow &)> &use) const
 {
-    std::vector<quint32> netOfSlot(m_next.size(), none);
+    std::vector<quint32> netOfSlot(m_next.size(), NONE);
     for (quint32 net = 0; net < data.nets.size(); ++net) {
         const Copy &copy = copyOf(data.nets[net].scope);
         const quint32 begin = copy.firstSlot + bitOf(data.nets[net], copy);
@@ -271,7 +271,7 @@ void NameTable::forEachVector(const NetlistData &data,
             nets.clear();
             for (quint32 place = 0; place < vector.count; ++place) {
                 const quint32 bit = module.bits[vector.first + place];
-                nets.push_back(bit == constantBit ? constant : netOfSlot[copy.firstSlot + bit]);
+                nets.push_back(bit == CONSTANT_BIT ? CONSTANT : netOfSlot[copy.firstSlot + bit]);
             }
             use({copy.scope, vector.name, vector.offset, vector.isVector, vector.upto, nets});
         }
@@ -282,7 +282,7 @@ quint32 NameTable::source(const NetlistData &data, quint32 instance) const
 {
     const NetlistData::InstanceRow &row = data.instances[instance];
     const Module &module = m_modules[copyOf(row.scope).module];
-    return module.sources.empty() ? none : module.sources[row.name - module.firstCell];
+    return module.sources.empty() ? NONE : module.sources[row.name - module.firstCell];
 }
 
 } // namespace NlsData

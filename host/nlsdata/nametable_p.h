@@ -17,7 +17,7 @@ struct ModulePlan;
 class NameTable
 {
 public:
-    static constexpr quint32 none = NetlistData::none;
+    static constexpr quint32 NONE = NetlistData::NONE;
 
     /// One name of a net, as the rows of NetlistData have it.
     struct Name
@@ -50,13 +50,13 @@ public:
     /// Appends all names of a net, with duplicates if two are spelled alike.
     void collect(const NetlistData &data, quint32 net, std::vector<Name> *names) const;
 
-    static constexpr quint32 constant = none - 1;
+    static constexpr quint32 CONSTANT = NONE - 1;
 
-    /// The net named `path`, `constant` for a bit with a constant value instead of a net, or
-    /// none.
+    /// The net named `path`, `CONSTANT` for a bit with a constant value instead of a net, or
+    /// `NONE`.
     quint32 find(const NetlistData &data, std::string_view path) const;
 
-    /// A name of a copy, with the nets of its bits, the lowest first: `constant` for fixed values.
+    /// A name of a copy, with the nets of its bits, the lowest first: `CONSTANT` for fixed values.
     struct VectorRow
     {
         quint32 scope;
@@ -92,8 +92,8 @@ private:
     };
     struct Module
     {
-        quint32 firstName = none;
-        quint32 firstCell = none; ///< name of the first cell
+        quint32 firstName = NONE;
+        quint32 firstCell = NONE; ///< name of the first cell
         std::vector<Vector> vectors;
         std::vector<quint32> bits;    ///< of the vectors, lowest first
         std::vector<quint32> first;   ///< by bit: its first name; one more than there are bits

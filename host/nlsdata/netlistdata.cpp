@@ -88,13 +88,13 @@ QString NetlistData::path(quint32 scope, quint32 name, qint32 bit) const
     // Composed backwards into a buffer that fits nearly every path.
     char number[16] = "[";
     size_t numberSize = 0;
-    if (bit != scalar) {
+    if (bit != SCALAR) {
         char *end = std::to_chars(number + 1, number + sizeof number - 1, bit).ptr;
         *end = ']';
         numberSize = size_t(end + 1 - number);
     }
     size_t size = names[name].size + numberSize;
-    for (quint32 up = scope; up != none; up = instances[up].scope)
+    for (quint32 up = scope; up != NONE; up = instances[up].scope)
         size += names[instances[up].name].size + 1;
 
     char small[512];
@@ -111,7 +111,7 @@ QString NetlistData::path(quint32 scope, quint32 name, qint32 bit) const
     };
     prepend({number, numberSize});
     prepend(nameText(name));
-    for (quint32 up = scope; up != none; up = instances[up].scope) {
+    for (quint32 up = scope; up != NONE; up = instances[up].scope) {
         prepend("/");
         prepend(nameText(instances[up].name));
     }
@@ -121,13 +121,13 @@ QString NetlistData::path(quint32 scope, quint32 name, qint32 bit) const
 Instance *NetlistData::driver(quint32 net) const
 {
     const quint32 row = nets[net].driver;
-    return row == none ? nullptr : &m_instances[row];
+    return row == NONE ? nullptr : &m_instances[row];
 }
 
 Net *NetlistData::netOf(quint32 port) const
 {
     const quint32 row = ports[port].net;
-    return row == none ? nullptr : &m_nets[row];
+    return row == NONE ? nullptr : &m_nets[row];
 }
 
 const QMap<QString, Net *> &NetlistData::netMap() const
@@ -143,7 +143,7 @@ const QMap<QString, Instance *> &NetlistData::instanceMap() const
 {
     std::call_once(m_instanceMapMade, [this] {
         m_instanceMap = byPath(m_instances, instances, [this](const InstanceRow &row) {
-            return path(row.scope, row.name, scalar);
+            return path(row.scope, row.name, SCALAR);
         });
     });
     return m_instanceMap;
@@ -152,7 +152,7 @@ const QMap<QString, Instance *> &NetlistData::instanceMap() const
 QString Instance::path() const
 {
     const NetlistData::InstanceRow &row = m_data->instances[m_row];
-    return m_data->path(row.scope, row.name, NetlistData::scalar);
+    return m_data->path(row.scope, row.name, NetlistData::SCALAR);
 }
 
 int Instance::category() const
@@ -179,7 +179,7 @@ Instance *Net::driver() const
 QString Port::path() const
 {
     const NetlistData::PortRow &row = m_data->ports[m_row];
-    return m_data->path(NetlistData::none, row.name, row.bit);
+    return m_data->path(NetlistData::NONE, row.name, row.bit);
 }
 
 int Port::direction() const

@@ -23,8 +23,8 @@ class NameTable;
 class HOST_EXPORT NetlistData
 {
 public:
-    static constexpr quint32 none = 0xffffffff;
-    static constexpr qint32 scalar = std::numeric_limits<qint32>::min();
+    static constexpr quint32 NONE = 0xffffffff;
+    static constexpr qint32 SCALAR = std::numeric_limits<qint32>::min();
 
     /// A name's bytes in `text`, in UTF-8.
     struct Name
@@ -81,7 +81,7 @@ public:
     Net *netOf(quint32 port) const;
     Net *net(quint32 row) const { return &m_nets[row]; }
     /// Null for none.
-    Instance *instance(quint32 row) const { return row == none ? nullptr : &m_instances[row]; }
+    Instance *instance(quint32 row) const { return row == NONE ? nullptr : &m_instances[row]; }
     static quint32 row(const Net &net) { return net.m_row; }
     static quint32 row(const Instance &instance) { return instance.m_row; }
 

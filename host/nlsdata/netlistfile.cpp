@@ -17,17 +17,17 @@ namespace NlsData {
 
 namespace {
 
-constexpr qint64 maximumSize = 0xffffffff; // the parser's
-constexpr qint64 chunk = 8 << 20;
-constexpr int readPermille = 250;
+constexpr qint64 MAXIMUM_SIZE = 0xffffffff; // the parser's
+constexpr qint64 CHUNK = 8 << 20;
+constexpr int READ_PERMILLE = 250;
 
 } // namespace
 
 PaddedText::PaddedText(size_t textSize)
-    : bytes(new char[textSize + NetlistParser::padding])
+    : bytes(new char[textSize + NetlistParser::PADDING])
     , size(textSize)
 {
-    std::memset(bytes.get() + size, 0, NetlistParser::padding);
+    std::memset(bytes.get() + size, 0, NetlistParser::PADDING);
 }
 
 NetlistFile::NetlistFile() = default;
@@ -49,7 +49,7 @@ NetlistFile loadNetlistFile(const QString &path, const ReadOptions &options)
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         throw ReadError{file.errorString()};
     const qint64 size = file.size();
-    if (size > maximumSize)
+    if (size > MAXIMUM_SIZE)
         throw ReadError{QStringLiteral("the file is larger than 4 GiB")};
 
     NetlistFile result;
@@ -58,7 +58,7 @@ NetlistFile loadNetlistFile(const QString &path, const ReadOptions &options)
     if (options.sha256)
         result.hasher = std::make_unique<TextHasher>(bytes);
     for (qint64 done = 0; done < size;) {
-        const qint64 count = file.read(bytes + done, std::min(chunk, size - done));
+        const qint64 count = file.read(bytes + done, std::min(CHUNK, size - done));
         if (count < 0)
             throw ReadError{file.errorString()};
         if (count == 0)
@@ -67,7 +67,7 @@ NetlistFile loadNetlistFile(const QString &path, const ReadOptions &options)
         if (result.hasher)
             result.hasher->add(size_t(done));
         if (options.control)
-            options.control->report(int(done * readPermille / size));
+            options.control->report(int(done * READ_PERMILLE / size));
     }
     return result;
 }

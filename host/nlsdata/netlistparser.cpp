@@ -8,10 +8,10 @@ namespace NlsData {
 
 namespace {
 
-constexpr int firstPermille = 250; // the file is in memory
-constexpr int lastPermille = 850;  // only elaboration is left
-constexpr size_t reportInterval = 4096;
-constexpr size_t maximumName = 0xffff; // bytes; paths of 256 levels stay within a QString
+constexpr int FIRST_PERMILLE = 250; // the file is in memory
+constexpr int LAST_PERMILLE = 850;  // only elaboration is left
+constexpr size_t REPORT_INTERVAL = 4096;
+constexpr size_t MAXIMUM_NAME = 0xffff; // bytes; paths of 256 levels stay within a QString
 
 /// Attributes are texts of binary digits; older tool versions write plain numbers.
 bool isTrue(std::string_view token)
@@ -21,7 +21,7 @@ bool isTrue(std::string_view token)
 
 } // namespace
 
-const size_t NetlistParser::padding = simdjson::SIMDJSON_PADDING;
+const size_t NetlistParser::PADDING = simdjson::SIMDJSON_PADDING;
 
 class NetlistParser::Private : private JsonWalk
 {
@@ -98,7 +98,7 @@ void NetlistParser::Private::report(const char *position)
     if (!m_control)
         return;
     const double share = double(position - text().data()) / double(text().size());
-    m_control->report(firstPermille + int(share * (lastPermille - firstPermille)));
+    m_control->report(FIRST_PERMILLE + int(share * (LAST_PERMILLE - FIRST_PERMILLE)));
 }
 
 RawNetlist NetlistParser::Private::parse(std::string_view text)
@@ -107,7 +107,7 @@ RawNetlist NetlistParser::Private::parse(std::string_view text)
     if (text.find_first_not_of(" \t\r\n") == std::string_view::npos)
         fail(simdjson::EMPTY, "");
     ondemand::document document;
-    check(m_parser.iterate(text, text.size() + padding).get(document), "netlist");
+    check(m_parser.iterate(text, text.size() + PADDING).get(document), "netlist");
     ondemand::object root;
     const simdjson::error_code error = document.get_object().get(root);
     if (error == simdjson::INCORRECT_TYPE)
@@ -131,8 +131,8 @@ RawNetlist NetlistParser::Private::parse(std::string_view text)
 std::string_view NetlistParser::Private::name(ondemand::field &field) const
 {
     const std::string_view name = key(field);
-    if (name.size() > maximumName)
-        refuse(QStringLiteral("a name is longer than %1 bytes%2").arg(maximumName).arg(place()));
+    if (name.size() > MAXIMUM_NAME)
+        refuse(QStringLiteral("a name is longer than %1 bytes%2").arg(MAXIMUM_NAME).arg(place()));
     return name;
 }
 
@@ -249,7 +249,7 @@ void NetlistParser::Private::readNets(ondemand::value value)
     for (auto result : object(value, "netnames")) {
         ondemand::field field = take(result, "netnames");
         RawVector net;
-        if (m_module->nets.size() % reportInterval == 0)
+        if (m_module->nets.size() % REPORT_INTERVAL == 0)
             report(field.key().raw());
         net.name = m_object = name(field);
         for (auto partResult : object(field.value(), "net")) {
@@ -270,11 +270,11 @@ void NetlistParser::Private::readBits(ondemand::value value, std::vector<RawBit>
         ondemand::value bit = take(result, "bits");
         if (take(bit.type(), "bits") == ondemand::json_type::string) {
             check(bit.get_raw_json_string().error(), "bits");
-            bits->push_back(constantBit);
+            bits->push_back(CONSTANT_BIT);
             continue;
         }
         const uint64_t number = take(bit.get_uint64(), "bits");
-        if (number > maximumBit)
+        if (number > MAXIMUM_BIT)
             fail(simdjson::NUMBER_OUT_OF_RANGE, "bits");
         bits->push_back(RawBit(number));
     }
@@ -284,7 +284,7 @@ void NetlistParser::Private::readCells(ondemand::value value)
 {
     for (auto result : object(value, "cells")) {
         ondemand::field field = take(result, "cells");
-        if (m_module->cells.size() % reportInterval == 0)
+        if (m_module->cells.size() % REPORT_INTERVAL == 0)
             report(field.key().raw());
         m_object = name(field);
         readCell(m_object, field.value());
@@ -323,7 +323,7 @@ void NetlistParser::Private::readCell(std::string_view name, ondemand::value val
         const CellDirection &given = m_directions[pin.portName];
         pin.direction = quint32(given.cell == m_cell ? given.direction : Direction::Unknown);
     }
-    if (m_withSources && type->name == scopeInfo) {
+    if (m_withSources && type->name == SCOPE_INFO) {
         m_module->sources.back() = m_scopeSource;
         m_module->scopeModules.emplace_back(quint32(m_module->cells.size()), m_scopeModule);
     }

@@ -14,7 +14,7 @@ class NetlistParser
 {
 public:
     /// Bytes that must be allocated after the text.
-    static const size_t padding;
+    static const size_t PADDING;
 
     /// `withSources`: keep the cells' source positions.
     NetlistParser(const CellLibrary &library, ReadControl *control, bool withSources = false);

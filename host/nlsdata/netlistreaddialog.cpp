@@ -20,8 +20,8 @@ namespace NlsData {
 
 namespace {
 
-constexpr int refreshInterval = 50;
-constexpr int usualDelay = 500;
+constexpr int REFRESH_INTERVAL = 50;
+constexpr int USUAL_DELAY = 500;
 
 } // namespace
 
@@ -47,7 +47,7 @@ NetlistReadDialog::NetlistReadDialog(const QString &path, ReadControl *control, 
     layout->addWidget(m_buttons);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &NetlistReadDialog::reject);
     connect(&m_timer, &QTimer::timeout, this, &NetlistReadDialog::refresh);
-    m_timer.start(refreshInterval);
+    m_timer.start(REFRESH_INTERVAL);
     refresh();
 }
 
@@ -124,7 +124,7 @@ Netlist *readNetlistFileWithDialog(QWidget *parent, const QString &path, QString
     Q_UNUSED(reread) // nothing is kept from one read to the next
     QString problem;
     std::unique_ptr<Netlist> netlist =
-        readNetlistWithDialog(parent, path, &problem, {}, usualDelay);
+        readNetlistWithDialog(parent, path, &problem, {}, USUAL_DELAY);
     NetlistNotices::get()->report(path, netlist.get(), problem);
     if (error && !netlist)
         *error = problem;

@@ -16,7 +16,7 @@ namespace NlsData {
 
 namespace {
 
-constexpr qint64 headBytes = 4096;
+constexpr qint64 HEAD_BYTES = 4096;
 
 QString text(std::string_view name)
 {
@@ -40,7 +40,7 @@ NetlistSummary summarize(const QString &path, ReadControl *control)
     NetlistSummary result;
     result.top = text(raw.modules[plan.top()].name);
     for (quint32 kind = 0; kind < counts.size(); ++kind) {
-        if (counts[kind] > 0 && plan.contents(kind) == DesignPlan::leaf)
+        if (counts[kind] > 0 && plan.contents(kind) == DesignPlan::LEAF)
             result.cellTypes[text(raw.kinds[kind].type)] += counts[kind];
     }
     return result;
@@ -70,7 +70,7 @@ bool looksLikeNetlist(const QString &path)
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return false;
-    return QString::fromUtf8(file.read(headBytes)).contains(beginning);
+    return QString::fromUtf8(file.read(HEAD_BYTES)).contains(beginning);
 }
 
 } // namespace NlsData

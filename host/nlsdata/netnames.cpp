@@ -105,7 +105,7 @@ NetNames::NetNames(const Netlist &netlist)
     , m_pins(new CellPins(m_data.kinds))
 {
     for (quint32 net = 0; net < m_data.nets.size(); ++net) {
-        if (m_data.nets[net].driver != NetlistData::none)
+        if (m_data.nets[net].driver != NetlistData::NONE)
             m_byDriver.push_back(net);
     }
     std::stable_sort(m_byDriver.begin(), m_byDriver.end(), [this](quint32 a, quint32 b) {
@@ -154,7 +154,7 @@ quint32 NetNames::number(const Net *net) const
 
 void NetNames::forEachVector(const std::function<void(const Vector &)> &use) const
 {
-    static_assert(Vector::CONSTANT == NameTable::constant);
+    static_assert(Vector::CONSTANT == NameTable::CONSTANT);
     m_data.allNames->forEachVector(m_data, [&](const NameTable::VectorRow &row) {
         use({m_data.instance(row.scope), m_data.nameText(row.name), row.isVector, row.offset,
              row.upto, row.nets});
@@ -175,12 +175,12 @@ void NetNames::forEachModule(
 Net *NetNames::find(const QString &name) const
 {
     const quint32 net = m_data.allNames->find(m_data, view(name.toUtf8()));
-    return net == NameTable::none || net == NameTable::constant ? nullptr : m_data.net(net);
+    return net == NameTable::NONE || net == NameTable::CONSTANT ? nullptr : m_data.net(net);
 }
 
 bool NetNames::has(const QString &name) const
 {
-    return m_data.allNames->find(m_data, view(name.toUtf8())) != NameTable::none;
+    return m_data.allNames->find(m_data, view(name.toUtf8())) != NameTable::NONE;
 }
 
 QList<Net *> NetNames::drivenBy(const Instance *instance) const
@@ -237,7 +237,7 @@ QString NetNames::module(const Instance *instance) const
 QString NetNames::source(const Instance *instance) const
 {
     const quint32 name = m_data.allNames->source(m_data, NetlistData::row(*instance));
-    if (name == NetlistData::none)
+    if (name == NetlistData::NONE)
         return QString();
     const std::string_view text = m_data.nameText(name);
     return QString::fromUtf8(text.data(), int(text.size()));

@@ -16,8 +16,8 @@ namespace NlsData {
 
 /// Number of a net bit within its module, or no net.
 using RawBit = quint32;
-constexpr RawBit constantBit = 0xffffffff;
-constexpr RawBit maximumBit = constantBit - 1;
+constexpr RawBit CONSTANT_BIT = 0xffffffff;
+constexpr RawBit MAXIMUM_BIT = CONSTANT_BIT - 1;
 
 /// The values are the contract's direction codes.
 enum class Direction : quint8 { Input, Output, Bidirectional, Unknown };
@@ -94,7 +94,7 @@ struct CellKind
 };
 
 /// The type of the cell that synthesis leaves for a flattened module instance.
-constexpr std::string_view scopeInfo = "$scopeinfo";
+constexpr std::string_view SCOPE_INFO = "$scopeinfo";
 
 struct RawNetlist
 {

@@ -8,15 +8,15 @@ namespace NlsData {
 
 namespace {
 
-constexpr size_t step = 1 << 20; // bytes between two checks for cancellation
+constexpr size_t STEP = 1 << 20; // bytes between two checks for cancellation
 
 } // namespace
 
 QByteArray sha256Of(std::string_view text)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    for (size_t done = 0; done < text.size(); done += step)
-        hash.addData(text.data() + done, int(std::min(step, text.size() - done)));
+    for (size_t done = 0; done < text.size(); done += STEP)
+        hash.addData(text.data() + done, int(std::min(STEP, text.size() - done)));
     return hash.result().toHex();
 }
 
@@ -66,7 +66,7 @@ void TextHasher::run()
             return;
         if (m_size == done)
             break;
-        const size_t count = std::min(step, m_size - done);
+        const size_t count = std::min(STEP, m_size - done);
         lock.unlock();
         hash.addData(m_text + done, int(count));
         done += count;

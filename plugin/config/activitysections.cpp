@@ -15,22 +15,22 @@ namespace {
 
 // In the order in which they are written.
 
-const NumberAttribute<VLT_ClkEnable> clockNumbers[] = {
+const NumberAttribute<VLT_ClkEnable> CLOCK_NUMBERS[] = {
     {ATTR_VALUE, &VLT_ClkEnable::enable}, {ATTR_QUAD1, &VLT_ClkEnable::quad1},
     {ATTR_QUAD2, &VLT_ClkEnable::quad2},  {ATTR_QUAD3, &VLT_ClkEnable::quad3},
     {ATTR_QUAD4, &VLT_ClkEnable::quad4},
 };
 
-const NumberAttribute<VLT_Port> portNumbers[] = {{ATTR_OUT_ENABLE, &VLT_Port::outEnable},
-                                                 {ATTR_CAPACITY, &VLT_Port::capacity}};
+const NumberAttribute<VLT_Port> PORT_NUMBERS[] = {{ATTR_OUT_ENABLE, &VLT_Port::outEnable},
+                                                  {ATTR_CAPACITY, &VLT_Port::capacity}};
 
-const NumberAttribute<VLT_BSRam> ramNumbers[] = {
+const NumberAttribute<VLT_BSRam> RAM_NUMBERS[] = {
     {ATTR_A_CLK_ENABLE, &VLT_BSRam::aEnable}, {ATTR_B_CLK_ENABLE, &VLT_BSRam::bEnable},
     {ATTR_A_READ, &VLT_BSRam::aRead},         {ATTR_A_WRITE, &VLT_BSRam::aWrite},
     {ATTR_B_READ, &VLT_BSRam::bRead},         {ATTR_B_WRITE, &VLT_BSRam::bWrite},
 };
 
-const NumberAttribute<VLT_Dff> dffNumbers[] = {{ATTR_VALUE, &VLT_Dff::value}};
+const NumberAttribute<VLT_Dff> DFF_NUMBERS[] = {{ATTR_VALUE, &VLT_Dff::value}};
 
 template<class Record, size_t count>
 Record readRecord(const QDomElement &element, const NumberAttribute<Record> (&numbers)[count])
@@ -64,7 +64,7 @@ bool readClocks(const QDomElement &root, double *value, const RecordSink<VLT_Clk
         return false;
     *value = numberFromText(section.attribute(ATTR_VALUE));
     forEachChild(section, NODE_CLOCK, [&add](const QDomElement &element) {
-        add(readRecord(element, clockNumbers), element);
+        add(readRecord(element, CLOCK_NUMBERS), element);
     });
     return true;
 }
@@ -75,7 +75,7 @@ void writeClocks(QXmlStreamWriter *writer, double value, const Records<VLT_ClkEn
     writer->writeAttribute(ATTR_VALUE, numberText(value));
     for (int i = 0; i < clocks.size(); ++i) {
         if (!clocks[i].name.isEmpty())
-            writeRecord(writer, NODE_CLOCK, clockNumbers, clocks[i]);
+            writeRecord(writer, NODE_CLOCK, CLOCK_NUMBERS, clocks[i]);
     }
     writer->writeEndElement();
 }
@@ -86,7 +86,7 @@ bool readPorts(const QDomElement &root, const RecordSink<VLT_Port> &add)
     if (section.isNull())
         return false;
     forEachChild(section, NODE_PORT, [&add](const QDomElement &element) {
-        VLT_Port port = readRecord(element, portNumbers);
+        VLT_Port port = readRecord(element, PORT_NUMBERS);
         port.type = element.attribute(ATTR_TYPE).toInt();
         add(std::move(port), element);
     });
@@ -99,7 +99,7 @@ void writePorts(QXmlStreamWriter *writer, const Records<VLT_Port> &ports)
         return;
     writer->writeStartElement(NODE_PORT_OUT_ENABLE);
     for (int i = 0; i < ports.size(); ++i) {
-        writeRecord(writer, NODE_PORT, portNumbers, ports[i]);
+        writeRecord(writer, NODE_PORT, PORT_NUMBERS, ports[i]);
         writer->writeAttribute(ATTR_TYPE, QString::number(ports[i].type));
     }
     writer->writeEndElement();
@@ -114,7 +114,7 @@ bool readBSRams(const QDomElement &root, BSRamDefaults *defaults, const RecordSi
     defaults->readProbability = defaultOf(section, ATTR_READ_PROBABILITY);
     defaults->writeProbability = defaultOf(section, ATTR_WRITE_PROBABILITY);
     forEachChild(section, NODE_BSRAM, [&add](const QDomElement &element) {
-        VLT_BSRam ram = readRecord(element, ramNumbers);
+        VLT_BSRam ram = readRecord(element, RAM_NUMBERS);
         ram.type = element.attribute(ATTR_TYPE).toInt();
         add(std::move(ram), element);
     });
@@ -131,7 +131,7 @@ void writeBSRams(QXmlStreamWriter *writer, const BSRamDefaults &defaults,
     for (int i = 0; i < rams.size(); ++i) {
         if (rams[i].name.isEmpty())
             continue;
-        writeRecord(writer, NODE_BSRAM, ramNumbers, rams[i]);
+        writeRecord(writer, NODE_BSRAM, RAM_NUMBERS, rams[i]);
         writer->writeAttribute(ATTR_TYPE, QString::number(rams[i].type));
     }
     writer->writeEndElement();
@@ -143,7 +143,7 @@ bool readDffs(const QDomElement &root, const RecordSink<VLT_Dff> &add)
     if (section.isNull())
         return false;
     forEachChild(section, NODE_INSTANCE, [&add](const QDomElement &element) {
-        add(readRecord(element, dffNumbers), element);
+        add(readRecord(element, DFF_NUMBERS), element);
     });
     return true;
 }
@@ -152,7 +152,7 @@ void writeDffs(QXmlStreamWriter *writer, const Records<VLT_Dff> &dffs)
 {
     writer->writeStartElement(NODE_LOCAL_ENABLE);
     for (int i = 0; i < dffs.size(); ++i)
-        writeRecord(writer, NODE_INSTANCE, dffNumbers, dffs[i]);
+        writeRecord(writer, NODE_INSTANCE, DFF_NUMBERS, dffs[i]);
     writer->writeEndElement();
 }
 

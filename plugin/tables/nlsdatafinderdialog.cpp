@@ -234,7 +234,7 @@ template<class Object, class Filter>
 void NlsDataFinderDialog::search(const QList<Object *> &objects, const QRegExp &pattern,
                                  Filter accepts, QVector<Object *> *found)
 {
-    constexpr int stride = 4096; // objects between two checks of the clock
+    constexpr int STRIDE = 4096; // objects between two checks of the clock
     const bool all = matchesEverything(pattern);
     const PlainPart plainPart(pattern);
     QStringList paths;
@@ -247,7 +247,7 @@ void NlsDataFinderDialog::search(const QList<Object *> &objects, const QRegExp &
     QElapsedTimer sinceEvents;
     sinceEvents.start();
     for (int i = 0; i < objects.size(); ++i) {
-        if (i % stride == stride - 1 && sinceEvents.hasExpired(100)) {
+        if (i % STRIDE == STRIDE - 1 && sinceEvents.hasExpired(100)) {
             const bool stop = !goOn(i, objects.size());
             if (!self)
                 return;

@@ -115,7 +115,7 @@ public:
             return;
         emit aboutToSort();
         const PersistentRecords kept = persistentRecords();
-        if (key.sortText && m_records.size() >= manyRows)
+        if (key.sortText && m_records.size() >= MANY_ROWS)
             sortByText(key.sortText, order);
         else
             std::stable_sort(m_records.begin(), m_records.end(), compare);
@@ -137,7 +137,7 @@ public:
     /// later rows, so many rows are removed in one pass inside a reset.
     void removeRecords(const QVector<int> &rows) final
     {
-        if (rows.size() < manyRows) {
+        if (rows.size() < MANY_ROWS) {
             std::for_each(rows.rbegin(), rows.rend(), [this](int row) { remove(row); });
             return;
         }
@@ -170,7 +170,7 @@ protected:
     }
 
 private:
-    static constexpr int manyRows = 200;
+    static constexpr int MANY_ROWS = 200;
 
     using PersistentRecords = QVector<std::pair<QModelIndex, const Record *>>;
 

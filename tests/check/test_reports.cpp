@@ -1,8 +1,5 @@
 #include "check/report/report.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QtTest>
 
 using namespace Check;

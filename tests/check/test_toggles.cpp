@@ -3,9 +3,6 @@
 #include "check/activity/togglecounter.h"
 #include "host/nlsdata/readcontrol.h"
 
-#include <QProcess>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace Check;

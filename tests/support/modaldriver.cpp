@@ -1,9 +1,7 @@
 #include "support/modaldriver.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QMessageBox>
 #include <QtTest>
+#include <QtWidgets>
 
 ModalDriver::ModalDriver(Script script)
     : m_script(std::move(script))

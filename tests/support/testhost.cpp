@@ -11,10 +11,6 @@
 #include "host/te/flowcontrol.h"
 #include "qutil/ievent.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
-#include <QSettings>
 #include <QtTest>
 
 namespace {

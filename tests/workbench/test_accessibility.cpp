@@ -4,13 +4,8 @@
 
 #include "core/iview.h"
 
-#include <QAbstractButton>
-#include <QAbstractSpinBox>
-#include <QAccessible>
-#include <QComboBox>
-#include <QScrollBar>
-#include <QTabWidget>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 using namespace Workbench;
 

@@ -6,16 +6,8 @@
 #include "host/core/ifileopener.h"
 #include "host/core/projectfile.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QDockWidget>
-#include <QDoubleSpinBox>
-#include <QLabel>
-#include <QTabWidget>
-#include <QTableView>
-#include <QToolButton>
-#include <QTreeView>
 #include <QtTest>
+#include <QtWidgets>
 
 namespace {
 

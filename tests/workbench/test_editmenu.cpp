@@ -4,17 +4,8 @@
 #include "host/utils/findbar.h"
 #include "utils/tableview.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QDoubleSpinBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QStatusBar>
-#include <QTabWidget>
 #include <QtTest>
+#include <QtWidgets>
 
 /// The Edit menu on the tables and fields of a configuration, driven by keys.
 class TestEditMenu : public WindowTest

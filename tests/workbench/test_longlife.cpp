@@ -7,11 +7,8 @@
 #include "host/core/commandregistry.h"
 #include "host/core/viewarea.h"
 
-#include <QAbstractButton>
-#include <QDialogButtonBox>
-#include <QDoubleSpinBox>
-#include <QRandomGenerator>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <unistd.h>
 

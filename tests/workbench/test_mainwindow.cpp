@@ -10,15 +10,8 @@
 #include "host/core/viewarea.h"
 #include "host/te/deviceselection.h"
 
-#include <QAbstractButton>
-#include <QDoubleSpinBox>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QTranslator>
-#include <QTreeWidget>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace Workbench;
 

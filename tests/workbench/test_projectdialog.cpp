@@ -8,14 +8,8 @@
 #include "support/modaldriver.h"
 #include "support/testhost.h"
 
-#include <QComboBox>
-#include <QDir>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPlainTextEdit>
-#include <QPushButton>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace Workbench;
 

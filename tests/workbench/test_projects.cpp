@@ -9,18 +9,8 @@
 #include "host/core/viewarea.h"
 #include "workbench/textview.h"
 
-#include <QCheckBox>
-#include <QCommandLinkButton>
-#include <QDialogButtonBox>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPushButton>
-#include <QScrollArea>
-#include <QTreeWidget>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace Workbench;
 

@@ -6,12 +6,8 @@
 #include "host/core/viewarea.h"
 #include "workbench/projecttree.h"
 
-#include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QRegularExpression>
-#include <QTextBlock>
-#include <QToolButton>
 #include <QtTest>
+#include <QtWidgets>
 
 using Workbench::MessagesPane;
 using Workbench::ProjectTree;

@@ -5,10 +5,8 @@
 #include "host/core/commandregistry.h"
 #include "host/core/viewarea.h"
 
-#include <QAction>
-#include <QSignalSpy>
-#include <QTabWidget>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace Core;
 

@@ -5,11 +5,6 @@
 #include "host/core/projectsession.h"
 #include "support/testhost.h"
 
-#include <QDir>
-#include <QFile>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QSignalSpy>
 #include <QtTest>
 
 using namespace Core;

@@ -4,12 +4,8 @@
 #include "host/core/viewarea.h"
 #include "support/modaldriver.h"
 
-#include <QCloseEvent>
-#include <QDialog>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTabWidget>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <functional>
 

@@ -7,9 +7,6 @@
 #include "te/proinfomanager.h"
 #include "zum/voltage.h"
 
-#include <QDir>
-#include <QFile>
-#include <QSet>
 #include <QtTest>
 
 using namespace DEV;

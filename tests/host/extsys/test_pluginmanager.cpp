@@ -1,8 +1,5 @@
 #include "host/extsys/pluginmanager.h"
 
-#include <QFile>
-#include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using ExtSys::PluginManager;

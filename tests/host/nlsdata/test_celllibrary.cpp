@@ -2,9 +2,6 @@
 #include "host/nlsdata/readnetlist.h"
 #include "nlsdata/netlist.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace NlsData;

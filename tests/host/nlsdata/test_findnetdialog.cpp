@@ -7,13 +7,8 @@
 #include "nlsdata/netlist.h"
 #include "nlsdata/netlistreader.h"
 
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QPushButton>
-#include <QTemporaryDir>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <memory>
 

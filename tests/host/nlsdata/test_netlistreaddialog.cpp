@@ -6,13 +6,8 @@
 #include "host/nlsdata/readcontrol.h"
 #include "nlsdata/netlist.h"
 
-#include <QDialog>
-#include <QLabel>
-#include <QPointer>
-#include <QPushButton>
-#include <QSemaphore>
-#include <QTemporaryDir>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace NlsData;
 

@@ -9,9 +9,6 @@
 #include "support/testhost.h"
 #include "te/constants.h"
 
-#include <QDir>
-#include <QFile>
-#include <QSignalSpy>
 #include <QtTest>
 
 #include <cstdio>

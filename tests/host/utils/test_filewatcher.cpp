@@ -1,9 +1,5 @@
 #include "host/utils/filewatcher.h"
 
-#include <QDir>
-#include <QSaveFile>
-#include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using Utils::FileWatcher;

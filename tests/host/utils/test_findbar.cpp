@@ -1,13 +1,8 @@
 #include "host/utils/findbar.h"
 #include "utils/tableview.h"
 
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QStandardItemModel>
-#include <QToolButton>
-#include <QVBoxLayout>
 #include <QtTest>
+#include <QtWidgets>
 
 class TestFindBar : public QObject
 {

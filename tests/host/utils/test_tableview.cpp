@@ -2,18 +2,8 @@
 
 #include "host/utils/columnsharing.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QSettings>
-#include <QSpinBox>
-#include <QStandardItemModel>
-#include <QStatusBar>
-#include <QTemporaryDir>
 #include <QtTest>
+#include <QtWidgets>
 
 namespace {
 

@@ -45,7 +45,6 @@ private slots:
     void reportsWhyFileDoesNotOpen();
     void reopeningShowsExistingView();
     void reopenedWhileReadingNetlist();
-    void saveCommandFollowsActiveView();
     void saveCommandFollowsOpenEditor();
     void menusKeepTypedText_data();
     void menusKeepTypedText();
@@ -203,29 +202,6 @@ void TestVLTViewManager::reopenedWhileReadingNetlist()
     QCOMPARE(VLTViewManager::vltViews().size(), 1);
     VLTViewManager::closeView(m_host->path(QStringLiteral("./a.vlr")));
     QVERIFY(VLTViewManager::vltViews().isEmpty());
-}
-
-void TestVLTViewManager::saveCommandFollowsActiveView()
-{
-    VLT::VLTView *first = open("first.vlr");
-    VLT::VLTView *second = open("second.vlr");
-    QVERIFY(!saveCommand()->isEnabled());
-    first->setModified(true); // not the current one
-    QVERIFY(!saveCommand()->isEnabled());
-    QCOMPARE(saveCommand()->text(), QStringLiteral("&Save \"second.vlr\""));
-    second->setModified(true);
-    QVERIFY(saveCommand()->isEnabled());
-    QCOMPARE(saveCommand()->text(), QStringLiteral("&Save \"second.vlr*\""));
-
-    auto *other = new Core::IView; // of another plug-in
-    Core::ViewManager::instance()->showView(other);
-    QVERIFY(!saveCommand()->isEnabled());
-    Core::ViewManager::instance()->showView(second);
-    saveCommand()->trigger();
-    QVERIFY(!second->isModified());
-    QVERIFY(first->isModified());
-    QVERIFY(m_host->read(QStringLiteral("second.vlr")).contains("<Version>1.0</Version>"));
-    QCOMPARE(m_host->read(QStringLiteral("first.vlr")), EMPTY);
 }
 
 void TestVLTViewManager::saveCommandFollowsOpenEditor()

@@ -5,11 +5,8 @@
 #include "nlsdata/netlist.h"
 #include "nlsdata/netlistreader.h"
 
-#include <QCheckBox>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QTemporaryDir>
 #include <QtTest>
+#include <QtWidgets>
 
 #include <memory>
 

@@ -4,15 +4,8 @@
 #include "ratesfixture.h"
 #include "support/modaldriver.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QDoubleSpinBox>
-#include <QGroupBox>
-#include <QLineEdit>
-#include <QListView>
-#include <QMessageBox>
-#include <QRadioButton>
-#include <QToolButton>
+#include <QtTest>
+#include <QtWidgets>
 
 using namespace VLT;
 

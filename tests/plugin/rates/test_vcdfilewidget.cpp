@@ -3,12 +3,8 @@
 #include "ratesfixture.h"
 #include "support/modaldriver.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QToolButton>
+#include <QtTest>
+#include <QtWidgets>
 
 using namespace VLT;
 
