@@ -74,6 +74,11 @@ while time.monotonic() < deadline:
 process.send_signal(signal.SIGINT)
 assert process.wait(20) == 130, process.returncode
 PY
+[ -p report.fifo ]
+"$program" check --output report.fifo good.vlr &
+grep -qx '0 errors, 0 warnings, 0 notes' report.fifo
+wait $!
+"$program" check --output /dev/stdout good.vlr | grep -q ' 0 notes'
 
 # Without a project no netlist is found, and the rules that need none still apply.
 mkdir alone

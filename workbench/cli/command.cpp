@@ -6,9 +6,12 @@
 #include "workbench/cli/namescommand.h"
 #include "workbench/cli/scopescommand.h"
 
+#include "config/safewrite.h"
+
 #include <QCommandLineParser>
 #include <QDir>
-#include <QSaveFile>
+#include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <csignal>
@@ -96,15 +99,22 @@ bool writeOutput(const QString &path, const QByteArray &bytes)
             std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout) == size_t(bytes.size());
         return written && std::fflush(stdout) == 0;
     }
-    QSaveFile file(path);
-    // What cannot be replaced, such as a pipe, is written directly. Flushed before commit(), which
-    // does not notice when what it has still to write does not fit.
-    file.setDirectWriteFallback(true);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
-        file.commit())
-        return true;
+    QString cause;
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile()) { // a pipe or a device stays what it is
+        QFile file(path);
+        if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) &&
+            file.write(bytes) == bytes.size())
+            return true;
+        cause = file.errorString();
+    } else {
+        const VLT::WriteResult result = VLT::replaceFile(path, bytes);
+        if (result.isWritten())
+            return true;
+        cause = result.cause;
+    }
     std::fprintf(stderr, "workbench: cannot write %s: %s\n",
-                 qPrintable(QDir::toNativeSeparators(path)), qPrintable(file.errorString()));
+                 qPrintable(QDir::toNativeSeparators(path)), qPrintable(cause));
     return false;
 }
 
