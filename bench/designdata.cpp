@@ -78,7 +78,27 @@ void writeClock(QTextStream &out)
     writeVector(ports, QStringLiteral("result"), 40, 32, " \"direction\": \"output\", ");
 }
 
+/// The generated design repeats these three kinds of cells, in five.
+const char *cellBase(int i)
+{
+    return i % 5 < 3    ? "operand_FERN_LUT4_F"
+           : i % 5 == 3 ? "count_FERN_DFFE_Q"
+                        : "state_FERN_DFFER_Q";
+}
+
 } // namespace
+
+QString cellName(int i)
+{
+    return QStringLiteral("u_core%1.u_stage%2.%3_%4")
+        .arg(QString::number(i / 32 % 24), QString::number(i / 768 % 7), QLatin1String(cellBase(i)),
+             QString::number(i));
+}
+
+QString netName(int i)
+{
+    return QStringLiteral("u_core%1.operand_%2").arg(i / 32 % 24).arg(i / 32);
+}
 
 QStringList registerNames(int count)
 {
@@ -105,10 +125,8 @@ qint64 writeNetlist(const QString &path, int cells)
     for (int i = 0; i < cells; ++i) {
         // The output of cell i is bit 100 + i; inputs come from cells shortly before.
         const auto from = [i](int back) { return i < back ? 3 + i % 32 : 100 + i - back; };
-        const QString unit = QStringLiteral("u_core%1.u_stage%2.")
-                                 .arg(QString::number(i / 32 % 24), QString::number(i / 768 % 7));
+        members.next(cellName(i));
         if (i % 5 < 3) {
-            members.next(unit + QStringLiteral("operand_FERN_LUT4_F_%1").arg(i));
             writeCell(out, "FERN_LUT4", table, i,
                       {{"A", "input", from(1)},
                        {"B", "input", from(7)},
@@ -116,14 +134,12 @@ qint64 writeNetlist(const QString &path, int cells)
                        {"D", "input", from(65)},
                        {"F", "output", 100 + i}});
         } else if (i % 5 == 3) {
-            members.next(unit + QStringLiteral("count_FERN_DFFE_Q_%1").arg(i));
             writeCell(out, "FERN_DFFE", " ", i,
                       {{"CLK", "input", 2},
                        {"CE", "input", from(9)},
                        {"D", "input", from(1)},
                        {"Q", "output", 100 + i}});
         } else {
-            members.next(unit + QStringLiteral("state_FERN_DFFER_Q_%1").arg(i));
             writeCell(out, "FERN_DFFER", " ", i,
                       {{"CLK", "input", 2},
                        {"CE", "input", from(5)},
@@ -140,8 +156,7 @@ qint64 writeNetlist(const QString &path, int cells)
     writeVector(nets, QStringLiteral("data"), 3, 32, plain);
     writeVector(nets, QStringLiteral("result"), 40, 32, plain);
     for (int i = 0; i < cells; i += 32)
-        writeVector(nets, QStringLiteral("u_core%1.operand_%2").arg(i / 32 % 24).arg(i / 32),
-                    100 + i, qMin(32, cells - i), plain);
+        writeVector(nets, netName(i), 100 + i, qMin(32, cells - i), plain);
     for (int i = 0; i < cells; i += 6)
         writeVector(nets, QStringLiteral("u_core.carry_FERN_LUT4_F_%1").arg(i), 100 + i, 1,
                     " \"hide_name\": 1, \"attributes\": { }, ");

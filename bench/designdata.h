@@ -10,6 +10,11 @@
 /// size of the file in bytes.
 qint64 writeNetlist(const QString &path, int cells);
 
+/// Paths in that netlist, of a cell and of the vector that has the bit i % 32 for its output. Every
+/// fourth and fifth cell is a flip-flop.
+QString cellName(int i);
+QString netName(int i);
+
 /// Writes a flat netlist of `names.size()` flip-flops.
 void writeFlipFlops(const QString &path, const QStringList &names);
 

@@ -1,5 +1,7 @@
 #include "recorddata.h"
 
+#include "designdata.h"
+
 #include "config/filenames.h"
 
 #include <QFile>
@@ -132,6 +134,42 @@ QByteArray mixedFile(int count, const QString &activity)
     });
     writer.writeEndElement();
 
+    writer.writeEndElement();
+    return bytes;
+}
+
+QByteArray designFile(int count, int cells)
+{
+    const QString value = QStringLiteral("12.5");
+    // Instances 20 and 21 of 24 were called otherwise, and every twelfth cell had another number.
+    const auto before = [](QString name, int i) {
+        if (i / 32 % 24 == 20 || i / 32 % 24 == 21)
+            return name.replace(QLatin1String("u_core"), QLatin1String("u_cpu"));
+        return i % 12 == 0 ? name + QLatin1String("_gone") : name;
+    };
+
+    QByteArray bytes;
+    QXmlStreamWriter writer(&bytes);
+    begin(writer);
+    writer.writeStartElement(NODE_NET_RATE);
+    writer.writeAttribute(ATTR_TYPE, QStringLiteral("toggle"));
+    for (int record = 0; record < count * 2 / 5; ++record) {
+        const int i = int(qint64(record) * cells * 5 / (count * 2));
+        const QString name = before(netName(i), i) + QStringLiteral("[%1]").arg(i % 32);
+        element(writer, NODE_NET, {{ATTR_NAME, name}, {ATTR_VALUE, value}});
+    }
+    writer.writeEndElement();
+    writer.writeStartElement(NODE_PORT_OUT_ENABLE);
+    for (int i = 0; i < 32; ++i)
+        element(writer, NODE_PORT,
+                {{ATTR_NAME, QStringLiteral("result[%1]").arg(i)}, {ATTR_CAPACITY, value}});
+    writer.writeEndElement();
+    writer.writeStartElement(NODE_LOCAL_ENABLE);
+    for (int record = 0; record < count * 3 / 5; ++record) {
+        const int i = record / 2 * 5 + 3 + record % 2; // the flip-flops
+        element(writer, NODE_INSTANCE, {{ATTR_NAME, before(cellName(i), i)}, {ATTR_VALUE, value}});
+    }
+    writer.writeEndElement();
     writer.writeEndElement();
     return bytes;
 }

@@ -12,6 +12,11 @@ QByteArray flipFlopFile(const QStringList &names);
 /// for the activity files: all records name `activity`.
 QByteArray mixedFile(int count, const QString &activity);
 
+/// A file of about `count` records for a netlist that writeNetlist() made with `cells` cells, as
+/// after a change of the sources: of five names one is no longer in the netlist, half of these
+/// since an instance was renamed and half since synthesis has numbered the cells anew.
+QByteArray designFile(int count, int cells);
+
 /// Copies a document token by token: what writing the same elements costs at least.
 class TokenCopy
 {

@@ -1,6 +1,7 @@
 #include "check/configurationinput.h"
 
-#include <QCryptographicHash>
+#include "host/utils/sha256.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -34,7 +35,7 @@ ConfigurationInput configurationInput(const QString &path, const QByteArray &byt
     input.path = path;
     input.readable = true;
     input.bytes = bytes;
-    input.sha256 = QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex();
+    input.sha256 = Utils::Sha256::of({bytes.constData(), size_t(bytes.size())});
     input.configuration = VLT::readConfiguration(bytes, &input.report);
     return input;
 }

@@ -3,8 +3,6 @@
 #include "config/environmentcodes.h"
 #include "config/filenames.h"
 
-#include "nlsdata/netlist.h"
-
 #include <algorithm>
 
 namespace Check {
@@ -71,12 +69,20 @@ QString DesignObject::path() const
     return net ? net->path() : port ? port->path() : instance ? instance->path() : QString();
 }
 
-QString plainSpelling(QString name)
+QString plainSpelling(const QString &name)
 {
-    name.replace(QLatin1Char('.'), QLatin1Char('/'));
-    name.replace(QLatin1String(" ["), QLatin1String("["));
-    name.replace(QLatin1String("/\\"), QLatin1String("/"));
-    return name.startsWith(QLatin1Char('\\')) ? name.mid(1) : name;
+    const auto isSeparator = [](QChar c) { return c == QLatin1Char('/') || c == QLatin1Char('.'); };
+    QString plain;
+    plain.reserve(name.size());
+    for (int i = 0; i < name.size(); ++i) {
+        const QChar c = name.at(i);
+        const bool isFirst = i == 0 || isSeparator(name.at(i - 1));
+        const bool isBeforeBits = i + 1 < name.size() && name.at(i + 1) == QLatin1Char('[');
+        if ((c == QLatin1Char('\\') && isFirst) || (c == QLatin1Char(' ') && isBeforeBits))
+            continue;
+        plain += c == QLatin1Char('.') ? QLatin1Char('/') : c;
+    }
+    return plain;
 }
 
 DesignNames::DesignNames(const NlsData::Netlist &netlist)
@@ -86,6 +92,7 @@ DesignNames::DesignNames(const NlsData::Netlist &netlist)
     for (NlsData::Port *port : netlist.ports()) {
         if (port->net())
             m_ports.insert(port->net(), port);
+        m_portsByName.insert(port->path(), port);
     }
 }
 
@@ -120,25 +127,20 @@ void DesignNames::forEach(ObjectKind kind,
     }
 }
 
-QHash<QString, DesignObject> DesignNames::find(ObjectKind kind, const QSet<QString> &names) const
+DesignObject DesignNames::find(ObjectKind kind, const QString &name) const
 {
-    QHash<QString, DesignObject> found;
-    if (names.isEmpty())
-        return found;
-    if (kind == ObjectKind::Net) { // no search of all
-        for (const QString &name : names) {
-            NlsData::Net *net = m_nets.find(name);
-            if (net && net->path() == name)
-                found[name].net = net;
-        }
-        return found;
+    DesignObject object;
+    if (kind == ObjectKind::Net) {
+        NlsData::Net *net = m_nets.find(name);
+        object.net = net && net->path() == name ? net : nullptr; // not by another of its names
+    } else if (kind == ObjectKind::Port) {
+        object.port = m_portsByName.value(name);
+    } else {
+        std::call_once(m_instancesFound, [this] { m_instances.emplace(m_netlist.instances()); });
+        object.instance = m_instances->find(
+            name, [kind](const NlsData::Instance &instance) { return isOfKind(kind, instance); });
     }
-    forEach(kind, [&](const DesignObject &object) {
-        const QString path = object.path();
-        if (names.contains(path) && !found.contains(path))
-            found.insert(path, object);
-    });
-    return found;
+    return object;
 }
 
 QMultiHash<QString, DesignObject> DesignNames::findSpelled(ObjectKind kind,

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "check/names/pathtable.h"
 #include "host/nlsdata/netnames.h"
+
+#include "nlsdata/netlist.h"
 
 #include <QHash>
 #include <QSet>
@@ -9,10 +12,7 @@
 
 #include <functional>
 #include <mutex>
-
-namespace NlsData {
-class Port;
-} // namespace NlsData
+#include <optional>
 
 namespace Check {
 
@@ -55,7 +55,7 @@ struct Meaning
 
 /// Spelling that does not count: "." is "/", a "\" in front of a name and a blank before "[" are
 /// left out.
-QString plainSpelling(QString name);
+QString plainSpelling(const QString &name);
 
 /// Finds objects by what they are called and by what they drive. For a netlist that was read with
 /// all names, which is borrowed. Calls from several threads at once are safe.
@@ -69,8 +69,8 @@ public:
     const NlsData::NetNames &nets() const { return m_nets; }
     QString design() const; ///< name of the top module
 
-    /// The object that is called exactly so, for each of `names`; of one kind.
-    QHash<QString, DesignObject> find(ObjectKind kind, const QSet<QString> &names) const;
+    /// The object of that kind that is called exactly so.
+    DesignObject find(ObjectKind kind, const QString &name) const;
 
     /// The objects whose plain spelling is one of `spellings`, by spelling.
     QMultiHash<QString, DesignObject> findSpelled(ObjectKind kind,
@@ -98,6 +98,10 @@ private:
     const NlsData::Netlist &m_netlist;
     const NlsData::NetNames m_nets;
     QMultiHash<const NlsData::Net *, NlsData::Port *> m_ports;
+    QHash<QString, NlsData::Port *> m_portsByName;
+    mutable std::once_flag m_instancesFound;
+    mutable std::optional<PathTable<NlsData::Instance>>
+        m_instances; ///< filled when first asked for
     mutable std::once_flag m_modulesFound;
     mutable QMultiHash<QString, NlsData::Instance *> m_modules; ///< filled when first asked for
 };

@@ -117,11 +117,11 @@ const Meaning *NameMemory::find(const NamedRecord &record) const
 void NameMemory::update(const VLT::Configuration &configuration, const DesignNames &design,
                         const QSet<NamedRecord> &decided)
 {
-    const NamedObjectFinder objects(configuration, design);
     QMap<NamedRecord, Meaning> updated;
-    for (const ReviewedRecord &record : objects.records()) {
+    const QVector<ReviewedRecord> records = namedRecords(configuration, design);
+    for (const ReviewedRecord &record : records) {
         const NamedRecord key{record.section, record.name};
-        const DesignObject object = objects.object(record);
+        const DesignObject object = design.find(kindOf(record), record.name);
         const Meaning *meant = find(key);
         const NameState state = stateOf(kindOf(record), object, meant, design);
         const bool isNew = !meant || meant->names.isEmpty() || decided.contains(key);

@@ -121,8 +121,7 @@ NamePlan planOf(const NameReview &review, const VLT::Configuration &configuratio
             plan.edits.append({record.section, record.ordinal, record.name, record.proposal});
     }
     // A link of a chain that is not certain enough holds up those that end at it.
-    QVector<ReviewedRecord> records =
-        planned(NamedObjectFinder(configuration, design).records(), plan);
+    QVector<ReviewedRecord> records = planned(namedRecords(configuration, design), plan);
     resolveConflicts(&records, [](const ReviewedRecord &) { return true; });
     plan.edits.clear();
     for (const ReviewedRecord &record : qAsConst(records)) {
@@ -143,11 +142,10 @@ bool checkPlan(const NamePlan &plan, const ConfigurationInput &input, const Desi
         *error = QStringLiteral("the netlist has changed since the plan was made");
         return false;
     }
-    const QVector<ReviewedRecord> all = NamedObjectFinder(input.configuration, design).records();
+    const QVector<ReviewedRecord> all = namedRecords(input.configuration, design);
     QHash<QPair<QString, int>, QString> names;
     for (const ReviewedRecord &record : all)
         names.insert({record.section, record.ordinal}, record.name);
-    QHash<QString, QSet<QString>> targets;
     QSet<QPair<QString, int>> seen;
     for (const RecordEdit &edit : plan.edits) {
         const QPair<QString, int> place{edit.section, edit.ordinal};
@@ -160,17 +158,10 @@ bool checkPlan(const NamePlan &plan, const ConfigurationInput &input, const Desi
             return false;
         }
         seen.insert(place);
-        if (!edit.remove && edit.to != edit.from)
-            targets[edit.section].insert(edit.to);
-    }
-    for (auto it = targets.constBegin(); it != targets.constEnd(); ++it) {
         ObjectKind kind{};
-        kindOfSection(it.key(), &kind);
-        const QHash<QString, DesignObject> found = design.find(kind, *it);
-        for (const QString &target : *it) {
-            if (found.contains(target))
-                continue;
-            *error = QStringLiteral("the netlist has no %1 \"%2\"").arg(kindName(kind), target);
+        kindOfSection(edit.section, &kind);
+        if (!edit.remove && edit.to != edit.from && !design.find(kind, edit.to)) {
+            *error = QStringLiteral("the netlist has no %1 \"%2\"").arg(kindName(kind), edit.to);
             return false;
         }
     }

@@ -32,16 +32,24 @@ int &counterOf(NameState state, NameCounts *counts)
 
 } // namespace
 
-NamedObjectFinder::NamedObjectFinder(const VLT::Configuration &configuration,
+QVector<ReviewedRecord> namedRecords(const VLT::Configuration &configuration,
                                      const DesignNames &design)
 {
-    const auto add = [this](const QString &section, const auto &records, const auto &nameOf) {
+    QVector<ReviewedRecord> named;
+    const QString top = design.design();
+    named.reserve(configuration.rates.records.size() + configuration.files.records.size() +
+                  configuration.ports.records.size() + configuration.bsrams.records.size() +
+                  configuration.dffs.records.size());
+    const auto add = [&](const QString &section, const auto &records, const auto &nameOf) {
         for (int i = 0; i < records.size(); ++i) {
+            const QString name = nameOf(records.at(i));
+            if (name.isEmpty() || (section == VLT::NODE_FILE && name == top))
+                continue;
             ReviewedRecord record;
             record.section = section;
             record.ordinal = i + 1;
-            record.name = nameOf(records.at(i));
-            m_records.append(record);
+            record.name = name;
+            named.append(record);
         }
     };
     const auto name = [](const auto &record) { return record.name; };
@@ -51,23 +59,7 @@ NamedObjectFinder::NamedObjectFinder(const VLT::Configuration &configuration,
     add(VLT::NODE_PORT, configuration.ports.records, name);
     add(VLT::NODE_BSRAM, configuration.bsrams.records, name);
     add(VLT::NODE_INSTANCE, configuration.dffs.records, name);
-    const QString top = design.design();
-    m_records.erase(std::remove_if(m_records.begin(), m_records.end(),
-                                   [&top](const ReviewedRecord &record) {
-                                       return record.name.isEmpty() ||
-                                              (record.section == VLT::NODE_FILE &&
-                                               record.name == top);
-                                   }),
-                    m_records.end());
-
-    QHash<QString, QSet<QString>> names;
-    for (const ReviewedRecord &record : m_records)
-        names[record.section].insert(record.name);
-    for (auto it = names.constBegin(); it != names.constEnd(); ++it) {
-        ObjectKind kind{};
-        kindOfSection(it.key(), &kind);
-        m_objects.insert(it.key(), design.find(kind, *it));
-    }
+    return named;
 }
 
 ObjectKind kindOf(const ReviewedRecord &record)
@@ -107,18 +99,18 @@ NameState stateOf(ObjectKind kind, const DesignObject &object, const Meaning *me
 NameReview reviewNames(const VLT::Configuration &configuration, const NameMemory &memory,
                        const DesignNames &design, bool withProposals)
 {
-    const NamedObjectFinder finder(configuration, design);
-    QVector<ReviewedRecord> records = finder.records();
+    QVector<ReviewedRecord> records = namedRecords(configuration, design);
     NameReview review;
     for (ReviewedRecord &record : records) {
-        const DesignObject object = finder.object(record);
+        const DesignObject object = design.find(kindOf(record), record.name);
         const Meaning *meant = memory.find({record.section, record.name});
         record.state = stateOf(kindOf(record), object, meant, design);
         ++counterOf(record.state, &review.counts);
         if (record.state == NameState::Same)
             continue;
-        if (meant)
-            record.meant = meant->names;
+        if (!meant || meant->names.isEmpty())
+            continue;
+        record.meant = meant->names;
         if (object)
             record.now = design.meaning(kindOf(record), object).names;
     }

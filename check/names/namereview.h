@@ -28,7 +28,7 @@ struct ReviewedRecord
     QString name;
     NameState state = NameState::Unknown;
     QStringList meant; ///< as recorded; empty when nothing is
-    QStringList now;   ///< what it means now; empty when missing
+    QStringList now;   ///< what it means now; empty when missing or when `meant` is
     QString proposal;  ///< a name; empty: none, or removal of what is gone
     Certainty certainty = Certainty::None;
     QString reason; ///< for the proposal, or why there is none
@@ -52,26 +52,10 @@ struct NameReview
     bool needsAttention() const { return counts.moved + counts.missing > 0; }
 };
 
-/// The records of a configuration whose names are looked up in the netlist, with the objects that
-/// have the names. Activity files of the whole design, and clocks, are none.
-class NamedObjectFinder
-{
-public:
-    NamedObjectFinder(const VLT::Configuration &configuration, const DesignNames &design);
-
-    /// In the order of the file's sections.
-    const QVector<ReviewedRecord> &records() const { return m_records; }
-
-    /// The object that has the record's name; one that is no object when there is none.
-    DesignObject object(const ReviewedRecord &record) const
-    {
-        return m_objects.value(record.section).value(record.name);
-    }
-
-private:
-    QVector<ReviewedRecord> m_records;
-    QHash<QString, QHash<QString, DesignObject>> m_objects; // by section and name
-};
+/// The records of a configuration whose names are looked up in the netlist, in the order of the
+/// file's sections. Activity files of the whole design, and clocks, are none.
+QVector<ReviewedRecord> namedRecords(const VLT::Configuration &configuration,
+                                     const DesignNames &design);
 
 ObjectKind kindOf(const ReviewedRecord &record);
 

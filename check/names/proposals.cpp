@@ -172,13 +172,17 @@ void resolveConflicts(QVector<ReviewedRecord> *records,
 {
     for (bool changed = true; changed;) {
         changed = false;
-        // The old names of those that would have a name afterwards.
+        // The old names of those that would have a proposed name afterwards.
         QHash<NamedRecord, QSet<QString>> after;
         for (const ReviewedRecord &record : qAsConst(*records)) {
             if (!record.proposal.isEmpty())
                 after[{record.section, record.proposal}].insert(record.name);
-            else if (stays(record))
-                after[{record.section, record.name}].insert(record.name);
+        }
+        for (const ReviewedRecord &record : qAsConst(*records)) {
+            const auto proposed =
+                record.proposal.isEmpty() ? after.find({record.section, record.name}) : after.end();
+            if (proposed != after.end() && stays(record))
+                proposed->insert(record.name);
         }
         QSet<QString> rules;
         for (ReviewedRecord &record : *records) {

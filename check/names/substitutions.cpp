@@ -1,7 +1,5 @@
 #include "check/names/substitutions.h"
 
-#include "nlsdata/netlist.h"
-
 #include <algorithm>
 
 namespace Check {
@@ -10,19 +8,9 @@ namespace {
 
 constexpr int MAXIMUM_PARTS = 1000; // new parts to consider; more are no explanation
 
-// These stand for the replaced piece of a name; no name has them.
-constexpr QChar NET_KEY(1);
-constexpr QChar OBJECT_KEY(2);
-
 bool isSeparator(QChar c)
 {
     return c == QLatin1Char('/') || c == QLatin1Char('.');
-}
-
-/// Names of nets and names of objects are looked up apart.
-QString keyOf(const PathPart &part, bool isNet)
-{
-    return part.left + (isNet ? NET_KEY : OBJECT_KEY) + part.right;
 }
 
 bool isOpen(const ReviewedRecord &record)
@@ -32,27 +20,6 @@ bool isOpen(const ReviewedRecord &record)
 }
 
 } // namespace
-
-QVector<PathPart> partsOf(const QString &name, const QStringList &cellTypes)
-{
-    QVector<PathPart> parts;
-    const auto add = [&](int begin, int end) {
-        if (end > begin && end < name.size())
-            parts.append({name.left(begin), name.mid(begin, end - begin), name.mid(end)});
-    };
-    int begin = 0;
-    for (int i = 0; i < name.size(); ++i) {
-        if (!isSeparator(name.at(i)))
-            continue;
-        add(begin, i);
-        begin = i + 1;
-    }
-    if (name.endsWith(QLatin1Char(']')))
-        add(begin, name.lastIndexOf(QLatin1Char('[')));
-    for (const QString &type : cellTypes)
-        add(begin, name.indexOf(type, begin + 1));
-    return parts;
-}
 
 Substitutions::Substitutions(QVector<ReviewedRecord> *records, const DesignNames &design)
     : m_records(*records)
@@ -73,33 +40,77 @@ void Substitutions::propose()
             m_taken.insert(
                 {record.section, record.proposal.isEmpty() ? record.name : record.proposal});
     }
-    if (m_groups.isEmpty())
+    if (m_groups.empty())
         return;
     for (int i = 0; i < m_records.size(); ++i)
         addKept(i);
     search();
 
     // What explains most is tried first, of these what is highest up.
-    QVector<Prefix> order;
-    for (auto it = m_groups.constBegin(); it != m_groups.constEnd(); ++it)
-        order.append(it.key());
-    std::sort(order.begin(), order.end(), [this](const Prefix &a, const Prefix &b) {
-        const auto rank = [this](const Prefix &prefix) {
-            return std::make_tuple(-m_groups.constFind(prefix)->size(), prefix.first.size(),
-                                   prefix);
-        };
-        return rank(a) < rank(b);
+    std::sort(m_groups.begin(), m_groups.end(), [](const Group &a, const Group &b) {
+        if (a.members.size() != b.members.size())
+            return a.members.size() > b.members.size();
+        if (a.left.size() != b.left.size())
+            return a.left.size() < b.left.size();
+        return std::tie(a.left, a.part) < std::tie(b.left, b.part);
     });
-    for (const Prefix &prefix : qAsConst(order)) {
-        QVector<Member> members = m_groups.value(prefix);
-        members.erase(std::remove_if(members.begin(), members.end(),
-                                     [this](const Member &member) {
-                                         return !isOpen(m_records.at(member.record));
-                                     }),
-                      members.end());
-        if (!members.isEmpty() && !m_kept.contains(prefix))
-            tryGroup(prefix, members);
+    for (Group &group : m_groups) {
+        group.members.erase(std::remove_if(group.members.begin(), group.members.end(),
+                                           [this](const Member &member) {
+                                               return !isOpen(m_records.at(member.record));
+                                           }),
+                            group.members.end());
+        if (!group.isKept && group.members.size() > 1)
+            tryGroup(group);
     }
+}
+
+Substitutions::Parts Substitutions::partsOf(const QString &name, bool withCellTypes) const
+{
+    Parts parts;
+    const auto add = [&](int begin, int end) {
+        if (end > begin && end < name.size())
+            parts.append({begin, end});
+    };
+    int begin = 0;
+    for (int i = 0; i < name.size(); ++i) {
+        if (!isSeparator(name.at(i)))
+            continue;
+        add(begin, i);
+        begin = i + 1;
+    }
+    if (name.endsWith(QLatin1Char(']')))
+        add(begin, name.lastIndexOf(QLatin1Char('[')));
+    if (!withCellTypes)
+        return parts;
+    for (int i = begin + 1; (i = name.indexOf(QLatin1Char('_'), i)) >= 0; ++i) {
+        const QStringView rest = QStringView(name).mid(i);
+        if (std::any_of(m_cellTypes.begin(), m_cellTypes.end(),
+                        [rest](const QString &type) { return rest.startsWith(type); }))
+            add(begin, i);
+    }
+    return parts;
+}
+
+int Substitutions::findGroup(const QString &name, const PathHashes &hashes, const Part &part) const
+{
+    return m_groupNumbers.find(hashes.twoFronts(part.begin, part.end), [&](int number) {
+        const Group &group = m_groups[size_t(number)];
+        const QStringView path(name);
+        return path.left(part.begin) == group.left &&
+               path.mid(part.begin, part.end - part.begin) == group.part;
+    });
+}
+
+int Substitutions::findKey(const QString &name, const PathHashes &hashes, const Part &part,
+                           const QString &section, bool isNet) const
+{
+    return m_keyNumbers.find(hashes.frontAndBack(part.begin, part.end), [&](int number) {
+        const Key &key = m_keys[size_t(number)];
+        const QStringView path(name);
+        return key.isNet == isNet && key.section == section && path.left(part.begin) == key.left &&
+               path.mid(part.end) == key.right;
+    });
 }
 
 /// The names by which a record can be found again: those of its net, or else its own.
@@ -108,15 +119,28 @@ void Substitutions::addWitnesses(int index)
     const ReviewedRecord &record = m_records.at(index);
     const bool isNet = !record.meant.isEmpty() && kindOf(record) != ObjectKind::Instance;
     const QStringList witnesses = isNet ? record.meant : QStringList(record.name);
+    (isNet ? m_netSections : m_ownSections).insert(record.section);
     for (const QString &witness : witnesses) {
-        const QVector<PathPart> parts = partsOf(witness, isNet ? QStringList() : m_cellTypes);
-        for (const PathPart &part : parts) {
-            QVector<Member> &members = m_groups[{part.left, part.part}];
+        const PathHashes hashes(witness);
+        const Parts parts = partsOf(witness, !isNet);
+        for (const Part &part : parts) {
+            const QString left = witness.left(part.begin);
+            int group = findGroup(witness, hashes, part);
+            if (group < 0) {
+                group = int(m_groups.size());
+                m_groups.push_back({left, witness.mid(part.begin, part.end - part.begin), {}});
+                m_groupNumbers.add(hashes.twoFronts(part.begin, part.end), group);
+            }
+            int key = findKey(witness, hashes, part, record.section, isNet);
+            if (key < 0) {
+                key = int(m_keys.size());
+                m_keys.push_back({left, witness.mid(part.end), record.section, isNet, {}});
+                m_keyNumbers.add(hashes.frontAndBack(part.begin, part.end), key);
+            }
+            QVector<Member> &members = m_groups[size_t(group)].members;
             if (members.isEmpty() || members.last().record != index)
                 members.append(Member{index, {}});
-            const QString key = keyOf(part, isNet);
             members.last().keys.append(key);
-            m_wanted[record.section].insert(key);
         }
     }
 }
@@ -127,10 +151,12 @@ void Substitutions::addKept(int index)
     if (record.state != NameState::Same && record.state != NameState::Unknown)
         return;
     for (const QString &name : QStringList(record.name) + record.now) {
-        const QVector<PathPart> parts = partsOf(name, m_cellTypes);
-        for (const PathPart &part : parts) {
-            if (m_groups.contains({part.left, part.part}))
-                m_kept.insert({part.left, part.part});
+        const PathHashes hashes(name);
+        const Parts parts = partsOf(name, true);
+        for (const Part &part : parts) {
+            const int group = findGroup(name, hashes, part);
+            if (group >= 0)
+                m_groups[size_t(group)].isKept = true;
         }
     }
 }
@@ -138,64 +164,64 @@ void Substitutions::addKept(int index)
 /// Looks in the netlist for what would be there with another part.
 void Substitutions::search()
 {
-    const QStringList sections = m_wanted.keys();
-    const auto look = [this](const QString &section, const QString &name, bool isNet,
-                             const DesignObject &object) {
-        const QVector<PathPart> parts = partsOf(name, isNet ? QStringList() : m_cellTypes);
-        for (const PathPart &part : parts) {
-            const QString key = keyOf(part, isNet);
-            if (m_wanted.value(section).contains(key))
-                addHit(section, key, part.part, object);
-        }
-    };
-    for (const QString &section : sections) {
+    for (const QString &section : qAsConst(m_ownSections)) {
         ObjectKind kind{};
         kindOfSection(section, &kind);
         m_design.forEach(
             kind, [&](const DesignObject &object) { look(section, object.path(), false, object); });
     }
+    if (m_netSections.isEmpty())
+        return;
     m_design.nets().forEachNet([&](NlsData::Net *net) {
-        const QStringList names = m_design.nets().names(net).given;
-        for (const QString &section : sections) {
+        QStringList names;
+        for (const QString &section : qAsConst(m_netSections)) {
             ObjectKind kind{};
             kindOfSection(section, &kind);
             const QVector<DesignObject> objects = m_design.objectsOf(kind, net);
+            if (!objects.isEmpty() && names.isEmpty())
+                names = m_design.nets().names(net).given;
             for (const DesignObject &object : objects) {
-                for (const QString &name : names)
+                for (const QString &name : qAsConst(names))
                     look(section, name, true, object);
             }
         }
     });
 }
 
-void Substitutions::addHit(const QString &section, const QString &key, const QString &part,
-                           const DesignObject &object)
+void Substitutions::look(const QString &section, const QString &name, bool isNet,
+                         const DesignObject &object)
 {
-    QHash<QString, QString> &hits = m_hits[section][key];
-    const QString path = object.path();
-    const auto known = hits.find(part);
-    if (known == hits.end())
-        hits.insert(part, path);
-    else if (*known != path)
-        known->clear();
+    const PathHashes hashes(name);
+    const Parts parts = partsOf(name, !isNet);
+    for (const Part &part : parts) {
+        const int key = findKey(name, hashes, part, section, isNet);
+        if (key < 0)
+            continue;
+        QHash<QString, QString> &hits = m_keys[size_t(key)].hits;
+        const QString newPart = name.mid(part.begin, part.end - part.begin);
+        const QString path = isNet ? object.path() : name;
+        const auto known = hits.find(newPart);
+        if (known == hits.end())
+            hits.insert(newPart, path);
+        else if (*known != path)
+            known->clear();
+    }
 }
 
-/// By new part: where the record would be. Parts that disagree are left out.
-QHash<QString, QString> Substitutions::targets(const Member &member) const
+/// Where the record would be with the new part; empty when that is nowhere, or not one place.
+QString Substitutions::target(const Member &member, const QString &part) const
 {
-    const auto hits = m_hits.value(m_records.at(member.record).section);
-    QHash<QString, QString> targets;
-    for (const QString &key : member.keys) {
-        const QHash<QString, QString> found = hits.value(key);
-        for (auto it = found.constBegin(); it != found.constEnd(); ++it) {
-            const auto known = targets.find(it.key());
-            if (known == targets.end())
-                targets.insert(it.key(), *it);
-            else if (*known != *it)
-                known->clear();
-        }
+    QString target;
+    for (const int key : member.keys) {
+        const QHash<QString, QString> &hits = m_keys[size_t(key)].hits;
+        const auto hit = hits.constFind(part);
+        if (hit == hits.constEnd())
+            continue;
+        if (hit->isEmpty() || (!target.isEmpty() && target != *hit))
+            return QString();
+        target = *hit;
     }
-    return targets;
+    return target;
 }
 
 bool Substitutions::isFree(const ReviewedRecord &record, const QString &target) const
@@ -204,49 +230,60 @@ bool Substitutions::isFree(const ReviewedRecord &record, const QString &target) 
            !m_taken.contains({record.section, target});
 }
 
-void Substitutions::tryGroup(const Prefix &prefix, const QVector<Member> &members)
+/// Whether names that differ would still do so with the new part.
+bool Substitutions::isDistinct(const QVector<Member> &members, const QString &part) const
+{
+    QHash<NamedRecord, QString> byTarget;
+    for (const Member &member : members) {
+        const ReviewedRecord &record = m_records.at(member.record);
+        const NamedRecord place{record.section, target(member, part)};
+        if (byTarget.value(place, record.name) != record.name)
+            return false;
+        byTarget.insert(place, record.name);
+    }
+    return true;
+}
+
+void Substitutions::tryGroup(const Group &group)
 {
     QSet<NamedRecord> names;
-    for (const Member &member : members)
+    for (const Member &member : group.members)
         names.insert({m_records.at(member.record).section, m_records.at(member.record).name});
     if (names.size() < 2)
-        return;                                  // no group
-    QHash<QString, QVector<QString>> candidates; // by new part: paths in the order of the members
-    for (int i = 0; i < members.size(); ++i) {
-        const ReviewedRecord &record = m_records.at(members.at(i).record);
-        const QHash<QString, QString> found = targets(members.at(i));
-        if (i == 0 && found.size() > MAXIMUM_PARTS)
+        return; // no group
+    QSet<QString> candidates;
+    for (const int key : group.members.first().keys) {
+        const QHash<QString, QString> &hits = m_keys[size_t(key)].hits;
+        for (auto it = hits.constBegin(); it != hits.constEnd(); ++it)
+            candidates.insert(it.key());
+        if (candidates.size() > MAXIMUM_PARTS)
             return;
-        for (auto it = found.constBegin(); it != found.constEnd(); ++it) {
-            if (it.key() != prefix.second && isFree(record, *it) &&
-                (i == 0 || candidates.value(it.key()).size() == i))
-                candidates[it.key()].append(*it);
+    }
+    candidates.remove(group.part);
+    for (const Member &member : group.members) {
+        const ReviewedRecord &record = m_records.at(member.record);
+        for (auto part = candidates.begin(); part != candidates.end();) {
+            if (isFree(record, target(member, *part)))
+                ++part;
+            else
+                part = candidates.erase(part);
         }
     }
-    QString newPart;
-    for (auto it = candidates.constBegin(); it != candidates.constEnd(); ++it) {
-        QHash<NamedRecord, QString> byTarget;
-        bool isDistinct = it->size() == members.size();
-        for (int i = 0; isDistinct && i < members.size(); ++i) {
-            const ReviewedRecord &record = m_records.at(members.at(i).record);
-            const NamedRecord target{record.section, it->at(i)};
-            isDistinct = byTarget.value(target, record.name) == record.name;
-            byTarget.insert(target, record.name);
-        }
-        if (!isDistinct)
-            continue;
-        if (!newPart.isEmpty())
-            return; // another one would do as well
-        newPart = it.key();
+    for (auto part = candidates.begin(); part != candidates.end();) {
+        if (isDistinct(group.members, *part))
+            ++part;
+        else
+            part = candidates.erase(part);
     }
-    if (newPart.isEmpty())
-        return;
+    if (candidates.size() != 1)
+        return; // none, or another one would do as well
 
+    const QString newPart = *candidates.constBegin();
     const QString rule =
-        QStringLiteral("%1 → %2").arg(prefix.first + prefix.second, prefix.first + newPart);
-    for (int i = 0; i < members.size(); ++i) {
-        ReviewedRecord &record = m_records[members.at(i).record];
-        record.proposal = candidates.value(newPart).at(i);
+        QStringLiteral("%1 → %2").arg(group.left + group.part, group.left + newPart);
+    for (const Member &member : group.members) {
+        ReviewedRecord &record = m_records[member.record];
+        record.proposal = target(member, newPart);
         record.certainty = Certainty::Likely;
         record.rule = rule;
         record.reason =

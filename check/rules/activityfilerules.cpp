@@ -3,8 +3,6 @@
 #include "config/filenames.h"
 #include "config/limits.h"
 
-#include "nlsdata/netlist.h"
-
 #include <QDir>
 #include <QFileInfo>
 
@@ -52,8 +50,8 @@ void checkPath(const ConfigurationInput &input, const VLT::VLT_VcdFile &file,
 
 } // namespace
 
-void checkActivityFiles(const ConfigurationInput &input, const NlsData::Netlist *netlist,
-                        const NameIndex *index, Findings *findings)
+void checkActivityFiles(const ConfigurationInput &input, const DesignNames *design,
+                        Findings *findings)
 {
     checkRates(input, findings);
     const VLT::FileSection &section = input.configuration.files;
@@ -62,8 +60,8 @@ void checkActivityFiles(const ConfigurationInput &input, const NlsData::Netlist 
         const RecordPlace place{VLT::NODE_FILE, i + 1, input.report.lines.files.value(i),
                                 file.entity};
         checkPath(input, file, place, findings);
-        const bool isDesign = file.entity.isEmpty() || (netlist && file.entity == netlist->name());
-        if (index && !isDesign && !index->find(file.entity).instance)
+        const bool isDesign = file.entity.isEmpty() || (design && file.entity == design->design());
+        if (design && !isDesign && !design->find(ObjectKind::Instance, file.entity))
             findings->add("entity-missing", place,
                           QStringLiteral("instance \"%1\" of the activity file is not in the "
                                          "netlist")

@@ -1,9 +1,5 @@
 #include "check/rules/rules.h"
 
-#include "nlsdata/netlist.h"
-
-#include <optional>
-
 namespace Check {
 
 QVector<Finding> checkConfiguration(const ConfigurationInput &input, const DesignInput &design,
@@ -15,17 +11,14 @@ QVector<Finding> checkConfiguration(const ConfigurationInput &input, const Desig
     } else if (!input.report.isRead()) {
         findings.add("not-a-config", input.report.errorLine, QString(), input.report.error);
     } else {
-        std::optional<NameIndex> index;
-        if (design.netlist)
-            index.emplace(*design.netlist, namesOf(input.configuration));
-        const NameIndex *names = index ? &*index : nullptr;
+        const DesignNames *names = design.names.get();
         checkFile(input, &findings);
         checkConditions(input, design.device, &findings);
-        checkActivityFiles(input, design.netlist.get(), names, &findings);
+        checkActivityFiles(input, names, &findings);
         checkActivityContents(input, design, activity, &findings);
         checkObjects(input, names, &findings);
-        if (design.names)
-            checkMeanings(input, *design.names, &findings);
+        if (names)
+            checkMeanings(input, *names, &findings);
     }
     QVector<Finding> result = findings.all();
     if (!input.namesError.isEmpty())
@@ -38,24 +31,6 @@ QVector<Finding> checkConfiguration(const ConfigurationInput &input, const Desig
                        input.namesError});
     sortFindings(&result);
     return result;
-}
-
-QSet<QString> namesOf(const VLT::Configuration &configuration)
-{
-    QSet<QString> names;
-    const auto add = [&names](const auto &records) {
-        for (const auto &record : records)
-            names.insert(record.name);
-    };
-    add(configuration.rates.records);
-    add(configuration.clocks.records);
-    add(configuration.ports.records);
-    add(configuration.bsrams.records);
-    add(configuration.dffs.records);
-    for (const VLT::VLT_VcdFile &file : configuration.files.records)
-        names.insert(file.entity);
-    names.remove(QString());
-    return names;
 }
 
 } // namespace Check

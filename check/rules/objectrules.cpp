@@ -13,44 +13,16 @@ namespace Check {
 
 namespace {
 
-enum class Kind { Net, Port, BlockSram, FlipFlop };
-
-QString kindName(Kind kind)
+/// What the name of an object of another kind belongs to; empty when there is none.
+QString actualKind(const QString &name, const DesignNames &design)
 {
-    switch (kind) {
-    case Kind::Net:
-        return QStringLiteral("net");
-    case Kind::Port:
-        return QStringLiteral("port");
-    case Kind::BlockSram:
-        return QStringLiteral("block SRAM");
-    default:
-        return QStringLiteral("flip-flop");
-    }
-}
-
-bool isOfKind(const NamedObjects &objects, Kind kind)
-{
-    switch (kind) {
-    case Kind::Net:
-        return objects.net;
-    case Kind::Port:
-        return objects.port;
-    case Kind::BlockSram:
-        return objects.instance && objects.instance->category() == VLT::Environment::CATEGORY_BSRAM;
-    default:
-        return objects.instance && objects.instance->category() == VLT::Environment::CATEGORY_DFF;
-    }
-}
-
-/// What an object that is of another kind than it should be is.
-QString actualKind(const NamedObjects &objects)
-{
-    for (const Kind kind : {Kind::FlipFlop, Kind::BlockSram, Kind::Port, Kind::Net}) {
-        if (isOfKind(objects, kind))
+    for (const ObjectKind kind :
+         {ObjectKind::FlipFlop, ObjectKind::Memory, ObjectKind::Port, ObjectKind::Net}) {
+        if (design.find(kind, name))
             return kindName(kind);
     }
-    return QStringLiteral("instance of another kind");
+    return design.find(ObjectKind::Instance, name) ? QStringLiteral("instance of another kind")
+                                                   : QString();
 }
 
 /// Whether synthesis made the name: such names hold a "$" where a part of the path begins.
@@ -64,10 +36,11 @@ bool isGenerated(const QString &name)
 class SectionCheck
 {
 public:
-    SectionCheck(const QString &section, Kind kind, const NameIndex *index, Findings *findings)
+    SectionCheck(const QString &section, ObjectKind kind, const DesignNames *design,
+                 Findings *findings)
         : m_section(section)
         , m_kind(kind)
-        , m_index(index)
+        , m_design(design)
         , m_findings(findings)
     {
     }
@@ -88,13 +61,12 @@ public:
             else
                 addDuplicate(place, lines.value(*known), same(records.at(*known), record));
             generated += isGenerated(record.name);
-            if (!m_index)
+            if (!m_design)
                 continue;
-            const NamedObjects objects = m_index->find(record.name);
-            if (isOfKind(objects, m_kind))
-                each(place, record, objects);
+            if (const DesignObject object = m_design->find(m_kind, record.name))
+                each(place, record, object);
             else
-                addMissing(place, objects);
+                addMissing(place);
         }
         if (generated > 0)
             m_findings->add(
@@ -115,21 +87,22 @@ private:
                      QLatin1String(same ? "equal" : "other")));
     }
 
-    void addMissing(const RecordPlace &place, const NamedObjects &objects)
+    void addMissing(const RecordPlace &place)
     {
-        if (objects.isEmpty())
+        const QString actual = actualKind(place.name, *m_design);
+        if (actual.isEmpty())
             m_findings->add("name-missing", place,
                             QStringLiteral("%1 \"%2\" is not in the netlist")
                                 .arg(kindName(m_kind), place.name));
         else
             m_findings->add("wrong-kind", place,
                             QStringLiteral("\"%1\" is a %2, not a %3")
-                                .arg(place.name, actualKind(objects), kindName(m_kind)));
+                                .arg(place.name, actual, kindName(m_kind)));
     }
 
     const QString m_section;
-    const Kind m_kind;
-    const NameIndex *m_index;
+    const ObjectKind m_kind;
+    const DesignNames *m_design;
     Findings *m_findings;
 };
 
@@ -179,13 +152,12 @@ void checkBSRamKind(const RecordPlace &place, const VLT::VLT_BSRam &ram, int pri
 }
 
 /// Clocks are constraints: their names need not be those of nets.
-void checkClocks(const ConfigurationInput &input, const NameIndex *index, Findings *findings)
+void checkClocks(const ConfigurationInput &input, const DesignNames *design, Findings *findings)
 {
     const VLT::ClockSection &section = input.configuration.clocks;
-    for (int i = 0; index && i < section.records.size(); ++i) {
+    for (int i = 0; design && i < section.records.size(); ++i) {
         const QString &name = section.records.at(i).name;
-        const NamedObjects objects = index->find(name);
-        if (!objects.net && !objects.port)
+        if (!design->find(ObjectKind::Net, name) && !design->find(ObjectKind::Port, name))
             findings->add(
                 "clock-unknown",
                 RecordPlace{VLT::NODE_CLOCK, i + 1, input.report.lines.clocks.value(i), name},
@@ -195,20 +167,20 @@ void checkClocks(const ConfigurationInput &input, const NameIndex *index, Findin
 
 } // namespace
 
-void checkObjects(const ConfigurationInput &input, const NameIndex *index, Findings *findings)
+void checkObjects(const ConfigurationInput &input, const DesignNames *design, Findings *findings)
 {
     const VLT::Configuration &configuration = input.configuration;
     const VLT::FileLines &lines = input.report.lines;
     const auto nothing = [](const auto &...) {};
 
-    SectionCheck(VLT::NODE_NET, Kind::Net, index, findings)
+    SectionCheck(VLT::NODE_NET, ObjectKind::Net, design, findings)
         .check(configuration.rates.records, lines.rates, equalRecords<VLT::VLT_Rate>, nothing);
-    checkClocks(input, index, findings);
-    SectionCheck(VLT::NODE_PORT, Kind::Port, index, findings)
+    checkClocks(input, design, findings);
+    SectionCheck(VLT::NODE_PORT, ObjectKind::Port, design, findings)
         .check(configuration.ports.records, lines.ports, equalRecords<VLT::VLT_Port>,
                [findings](const RecordPlace &place, const VLT::VLT_Port &port,
-                          const NamedObjects &objects) {
-                   const qint32 type = portType(*objects.port);
+                          const DesignObject &object) {
+                   const qint32 type = portType(*object.port);
                    if (type != port.type)
                        findings->add(
                            "port-type", place,
@@ -217,13 +189,13 @@ void checkObjects(const ConfigurationInput &input, const NameIndex *index, Findi
                                .arg(port.name, QString::number(port.type), QString::number(type)),
                            QString::number(type));
                });
-    SectionCheck(VLT::NODE_BSRAM, Kind::BlockSram, index, findings)
+    SectionCheck(VLT::NODE_BSRAM, ObjectKind::Memory, design, findings)
         .check(configuration.bsrams.records, lines.bsrams, equalRecords<VLT::VLT_BSRam>,
                [findings](const RecordPlace &place, const VLT::VLT_BSRam &ram,
-                          const NamedObjects &objects) {
-                   checkBSRamKind(place, ram, objects.instance->primitive(), findings);
+                          const DesignObject &object) {
+                   checkBSRamKind(place, ram, object.instance->primitive(), findings);
                });
-    SectionCheck(VLT::NODE_INSTANCE, Kind::FlipFlop, index, findings)
+    SectionCheck(VLT::NODE_INSTANCE, ObjectKind::FlipFlop, design, findings)
         .check(configuration.dffs.records, lines.dffs, equalRecords<VLT::VLT_Dff>, nothing);
 }
 

@@ -36,22 +36,19 @@ void checkFile(const ConfigurationInput &input, Findings *findings);
 /// The operating conditions, with the supplies of the device when one is given.
 void checkConditions(const ConfigurationInput &input, const QString &device, Findings *findings);
 
-/// Rates and the files that they come from. `index` is null without a netlist.
-void checkActivityFiles(const ConfigurationInput &input, const NlsData::Netlist *netlist,
-                        const NameIndex *index, Findings *findings);
+/// Rates and the files that they come from. `design` is null without a netlist.
+void checkActivityFiles(const ConfigurationInput &input, const DesignNames *design,
+                        Findings *findings);
 
 /// What activity files are, and what they cover. Without a netlist the files alone.
 void checkActivityContents(const ConfigurationInput &input, const DesignInput &design,
                            const ActivityOptions &options, Findings *findings);
 
-/// Listed objects: once each, and in the netlist. `index` is null without a netlist.
-void checkObjects(const ConfigurationInput &input, const NameIndex *index, Findings *findings);
+/// Listed objects: once each, and in the netlist. `design` is null without a netlist.
+void checkObjects(const ConfigurationInput &input, const DesignNames *design, Findings *findings);
 
 /// Names whose objects are others than when they were recorded, and proposals for the names in
 /// `findings` that are missing.
 void checkMeanings(const ConfigurationInput &input, const DesignNames &design, Findings *findings);
-
-/// Every name that the rules look up.
-QSet<QString> namesOf(const VLT::Configuration &configuration);
 
 } // namespace Check

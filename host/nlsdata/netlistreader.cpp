@@ -8,6 +8,8 @@
 #include "readcontrol.h"
 #include "texthasher_p.h"
 
+#include "host/utils/sha256.h"
+
 #include <algorithm>
 #include <new>
 
@@ -64,7 +66,7 @@ std::unique_ptr<Netlist> readNetlistText(std::string_view text, const QString &n
         PaddedText padded(text.size());
         std::copy(text.begin(), text.end(), padded.bytes.get());
         if (options.sha256)
-            *options.sha256 = sha256Of(text);
+            *options.sha256 = Utils::Sha256::of(text);
         return readText(padded.view(), options);
     });
 }

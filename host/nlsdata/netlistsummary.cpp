@@ -4,7 +4,6 @@
 #include "netlistfile_p.h"
 #include "netlistparser_p.h"
 #include "readcontrol.h"
-#include "texthasher_p.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
 #include "texthasher_p.h"
 
-#include <QCryptographicHash>
+#include "host/utils/sha256.h"
 
 #include <algorithm>
 
@@ -11,14 +11,6 @@ namespace {
 constexpr size_t STEP = 1 << 20; // bytes between two checks for cancellation
 
 } // namespace
-
-QByteArray sha256Of(std::string_view text)
-{
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    for (size_t done = 0; done < text.size(); done += STEP)
-        hash.addData(text.data() + done, int(std::min(STEP, text.size() - done)));
-    return hash.result().toHex();
-}
 
 TextHasher::TextHasher(const char *text)
     : m_text(text)
@@ -58,7 +50,7 @@ void TextHasher::end(bool discard)
 
 void TextHasher::run()
 {
-    QCryptographicHash hash(QCryptographicHash::Sha256);
+    Utils::Sha256 hash;
     std::unique_lock lock(m_mutex);
     for (size_t done = 0;;) {
         m_changed.wait(lock, [&] { return m_size > done || m_ended; });
@@ -68,11 +60,11 @@ void TextHasher::run()
             break;
         const size_t count = std::min(STEP, m_size - done);
         lock.unlock();
-        hash.addData(m_text + done, int(count));
+        hash.add({m_text + done, count});
         done += count;
         lock.lock();
     }
-    m_result = hash.result().toHex();
+    m_result = hash.result();
 }
 
 } // namespace NlsData

@@ -4,13 +4,9 @@
 
 #include <condition_variable>
 #include <mutex>
-#include <string_view>
 #include <thread>
 
 namespace NlsData {
-
-/// SHA-256 in hexadecimal.
-QByteArray sha256Of(std::string_view text);
 
 /// Computes the SHA-256 of a buffer in a separate thread while the buffer is being filled.
 class TextHasher

@@ -58,7 +58,10 @@ QVector<Finding> check(const TestHost &host, const QByteArray &bytes, const QStr
 {
     DesignInput design;
     design.device = device;
-    design.netlist = NlsData::readNetlist(host.netlistPath(), nullptr);
+    NlsData::ReadOptions options;
+    options.allNames = true;
+    design.netlist = NlsData::readNetlist(host.netlistPath(), nullptr, options);
+    design.names = std::make_shared<DesignNames>(*design.netlist);
     const QString path = host.write(QStringLiteral("power.vlr"), bytes);
     return checkConfiguration(readConfigurationInput(path), design, disabled);
 }

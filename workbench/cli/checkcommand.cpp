@@ -8,6 +8,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <future>
 
 namespace Workbench {
 
@@ -150,8 +151,10 @@ int runCheck(const QStringList &arguments)
     Check::Report report;
     bool readable = true;
     for (const QString &file : files) {
+        // Meanwhile the netlist may have to be read, which takes as long.
+        auto reading = std::async(std::launch::async, Check::readConfigurationInput, file);
         const Check::DesignInput &design = designs.designFor(file);
-        const Check::ConfigurationInput input = Check::readConfigurationInput(file);
+        const Check::ConfigurationInput input = reading.get();
         report.inputs.append({file, input.sha256});
         report.findings += checkConfiguration(input, design, disabled, activity);
         readable = readable && input.isUsable() && input.namesError.isEmpty();
