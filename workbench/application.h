@@ -5,7 +5,7 @@
 namespace Workbench {
 
 /// Exit status of a program that was called with arguments that it does not take.
-constexpr int BadUsageStatus = 2;
+constexpr int BAD_USAGE_STATUS = 2;
 
 /// Whether windows can be shown: there is a display, or a platform without one was chosen.
 bool hasDisplay();

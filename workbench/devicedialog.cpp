@@ -16,7 +16,7 @@ namespace Workbench {
 
 namespace {
 
-constexpr int IdRole = Qt::UserRole;
+constexpr int ID_ROLE = Qt::UserRole;
 
 /// Asks as configurations do: another entry may have the data of the same part and package.
 bool hasSupplyData(const DEV::Device &device)
@@ -86,7 +86,7 @@ void DeviceDialog::fill()
               device.series, hasSupplyData(device) ? tr("yes") : tr("none")}) {
             row.append(new QStandardItem(text));
         }
-        row.constFirst()->setData(device.arg.id, IdRole);
+        row.constFirst()->setData(device.arg.id, ID_ROLE);
         model->appendRow(row);
     }
     m_devices->setFilterCaseSensitivity(Qt::CaseInsensitive);
@@ -98,7 +98,7 @@ void DeviceDialog::fill()
 void DeviceDialog::select(const QString &id)
 {
     const QModelIndexList found =
-        m_devices->match(m_devices->index(0, 0), IdRole, id, 1, Qt::MatchExactly);
+        m_devices->match(m_devices->index(0, 0), ID_ROLE, id, 1, Qt::MatchExactly);
     if (!found.isEmpty())
         m_view->setCurrentIndex(found.constFirst());
 }
@@ -106,7 +106,7 @@ void DeviceDialog::select(const QString &id)
 QString DeviceDialog::deviceId() const
 {
     const QModelIndexList rows = m_view->selectionModel()->selectedRows();
-    return rows.isEmpty() ? QString() : rows.constFirst().data(IdRole).toString();
+    return rows.isEmpty() ? QString() : rows.constFirst().data(ID_ROLE).toString();
 }
 
 void DeviceDialog::onFilterChanged(const QString &text)

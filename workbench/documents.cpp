@@ -30,7 +30,7 @@ namespace Workbench {
 namespace {
 
 const QLatin1String ProjectSuffix("fpgaproj");
-constexpr int AskAgainMilliseconds = 200;
+constexpr int ASK_AGAIN_MILLISECONDS = 200;
 
 bool isProject(const QString &path)
 {
@@ -64,7 +64,7 @@ Documents::Documents(QWidget *window)
     connect(&m_watcher, &Utils::FileWatcher::removed, this, &Documents::onRemoved);
     connect(&m_watcher, &Utils::FileWatcher::restored, this, &Documents::onRestored);
     m_askLater.setSingleShot(true);
-    m_askLater.setInterval(AskAgainMilliseconds);
+    m_askLater.setInterval(ASK_AGAIN_MILLISECONDS);
     connect(&m_askLater, &QTimer::timeout, this, &Documents::askAboutNext);
 }
 

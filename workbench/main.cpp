@@ -47,7 +47,7 @@ int runOnConsole(const CommandLine &commandLine)
     default:
         std::fprintf(stderr, "workbench: %s\nTry: workbench --help\n",
                      qPrintable(commandLine.errorMessage));
-        return BadUsageStatus;
+        return BAD_USAGE_STATUS;
     }
 }
 

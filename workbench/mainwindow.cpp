@@ -44,8 +44,8 @@ namespace Workbench {
 
 namespace {
 
-const QString GeometryKey = QStringLiteral("window/geometry");
-const QString StateKey = QStringLiteral("window/state");
+const QString GEOMETRY_KEY = QStringLiteral("window/geometry");
+const QString STATE_KEY = QStringLiteral("window/state");
 
 // The folder of the project, where files are looked for and put first.
 QString workingFolder()
@@ -253,8 +253,8 @@ void MainWindow::closeEvent(QCloseEvent *event)
         return;
     }
     QSettings settings;
-    settings.setValue(GeometryKey, saveGeometry());
-    settings.setValue(StateKey, saveState());
+    settings.setValue(GEOMETRY_KEY, saveGeometry());
+    settings.setValue(STATE_KEY, saveState());
     event->accept();
 }
 
@@ -276,12 +276,12 @@ void MainWindow::dropEvent(QDropEvent *event)
 void MainWindow::restoreLayout()
 {
     const QSettings settings;
-    if (!restoreGeometry(settings.value(GeometryKey).toByteArray())) {
+    if (!restoreGeometry(settings.value(GEOMETRY_KEY).toByteArray())) {
         // In characters too, so that it fits at any scale, and never more than the screen.
         const QSize wanted(fontMetrics().averageCharWidth() * 145, fontMetrics().height() * 46);
         resize(wanted.expandedTo({1400, 900}).boundedTo(screen()->availableSize() * 19 / 20));
     }
-    restoreState(settings.value(StateKey).toByteArray());
+    restoreState(settings.value(STATE_KEY).toByteArray());
 }
 
 } // namespace Workbench

@@ -12,7 +12,7 @@ namespace Workbench {
 RecentFiles::RecentFiles(QObject *parent, const QString &key)
     : QObject(parent)
     , m_key(key)
-    , m_paths(QSettings().value(key).toStringList().mid(0, Maximum))
+    , m_paths(QSettings().value(key).toStringList().mid(0, MAXIMUM))
 {
 }
 
@@ -21,7 +21,7 @@ void RecentFiles::add(const QString &path)
     const QString file = Utils::documentPath(path);
     m_paths.removeAll(file);
     m_paths.prepend(file);
-    m_paths = m_paths.mid(0, Maximum);
+    m_paths = m_paths.mid(0, MAXIMUM);
     store();
 }
 

@@ -13,7 +13,7 @@ class RecentFiles : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int Maximum = 10;
+    static constexpr int MAXIMUM = 10;
 
     /// `key` is the name of the list in the settings.
     explicit RecentFiles(QObject *parent = nullptr,

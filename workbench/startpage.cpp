@@ -23,8 +23,8 @@ namespace Workbench {
 
 namespace {
 
-constexpr int ColumnCharacters = 44;
-constexpr int MaximumFiles = 8;
+constexpr int COLUMN_CHARACTERS = 44;
+constexpr int MAXIMUM_FILES = 8;
 const QLatin1String ProjectSuffix(".fpgaproj");
 
 // An ampersand in a file's name is no mnemonic.
@@ -186,11 +186,11 @@ void StartPage::addFiles(QVBoxLayout *layout, const QStringList &paths, const QS
     int shown = 0;
     for (const QString &path : paths) {
         const QFileInfo info(path);
-        if (!info.exists() || ++shown > MaximumFiles)
+        if (!info.exists() || ++shown > MAXIMUM_FILES)
             continue;
         const QString folder =
             fontMetrics().elidedText(QDir::toNativeSeparators(info.path()), Qt::ElideLeft,
-                                     fontMetrics().averageCharWidth() * ColumnCharacters);
+                                     fontMetrics().averageCharWidth() * COLUMN_CHARACTERS);
         const bool isProject = path.endsWith(ProjectSuffix, Qt::CaseInsensitive);
         addLink(layout, "startFile", isProject ? info.completeBaseName() : info.fileName(), folder,
                 [this, path] { emit fileChosen(path); });

@@ -17,7 +17,7 @@ namespace Workbench {
 namespace {
 
 // Larger files are shown up to here: netlists and traces run to gigabytes.
-constexpr qint64 MaximumBytes = 4 * 1024 * 1024;
+constexpr qint64 MAXIMUM_BYTES = 4 * 1024 * 1024;
 
 } // namespace
 
@@ -46,7 +46,7 @@ bool TextView::load(QString *error)
             tr("Cannot read %1: %2.").arg(QDir::toNativeSeparators(m_path), file.errorString());
         return false;
     }
-    QString text = QString::fromUtf8(file.read(MaximumBytes));
+    QString text = QString::fromUtf8(file.read(MAXIMUM_BYTES));
     if (!file.atEnd())
         text += tr("\n\n[Truncated: only the first 4 MiB are shown.]\n");
     m_text->setPlainText(text);

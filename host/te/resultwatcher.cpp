@@ -13,7 +13,7 @@ using Utils::FileWatcher;
 ResultWatcher::ResultWatcher()
 {
     m_patience.setSingleShot(true);
-    m_patience.setInterval(Patience);
+    m_patience.setInterval(PATIENCE);
     connect(&m_files, &FileWatcher::changed, this, &ResultWatcher::tryToRead);
     connect(&m_files, &FileWatcher::removed, this, &ResultWatcher::stopTrial);
     connect(&m_files, &FileWatcher::restored, this, &ResultWatcher::accept);

@@ -24,7 +24,7 @@ class ResultWatcher : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int Patience = 3000; ///< ms at rest before a file is reported as unreadable
+    static constexpr int PATIENCE = 3000; ///< ms at rest before a file is reported as unreadable
 
     ResultWatcher();
     ~ResultWatcher() override;

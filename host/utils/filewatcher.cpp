@@ -51,7 +51,7 @@ FileWatcher::FileWatcher(Compare compare, QObject *parent)
     : QObject(parent)
     , m_compare(compare)
 {
-    m_timer.setInterval(RestTime);
+    m_timer.setInterval(REST_TIME);
     connect(&m_timer, &QTimer::timeout, this, &FileWatcher::check);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &FileWatcher::onEvent);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &FileWatcher::onEvent);

@@ -27,7 +27,7 @@ struct HOST_EXPORT FileStamp
 };
 
 /// Watches files that other programs write in place, replace by renaming, or remove and create
-/// again with their folder. A change is reported once the file has not changed for RestTime.
+/// again with their folder. A change is reported once the file has not changed for REST_TIME.
 class HOST_EXPORT FileWatcher : public QObject
 {
     Q_OBJECT
@@ -37,7 +37,7 @@ public:
         Stamp,   ///< every writing is a change: for files of any size
         Content, ///< only different bytes are a change: reads the file, for documents
     };
-    static constexpr int RestTime = 300; ///< ms
+    static constexpr int REST_TIME = 300; ///< ms
 
     explicit FileWatcher(Compare compare, QObject *parent = nullptr);
 

@@ -16,7 +16,7 @@ namespace Workbench {
 
 namespace {
 
-constexpr int MaximumLines = 20000;
+constexpr int MAXIMUM_LINES = 20000;
 
 QString withTime(const QString &text)
 {
@@ -45,7 +45,7 @@ MessagesPane::MessagesPane(QWidget *parent)
     setTabChangesFocus(true);
     viewport()->setMouseTracking(true);
     setUndoRedoEnabled(false);
-    setMaximumBlockCount(MaximumLines);
+    setMaximumBlockCount(MAXIMUM_LINES);
     setFrameShape(QFrame::NoFrame);
     setMinimumHeight(fontMetrics().height());
     setPlaceholderText(tr("Messages of the program and of synthesis runs appear here."));

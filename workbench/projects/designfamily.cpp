@@ -13,7 +13,7 @@ namespace {
 enum Index { Ice40, UltraPlus, Ecp5, Spartan7, Artix7, Kintex7, Fern, Count };
 
 // 7-series netlists do not say which of the three they are for.
-constexpr DesignFamily Families[] = {
+constexpr DesignFamily FAMILIES[] = {
     {"iCE40", "iCE40 LP/HX", "iCE40HX8K-CT256", "synth_ice40"},
     {"iCE40 UltraPlus", "iCE40 UltraPlus", "iCE40UP5K-SG48", "synth_ice40 -dsp"},
     {"ECP5", "ECP5", "LFE5U-25F-CABGA256", "synth_ecp5"},
@@ -22,7 +22,7 @@ constexpr DesignFamily Families[] = {
     {"7-series", "Kintex-7", "XC7K325T-FFG900", "synth_xilinx"},
     {"QF2", "QF", "QF2-10-BG256", ""},
 };
-static_assert(std::size(Families) == Count);
+static_assert(std::size(FAMILIES) == Count);
 
 struct CellSign
 {
@@ -30,7 +30,7 @@ struct CellSign
     Index family;
 };
 
-constexpr CellSign Signs[] = {
+constexpr CellSign SIGNS[] = {
     {"SB_MAC16", UltraPlus},
     {"SB_SPRAM256KA", UltraPlus},
     {"SB_HFOSC", UltraPlus},
@@ -76,7 +76,7 @@ const DesignFamily *familyOfCells(const QHash<QString, int> &cellTypes)
 {
     QVector<int> numbers(Count);
     for (auto it = cellTypes.begin(); it != cellTypes.end(); ++it) {
-        for (const CellSign &sign : Signs) {
+        for (const CellSign &sign : SIGNS) {
             if (!fits(it.key(), QLatin1String(sign.type)))
                 continue;
             numbers[sign.family] += it.value();
@@ -87,13 +87,13 @@ const DesignFamily *familyOfCells(const QHash<QString, int> &cellTypes)
     if (numbers.at(UltraPlus) > 0)
         numbers[UltraPlus] += numbers.at(Ice40);
     const auto most = std::max_element(numbers.begin(), numbers.end());
-    return *most > 0 ? &Families[most - numbers.begin()] : nullptr;
+    return *most > 0 ? &FAMILIES[most - numbers.begin()] : nullptr;
 }
 
 const DesignFamily *familyOfDevice(const QString &id)
 {
     const DEV::Device *device = DEV::DeviceCatalogue::get()->find(id);
-    for (const DesignFamily &family : Families) {
+    for (const DesignFamily &family : FAMILIES) {
         if (device && device->series.startsWith(QLatin1String(family.series)))
             return &family;
     }

@@ -11,8 +11,8 @@ namespace Workbench {
 
 namespace {
 
-const QString PathKey = QStringLiteral("lastProject/path");
-const QString OptionKey = QStringLiteral("lastProject/open");
+const QString PATH_KEY = QStringLiteral("lastProject/path");
+const QString OPTION_KEY = QStringLiteral("lastProject/open");
 
 } // namespace
 
@@ -23,25 +23,25 @@ LastProject::LastProject(QObject *parent)
     m_option->setObjectName(QStringLiteral("openLastProject"));
     m_option->setStatusTip(tr("Open the project of the last session when the program starts"));
     m_option->setCheckable(true);
-    m_option->setChecked(QSettings().value(OptionKey, true).toBool());
+    m_option->setChecked(QSettings().value(OPTION_KEY, true).toBool());
     connect(m_option, &QAction::toggled, this,
-            [](bool on) { QSettings().setValue(OptionKey, on); });
+            [](bool on) { QSettings().setValue(OPTION_KEY, on); });
     // The program closes the project when it ends: that does not count.
     connect(Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this, [] {
         if (const Core::ProjectFile *project = Core::ProjectFile::current())
-            QSettings().setValue(PathKey, project->path());
+            QSettings().setValue(PATH_KEY, project->path());
     });
 }
 
 QString LastProject::path() const
 {
-    const QString path = QSettings().value(PathKey).toString();
+    const QString path = QSettings().value(PATH_KEY).toString();
     return m_option->isChecked() && QFileInfo::exists(path) ? path : QString();
 }
 
 void LastProject::forget()
 {
-    QSettings().remove(PathKey);
+    QSettings().remove(PATH_KEY);
 }
 
 } // namespace Workbench

@@ -24,7 +24,7 @@ namespace Workbench {
 
 namespace {
 
-constexpr int DialogDelay = 300; // ms
+constexpr int DIALOG_DELAY = 300; // ms
 
 /// The project in the netlist's folder that has it as its result; empty when none or several do.
 QString projectWith(const QString &netlist)
@@ -93,7 +93,7 @@ void NetlistOpener::propose(const QString &path)
         isRead = NlsData::readNetlistSummary(path, &summary, &error, &control);
     };
     const QPointer<NetlistOpener> self(this);
-    const bool wanted = NlsData::readWithDialog(m_window, path, &control, read, DialogDelay);
+    const bool wanted = NlsData::readWithDialog(m_window, path, &control, read, DIALOG_DELAY);
     if (!wanted || !self)
         return;
     if (!isRead) {

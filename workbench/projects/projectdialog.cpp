@@ -14,7 +14,7 @@ namespace Workbench {
 
 namespace {
 
-constexpr int WidthInCharacters = 90;
+constexpr int WIDTH_IN_CHARACTERS = 90;
 
 } // namespace
 
@@ -47,7 +47,7 @@ ProjectDialog::ProjectDialog(ProjectForm::Kind kind, QWidget *parent)
     connect(m_buttons, &QDialogButtonBox::rejected, this, &ProjectDialog::reject);
     connect(m_form, &ProjectForm::changed, m_problem, &QWidget::hide);
     // No taller than a small screen: the list of sources gives way.
-    resize(qMax(sizeHint().width(), fontMetrics().averageCharWidth() * WidthInCharacters),
+    resize(qMax(sizeHint().width(), fontMetrics().averageCharWidth() * WIDTH_IN_CHARACTERS),
            qMin(sizeHint().height(), screen()->availableSize().height() * 9 / 10));
 }
 

@@ -16,8 +16,8 @@ namespace Workbench {
 
 namespace {
 
-constexpr int PathRole = Qt::UserRole;
-constexpr int VisibleRows = 5;
+constexpr int PATH_ROLE = Qt::UserRole;
+constexpr int VISIBLE_ROWS = 5;
 
 } // namespace
 
@@ -36,7 +36,7 @@ SourceList::SourceList(QWidget *parent)
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setUniformItemSizes(true);
     m_list->setTabKeyNavigation(false);
-    m_list->setMinimumHeight(fontMetrics().lineSpacing() * VisibleRows);
+    m_list->setMinimumHeight(fontMetrics().lineSpacing() * VISIBLE_ROWS);
     auto *remove = new QAction(m_list);
     remove->setShortcut(Qt::Key_Delete);
     remove->setShortcutContext(Qt::WidgetShortcut);
@@ -69,7 +69,7 @@ QStringList SourceList::paths() const
 {
     QStringList result;
     for (int i = 0; i < m_list->count(); ++i)
-        result.append(m_list->item(i)->data(PathRole).toString());
+        result.append(m_list->item(i)->data(PATH_ROLE).toString());
     return result;
 }
 
@@ -78,7 +78,7 @@ void SourceList::setPaths(const QStringList &paths)
     m_list->clear();
     for (const QString &path : paths) {
         auto *item = new QListWidgetItem(QDir(m_folder).relativeFilePath(path), m_list);
-        item->setData(PathRole, path);
+        item->setData(PATH_ROLE, path);
         if (!QFileInfo::exists(path)) {
             item->setForeground(palette().brush(QPalette::Disabled, QPalette::Text));
             item->setToolTip(tr("This file does not exist."));
@@ -141,7 +141,7 @@ void SourceList::removeSelected()
     QStringList left;
     for (int i = 0; i < m_list->count(); ++i) {
         if (!m_list->item(i)->isSelected())
-            left.append(m_list->item(i)->data(PathRole).toString());
+            left.append(m_list->item(i)->data(PATH_ROLE).toString());
     }
     emit edited();
     setPaths(left);

@@ -15,10 +15,10 @@ namespace Workbench {
 
 namespace {
 
-constexpr int VisibleLines = 4;
-constexpr int None = 0;
-constexpr int FirstTemplate = 1;
-constexpr int Own = FirstTemplate + int(std::size(SynthesisTemplates));
+constexpr int VISIBLE_LINES = 4;
+constexpr int NONE = 0;
+constexpr int FIRST_TEMPLATE = 1;
+constexpr int OWN = FIRST_TEMPLATE + int(std::size(SYNTHESIS_TEMPLATES));
 
 } // namespace
 
@@ -29,7 +29,7 @@ SynthesisField::SynthesisField(QWidget *parent)
 {
     m_choice->setObjectName(QStringLiteral("synthesisTemplate"));
     m_choice->addItem(tr("None: the netlist is made elsewhere"));
-    for (const SynthesisTemplate &base : SynthesisTemplates)
+    for (const SynthesisTemplate &base : SYNTHESIS_TEMPLATES)
         m_choice->addItem(tr("%1, by Yosys").arg(tr(base.title)));
     m_choice->addItem(tr("Own command, for example make"));
     m_editor->setObjectName(QStringLiteral("synthesisCommand"));
@@ -40,7 +40,7 @@ SynthesisField::SynthesisField(QWidget *parent)
     m_editor->setToolTip(tr("Runs in the project's folder, without a shell. Quotes keep words "
                             "together."));
     const QMargins margins = m_editor->contentsMargins();
-    m_editor->setFixedHeight(m_editor->fontMetrics().lineSpacing() * VisibleLines +
+    m_editor->setFixedHeight(m_editor->fontMetrics().lineSpacing() * VISIBLE_LINES +
                              2 * int(m_editor->document()->documentMargin()) + margins.top() +
                              margins.bottom() + 2 * m_editor->frameWidth());
     auto *layout = new QVBoxLayout(this);
@@ -64,7 +64,7 @@ QWidget *SynthesisField::editor() const
 
 bool SynthesisField::isTemplate() const
 {
-    return m_choice->currentIndex() != None && m_choice->currentIndex() != Own;
+    return m_choice->currentIndex() != NONE && m_choice->currentIndex() != OWN;
 }
 
 void SynthesisField::setSettings(const ProjectSettings &settings)
@@ -72,9 +72,9 @@ void SynthesisField::setSettings(const ProjectSettings &settings)
     m_settings = settings;
     const int base = templateOf(settings);
     if (base >= 0)
-        m_choice->setCurrentIndex(FirstTemplate + base);
+        m_choice->setCurrentIndex(FIRST_TEMPLATE + base);
     else
-        m_choice->setCurrentIndex(settings.command.isEmpty() ? None : Own);
+        m_choice->setCurrentIndex(settings.command.isEmpty() ? NONE : OWN);
     const QScopedValueRollback<bool> filling(m_filling, true);
     m_editor->setPlainText(joinArguments(settings.command));
 }
@@ -88,9 +88,9 @@ void SynthesisField::follow(const ProjectSettings &settings)
 
 void SynthesisField::propose(const char *command)
 {
-    for (int i = 0; !m_chosen && i < int(std::size(SynthesisTemplates)); ++i) {
-        if (qstrcmp(SynthesisTemplates[i].command, command) == 0)
-            m_choice->setCurrentIndex(FirstTemplate + i);
+    for (int i = 0; !m_chosen && i < int(std::size(SYNTHESIS_TEMPLATES)); ++i) {
+        if (qstrcmp(SYNTHESIS_TEMPLATES[i].command, command) == 0)
+            m_choice->setCurrentIndex(FIRST_TEMPLATE + i);
     }
     if (!m_chosen)
         fill();
@@ -105,7 +105,7 @@ void SynthesisField::onChosen()
 {
     m_chosen = true;
     emit edited();
-    if (m_choice->currentIndex() != Own)
+    if (m_choice->currentIndex() != OWN)
         return fill();
     m_editor->setFocus();
     m_editor->selectAll();
@@ -116,16 +116,16 @@ void SynthesisField::onTyped()
     if (m_filling)
         return;
     m_chosen = true;
-    m_choice->setCurrentIndex(m_editor->toPlainText().trimmed().isEmpty() ? None : Own);
+    m_choice->setCurrentIndex(m_editor->toPlainText().trimmed().isEmpty() ? NONE : OWN);
     emit edited();
 }
 
 void SynthesisField::fill()
 {
     const QScopedValueRollback<bool> filling(m_filling, true);
-    const int base = m_choice->currentIndex() - FirstTemplate;
+    const int base = m_choice->currentIndex() - FIRST_TEMPLATE;
     m_editor->setPlainText(isTemplate()
-                               ? joinArguments(commandFrom(SynthesisTemplates[base], m_settings))
+                               ? joinArguments(commandFrom(SYNTHESIS_TEMPLATES[base], m_settings))
                                : QString());
 }
 

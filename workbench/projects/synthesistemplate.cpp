@@ -42,8 +42,8 @@ QStringList commandFrom(const SynthesisTemplate &base, const ProjectSettings &se
 
 int templateOf(const ProjectSettings &settings)
 {
-    for (size_t i = 0; i < std::size(SynthesisTemplates); ++i) {
-        if (settings.command == commandFrom(SynthesisTemplates[i], settings))
+    for (size_t i = 0; i < std::size(SYNTHESIS_TEMPLATES); ++i) {
+        if (settings.command == commandFrom(SYNTHESIS_TEMPLATES[i], settings))
             return int(i);
     }
     return -1;

@@ -16,7 +16,7 @@ struct SynthesisTemplate
 };
 
 /// All of them, in the order in which they are offered.
-constexpr SynthesisTemplate SynthesisTemplates[] = {
+constexpr SynthesisTemplate SYNTHESIS_TEMPLATES[] = {
     {"iCE40", "synth_ice40"},     {"iCE40 UltraPlus", "synth_ice40 -dsp"}, {"ECP5", "synth_ecp5"},
     {"7-series", "synth_xilinx"}, {"Generic (no family)", "synth"},
 };

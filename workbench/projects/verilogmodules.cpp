@@ -9,14 +9,14 @@ namespace Workbench {
 
 namespace {
 
-constexpr qint64 MaximumBytes = 1024 * 1024;
+constexpr qint64 MAXIMUM_BYTES = 1024 * 1024;
 
 QString textOf(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return QString();
-    QString text = QString::fromUtf8(file.read(MaximumBytes));
+    QString text = QString::fromUtf8(file.read(MAXIMUM_BYTES));
     static const QRegularExpression quiet(
         QStringLiteral("//[^\\n]*|/\\*.*?\\*/|\"(\\\\.|[^\"\\\\\\n])*\""),
         QRegularExpression::DotMatchesEverythingOption);

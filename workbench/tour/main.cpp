@@ -34,7 +34,7 @@ int main(int argc, char *argv[])
     if (folders.size() != 1) {
         std::fputs("workbench-tour: exactly one folder is required.\nTry: workbench-tour --help\n",
                    stderr);
-        return BadUsageStatus;
+        return BAD_USAGE_STATUS;
     }
     return runTour(folders.first(), parser.value(sample), parser.value(plugins));
 }

@@ -21,7 +21,7 @@ namespace Workbench {
 namespace {
 
 constexpr QSize PictureSize(1400, 900);
-constexpr int DesktopPointSize = 10;
+constexpr int DESKTOP_POINT_SIZE = 10;
 
 struct Step
 {
@@ -29,7 +29,7 @@ struct Step
     void (*run)(const Tour &);
 };
 
-constexpr Step Steps[] = {
+constexpr Step STEPS[] = {
     {"create a configuration with the wizard", createFileByWizard},
     {"open it from the project tree", openFileFromProjectTree},
     {"set the operating conditions", setConditions},
@@ -75,8 +75,8 @@ bool prepareFolder(const Tour &tour, const QString &sampleFolder)
 QString runSteps(const Tour &tour)
 {
     int number = 0;
-    for (const Step &step : Steps) {
-        std::printf("%2d/%zu  %s\n", ++number, std::size(Steps), step.name);
+    for (const Step &step : STEPS) {
+        std::printf("%2d/%zu  %s\n", ++number, std::size(STEPS), step.name);
         std::fflush(stdout);
         try {
             step.run(tour);
@@ -108,7 +108,7 @@ int runTour(const QString &folder, const QString &sampleFolder, const QString &p
     // Without a desktop there are no font settings; this is what desktops use.
     if (QGuiApplication::platformName() == QLatin1String("offscreen")) {
         QFont font = QApplication::font();
-        font.setPointSize(DesktopPointSize);
+        font.setPointSize(DESKTOP_POINT_SIZE);
         QApplication::setFont(font);
     }
 

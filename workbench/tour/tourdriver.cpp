@@ -31,9 +31,10 @@ namespace Workbench {
 
 namespace {
 
-constexpr int PollMilliseconds = 10;
+constexpr int POLL_MILLISECONDS = 10;
 // Longer than the double click interval of any platform.
-constexpr int ClickDistance = 2000;
+constexpr int CLICK_DISTANCE = 2000;
+constexpr int PATIENCE_SECONDS = 30;
 
 // The window that keys go to. Without a window manager nobody activates the next window when a
 // dialog goes.
@@ -117,7 +118,7 @@ void TourDriver::postMouse(const Spot &spot, Qt::MouseButton button,
     QWindow *handle = top->windowHandle();
     const QPoint local = spot.widget->mapTo(top, spot.position);
     const QPoint global = handle->mapToGlobal(local);
-    m_timestamp += ClickDistance;
+    m_timestamp += CLICK_DISTANCE;
     qt_handleMouseEvent(handle, local, global, Qt::NoButton, Qt::NoButton, QEvent::MouseMove,
                         modifiers, ++m_timestamp);
     for (int i = 0; i < clicks; ++i) {
@@ -226,13 +227,15 @@ bool TourDriver::look(const std::function<bool()> &condition)
     return result;
 }
 
-void TourDriver::expect(const QString &what, const std::function<bool()> &condition,
-                        int timeoutMilliseconds)
+void TourDriver::expect(const QString &what, const std::function<bool()> &condition)
 {
+    // A memory checker slows the program down fifty times.
+    const int given = qEnvironmentVariableIntValue("VLT_TOUR_PATIENCE");
+    const qint64 patience = (given > 0 ? given : PATIENCE_SECONDS) * qint64(1000);
     QElapsedTimer time;
     time.start();
     while (!look(condition)) {
-        if (time.elapsed() > timeoutMilliseconds) {
+        if (time.elapsed() > patience) {
             QString shown;
             look([this, &shown] {
                 const QWidget *dialog = QApplication::activeModalWidget();
@@ -241,7 +244,7 @@ void TourDriver::expect(const QString &what, const std::function<bool()> &condit
             });
             throw TourFailure(QStringLiteral("Expected: %1 (found %2).").arg(what, shown));
         }
-        QThread::msleep(PollMilliseconds);
+        QThread::msleep(POLL_MILLISECONDS);
     }
 }
 

@@ -62,9 +62,9 @@ public:
     /// Does something that no mouse or key can do on every platform, in the GUI thread.
     void act(const std::function<void()> &action);
 
-    // What a person sees. `condition` is called in the GUI thread until it holds.
-    void expect(const QString &what, const std::function<bool()> &condition,
-                int timeoutMilliseconds = 30000);
+    // What a person sees. `condition` is called in the GUI thread until it holds, for at most 30
+    // seconds, or as many as VLT_TOUR_PATIENCE in the environment says.
+    void expect(const QString &what, const std::function<bool()> &condition);
     /// A message box with this title and text has come; it is answered with the button.
     void answer(const QString &title, const QString &text, const QString &buttonText);
     /// A modal dialog with this title (and, for a message box, this text) has come.

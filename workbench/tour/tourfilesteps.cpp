@@ -10,9 +10,9 @@ namespace Workbench {
 
 namespace {
 
-const QByteArray EmptyFile = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                             "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>\n"
-                             "<Config/>";
+const QByteArray EMPTY_FILE = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                              "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>\n"
+                              "<Config/>";
 
 bool saveIsEnabled()
 {
@@ -42,7 +42,7 @@ void createFileByWizard(const Tour &tour)
     driver.click(QStringLiteral("OK"), button(QStringLiteral("OK")));
     driver.expectNoDialog();
     driver.expect(QStringLiteral("the empty configuration is on disk"),
-                  [&] { return tour.fileText() == EmptyFile; });
+                  [&] { return tour.fileText() == EMPTY_FILE; });
 }
 
 void openFileFromProjectTree(const Tour &tour)
