@@ -68,6 +68,15 @@ bool VlrOpener::showRecord(const QString &path, const QString &section, const QS
     return view->showRecord(section, name, occurrence);
 }
 
+int VlrOpener::addNetRates(const QString &path, const QStringList &nets)
+{
+    VLTView *view = find(path);
+    if (!view)
+        return -1;
+    Core::ViewManager::instance()->showView(view);
+    return view->addNetRates(nets);
+}
+
 bool VlrOpener::save(const QString &path)
 {
     VLTView *view = find(path);

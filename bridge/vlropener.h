@@ -22,6 +22,7 @@ public:
     void setFileMissing(const QString &path, bool missing) override;
     bool showRecord(const QString &path, const QString &section, const QString &name,
                     int occurrence) override;
+    int addNetRates(const QString &path, const QStringList &nets) override;
     bool save(const QString &path) override;
 
 private:

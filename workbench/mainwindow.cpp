@@ -1,6 +1,7 @@
 #include "workbench/mainwindow.h"
 
 #include "workbench/checks/checks.h"
+#include "workbench/coverage/coveragetool.h"
 #include "workbench/devicedialog.h"
 #include "workbench/documents.h"
 #include "workbench/editmenu.h"
@@ -78,6 +79,7 @@ MainWindow::MainWindow(QWidget *parent)
     , m_synthesis(new Synthesis(this))
     , m_edit(new EditMenu(this))
     , m_checks(new Checks(this))
+    , m_coverage(new CoverageTool(m_checks->service(), this))
 {
     setObjectName(QStringLiteral("workbench"));
     setAcceptDrops(true);

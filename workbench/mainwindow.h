@@ -12,6 +12,7 @@ class QTabWidget;
 namespace Workbench {
 
 class Checks;
+class CoverageTool;
 class Documents;
 class EditMenu;
 class MessagesPane;
@@ -81,6 +82,7 @@ private:
     Synthesis *m_synthesis;
     EditMenu *m_edit;
     Checks *m_checks;
+    CoverageTool *m_coverage;
     RecentFiles m_recent;
     QMenu *m_newMenu = nullptr;
     QMenu *m_viewMenu = nullptr;

@@ -3,6 +3,7 @@
 #include "workbench/mainwindow.h"
 
 #include "workbench/checks/checks.h"
+#include "workbench/coverage/coveragetool.h"
 #include "workbench/documents.h"
 #include "workbench/editcatalogue.h"
 #include "workbench/editmenu.h"
@@ -62,6 +63,8 @@ void MainWindow::createDocks()
 
     addDockWidget(Qt::BottomDockWidgetArea, m_checks->dock());
     tabifyDockWidget(messages, m_checks->dock());
+    addDockWidget(Qt::BottomDockWidgetArea, m_coverage->dock());
+    tabifyDockWidget(m_checks->dock(), m_coverage->dock());
     messages->raise();
 
     // The tree keeps the whole height.
@@ -73,6 +76,7 @@ void MainWindow::createDocks()
     m_viewMenu->addAction(project->toggleViewAction());
     m_viewMenu->addAction(messages->toggleViewAction());
     m_viewMenu->addAction(m_checks->dock()->toggleViewAction());
+    m_viewMenu->addAction(m_coverage->dock()->toggleViewAction());
 }
 
 /// The icons of a menu come when it is first opened: the style decodes several pictures for each,
@@ -143,6 +147,7 @@ void MainWindow::createOtherMenus()
     edit->setObjectName(QStringLiteral("editCatalogue"));
     edit->setStatusTip(tr("Add devices and cell libraries of your own"));
 
+    m_checks->menu()->addAction(m_coverage->showAction());
     menuBar()->addMenu(m_checks->menu());
     menuBar()->addMenu(m_viewMenu);
 

@@ -1,15 +1,51 @@
 #include "check/activity/coverage.h"
 
+#include "check/activity/togglestore.h"
 #include "check/names/designnames.h"
 #include "config/configuration.h"
 
+#include "host/nlsdata/readcontrol.h"
+#include "host/utils/documentpath.h"
 #include "nlsdata/netlist.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 
 namespace Check {
+
+namespace {
+
+/// Progress of files one after the other as that of all of them.
+class PartControl : public NlsData::ReadControl
+{
+public:
+    /// `whole` is borrowed and may be null.
+    PartControl(NlsData::ReadControl *whole, qint64 bytes)
+        : m_whole(whole)
+        , m_bytes(qMax<qint64>(1, bytes))
+    {
+    }
+
+    void begin(qint64 size)
+    {
+        m_done += m_size;
+        m_size = size;
+    }
+
+    void report(int permille) override
+    {
+        if (m_whole)
+            m_whole->report(int((m_done * 1000.0 + double(m_size) * permille) / m_bytes));
+    }
+
+private:
+    NlsData::ReadControl *const m_whole;
+    const qint64 m_bytes;
+    qint64 m_done = 0;
+    qint64 m_size = 0;
+};
+
+} // namespace
 
 class CoverageBuilder
 {
@@ -61,6 +97,16 @@ private:
         return &m_coverage.m_nets[m_names.nets().number(net)];
     }
 
+    /// Null when none was found before.
+    const QString *knownScope(const CoveringFile &covering) const
+    {
+        if (!m_options.scopes || m_options.scopes->isEmpty())
+            return nullptr;
+        const auto known = m_options.scopes->constFind(
+            {Utils::documentPath(covering.file->path), m_design.path(covering.instance)});
+        return known == m_options.scopes->constEnd() ? nullptr : &*known;
+    }
+
     void addFile(const VLT::VLT_VcdFile &record, int number)
     {
         CoveringFile &covering = m_coverage.m_files[size_t(number)];
@@ -70,7 +116,8 @@ private:
         if (!covering.file->isUsable() || covering.instance == DesignTree::NONE)
             return;
         covering.window = windowOf(record, *covering.file);
-        covering.scope = scopeFor(*covering.file, m_design, covering.instance);
+        covering.scope =
+            scopeFor(*covering.file, m_design, covering.instance, knownScope(covering));
         if (covering.scope.counts.coveredNets() == 0)
             return;
         const ScopeIndex index(covering.file->declarations);
@@ -108,22 +155,46 @@ private:
         m_coverage.m_clocks += net.isClock;
     }
 
+    /// The signals of a file that nets take their activity from.
+    std::vector<bool> wanted(size_t number) const
+    {
+        const auto &file = *m_coverage.m_files[number].file;
+        std::vector<bool> wanted(file.declarations.signalCount(), false);
+        for (const Coverage::Net &net : m_coverage.m_nets) {
+            if (net.file == int(number))
+                wanted[net.signal] = true;
+        }
+        return wanted;
+    }
+
     void countFiles()
     {
+        ToggleStore own;
+        ToggleStore *store = m_options.store ? m_options.store : &own;
+        qint64 bytes = 0;
+        for (size_t i = 0; i < m_coverage.m_files.size(); ++i) {
+            const CoveringFile &covering = m_coverage.m_files[i];
+            if (!covering.file->isUsable())
+                continue;
+            bytes += QFileInfo(covering.file->path).size();
+            if (m_options.onlyKept && !store->find(*covering.file, wanted(i), covering.window)) {
+                m_coverage.m_hasToggles = false;
+                return;
+            }
+        }
+        PartControl control(m_options.control, bytes);
         for (size_t i = 0; i < m_coverage.m_files.size(); ++i) {
             CoveringFile &covering = m_coverage.m_files[i];
             if (!covering.file->isUsable())
                 continue;
-            std::vector<bool> wanted(covering.file->declarations.signalCount(), false);
-            for (const Coverage::Net &net : m_coverage.m_nets) {
-                if (net.file == int(i))
-                    wanted[net.signal] = true;
-            }
-            ToggleStore own;
-            ToggleStore *store = m_options.store ? m_options.store : &own;
-            covering.counts = store->count(*covering.file, covering.scope.scope, wanted,
-                                           covering.window, m_options.control);
+            control.begin(QFileInfo(covering.file->path).size());
+            covering.counts = store->count(*covering.file, wanted(i), covering.window, &control);
         }
+        listActivity();
+    }
+
+    void listActivity()
+    {
         for (quint32 number = 0; number < m_design.netCount(); ++number) {
             const BitActivity *activity = m_coverage.activity(number);
             if (!activity)
@@ -145,8 +216,7 @@ private:
             InstanceCoverage &own = m_coverage.m_own[m_design.scopeOf(number)];
             const auto kind = size_t(m_design.kind(number));
             ++own.kinds.nets[kind];
-            own.kinds.covered[kind] +=
-                source != NetSource::DefaultIo && source != NetSource::DefaultRest;
+            own.kinds.covered[kind] += !isDefault(source);
             ++own.sources[size_t(source)];
             if (const BitActivity *activity = m_coverage.activity(number))
                 own.toggles += activity->toggles;
@@ -191,37 +261,26 @@ const BitActivity *Coverage::activity(quint32 number) const
     return m_files[size_t(net.file)].counts.bit(net.signal, net.place);
 }
 
+KnownScopes Coverage::foundScopes(const DesignTree &design) const
+{
+    KnownScopes scopes;
+    for (const CoveringFile &covering : m_files) {
+        if (covering.scope.isComplete())
+            scopes.insert(
+                {Utils::documentPath(covering.file->path), design.path(covering.instance)},
+                covering.file->declarations.path(covering.scope.scope));
+    }
+    return scopes;
+}
+
 QStringList Coverage::uncovered(const DesignTree &design) const
 {
     QStringList paths;
     for (quint32 net = 0; net < m_nets.size(); ++net) {
-        const NetSource source = m_nets[net].source;
-        if (source == NetSource::DefaultIo || source == NetSource::DefaultRest)
+        if (isDefault(m_nets[net].source))
             paths.append(design.netPath(net));
     }
     return paths;
-}
-
-ToggleCounts ToggleStore::count(const ActivityFile &file, quint32 scope,
-                                const std::vector<bool> &wanted, const TimeWindow &window,
-                                NlsData::ReadControl *control)
-{
-    const QFileInfo info(file.path);
-    const QByteArray key = QStringList{info.absoluteFilePath(),
-                                       QString::number(info.size()),
-                                       QString::number(info.lastModified().toMSecsSinceEpoch()),
-                                       QString::number(scope),
-                                       QString::number(window.start, 'g', 17),
-                                       QString::number(window.end, 'g', 17)}
-                               .join(QLatin1Char('\n'))
-                               .toUtf8();
-    const auto known = m_counts.constFind(key);
-    if (known != m_counts.constEnd())
-        return *known;
-    ToggleCounts counts = countToggles(file, wanted, window, control);
-    if (counts.error.isEmpty())
-        m_counts.insert(key, counts);
-    return counts;
 }
 
 QString activityPath(const VLT::VLT_VcdFile &record, const QString &path)

@@ -2,8 +2,7 @@
 
 #include "check/activity/scoperanking.h"
 #include "check/activity/togglecounter.h"
-
-#include <QMap>
+#include "check/designinput.h"
 
 namespace NlsData {
 class ReadControl;
@@ -16,6 +15,7 @@ struct VLT_VcdFile;
 namespace Check {
 
 class DesignNames;
+class ToggleStore;
 
 /// Where the rate of a net comes from.
 enum class NetSource : quint8 { Rate, File, DefaultIo, DefaultRest, Constant };
@@ -26,6 +26,12 @@ constexpr NetSource ALL_NET_SOURCES[NET_SOURCES] = {NetSource::Rate, NetSource::
 
 QString
 netSourceName(NetSource source); ///< "rate", "file", "default-io", "default-rest", "constant"
+
+/// Whether a net with that source is not covered.
+constexpr bool isDefault(NetSource source)
+{
+    return source == NetSource::DefaultIo || source == NetSource::DefaultRest;
+}
 
 /// An activity file of a configuration, and what it covers.
 struct CoveringFile
@@ -81,6 +87,9 @@ public:
     /// Records of rates whose names are no nets.
     const QVector<int> &unresolvedRates() const { return m_unresolvedRates; }
 
+    /// The scopes that fit, for one who asks again.
+    KnownScopes foundScopes(const DesignTree &design) const;
+
     /// Paths of the nets that are left to a default.
     QStringList uncovered(const DesignTree &design) const;
 
@@ -97,26 +106,17 @@ private:
     bool m_hasToggles = false;
 };
 
-/// Keeps the counts of files that have not changed, for one who asks again.
-class ToggleStore
-{
-public:
-    ToggleCounts count(const ActivityFile &file, quint32 scope, const std::vector<bool> &wanted,
-                       const TimeWindow &window, NlsData::ReadControl *control);
-
-private:
-    QMap<QByteArray, ToggleCounts> m_counts;
-};
-
 struct CoverageOptions
 {
     bool toggles = false;                    ///< read the values of the files, too
-    NlsData::ReadControl *control = nullptr; ///< borrowed; may be null
+    bool onlyKept = false;                   ///< toggles only when the store has all of them
+    NlsData::ReadControl *control = nullptr; ///< borrowed; may be null. Ends the counting early
     ToggleStore *store = nullptr;            ///< likewise
+    const KnownScopes *scopes = nullptr;     ///< likewise
 };
 
 /// Computes what covers a design. `path` is that of the configuration: relative paths in it are
-/// looked for in its folder.
+/// looked for in its folder. When `control` is cancelled, the result is not complete.
 Coverage computeCoverage(const VLT::Configuration &configuration, const QString &path,
                          const DesignTree &design, const DesignNames &names,
                          const CoverageOptions &options = {});

@@ -100,6 +100,17 @@ QString Declarations::path(quint32 scope) const
     return names.join(QLatin1Char('/'));
 }
 
+quint32 Declarations::findScope(const QString &path) const
+{
+    for (quint32 scope = 0; scope < m_scopes.size(); ++scope) {
+        const std::string_view text = name(m_scopes[scope]);
+        if (path.endsWith(QString::fromUtf8(text.data(), int(text.size()))) &&
+            this->path(scope) == path)
+            return scope;
+    }
+    return NONE;
+}
+
 QString Declarations::path(const Variable &variable, quint32 place) const
 {
     const QString folder = path(variable.scope);

@@ -66,6 +66,8 @@ public:
 
     /// Names joined by "/"; empty for the root.
     QString path(quint32 scope) const;
+    /// The first scope with that path; NONE when there is none.
+    quint32 findScope(const QString &path) const;
     QString path(const Variable &variable, quint32 place) const;
     /// With its range as a whole: "tb/dut/count[7:0]".
     QString variablePath(quint32 variable) const;

@@ -9,8 +9,6 @@ namespace {
 
 constexpr quint32 NONE = DesignTree::NONE;
 constexpr int UNMATCHED = 5;
-constexpr double COMPLETE = 0.8;
-constexpr double PART = 0.1; ///< what covers less does not fit at all
 
 /// A scope and a node that are taken for the same, as far up as their names agree.
 using Family = std::pair<quint32, quint32>;
@@ -162,6 +160,17 @@ public:
         return counts;
     }
 
+    /// The pair with what it covers.
+    ScopeCandidate candidate(quint32 scope, quint32 instance)
+    {
+        ScopeCandidate candidate;
+        candidate.scope = scope;
+        candidate.instance = instance;
+        candidate.variables = cover(scope, m_design.scopes()[instance].node);
+        candidate.counts = count(instance);
+        return candidate;
+    }
+
     template<typename Use>
     void forEachNet(quint32 instance, const Use &use)
     {
@@ -228,7 +237,7 @@ public:
             const quint32 found = m_measure.match().follow(scope, above, node);
             if (found == NONE)
                 continue;
-            ScopeCandidate candidate = candidateOf(found, instance, node);
+            ScopeCandidate candidate = candidateOf(found, instance);
             if (candidate.counts.coveredNets() > best.counts.coveredNets())
                 best = candidate;
             if (best.isComplete())
@@ -238,14 +247,10 @@ public:
     }
 
 private:
-    ScopeCandidate candidateOf(quint32 scope, quint32 instance, quint32 node)
+    ScopeCandidate candidateOf(quint32 scope, quint32 instance)
     {
-        ScopeCandidate candidate;
-        candidate.scope = scope;
-        candidate.instance = instance;
+        ScopeCandidate candidate = m_measure.candidate(scope, instance);
         candidate.family = int(m_family);
-        candidate.variables = m_measure.cover(scope, node);
-        candidate.counts = m_measure.count(instance);
         return candidate;
     }
 
@@ -261,7 +266,7 @@ private:
             }
             return;
         }
-        ScopeCandidate candidate = candidateOf(scope, instance, node);
+        ScopeCandidate candidate = candidateOf(scope, instance);
         if (candidate.counts.coveredNets() == 0)
             return;
         m_ranking.candidates.append(candidate);
@@ -281,7 +286,7 @@ private:
         const quint32 found = m_measure.match().follow(scope, above, node);
         if (found == NONE)
             return;
-        const ScopeCandidate candidate = candidateOf(found, instance, node);
+        const ScopeCandidate candidate = candidateOf(found, instance);
         if (candidate.isComplete()) {
             m_ranking.candidates.append(candidate);
             return;
@@ -364,70 +369,7 @@ private:
     ScopeRanking m_ranking;
 };
 
-quint32 sumOf(const std::array<quint32, NET_KINDS> &counts, bool onlySources)
-{
-    quint32 sum = 0;
-    for (const NetKind kind : ALL_NET_KINDS) {
-        const bool isSource =
-            kind == NetKind::Input || kind == NetKind::FlipFlop || kind == NetKind::Memory;
-        if (!onlySources || isSource)
-            sum += counts[size_t(kind)];
-    }
-    return sum;
-}
-
-/// Nothing but all is 100 %.
-int percent(quint32 covered, quint32 nets)
-{
-    return covered == nets ? 100 : qMin(99, qRound(100.0 * covered / nets));
-}
-
-QString share(const char *what, quint32 covered, quint32 nets)
-{
-    return QStringLiteral("%1 %2 of %3 (%4 %)")
-        .arg(QLatin1String(what), QString::number(covered), QString::number(nets),
-             QString::number(percent(covered, nets)));
-}
-
 } // namespace
-
-quint32 KindCounts::coveredNets() const
-{
-    return sumOf(covered, false);
-}
-
-quint32 KindCounts::allNets() const
-{
-    return sumOf(nets, false);
-}
-
-quint32 KindCounts::coveredSources() const
-{
-    return sumOf(covered, true);
-}
-
-quint32 KindCounts::allSources() const
-{
-    return sumOf(nets, true);
-}
-
-QString KindCounts::headline() const
-{
-    const auto logic = size_t(NetKind::Logic);
-    return share("sources", coveredSources(), allSources()) + QStringLiteral(", ") +
-           share("logic", covered[logic], nets[logic]);
-}
-
-bool ScopeCandidate::isComplete() const
-{
-    quint32 covered = counts.coveredSources();
-    quint32 nets = counts.allSources();
-    if (nets == 0) { // combinational
-        covered = counts.coveredNets();
-        nets = counts.allNets();
-    }
-    return nets > 0 && covered >= COMPLETE * nets;
-}
 
 QString ScopeRanking::verdictText() const
 {
@@ -443,18 +385,21 @@ QString ScopeRanking::verdictText() const
     }
 }
 
-bool ScopeCandidate::isPart() const
-{
-    return counts.coveredNets() > 0 && counts.coveredNets() >= PART * counts.allNets();
-}
-
 ScopeRanking rankScopes(const ActivityFile &file, const DesignTree &design)
 {
     return Ranker(file, design).rank();
 }
 
-ScopeCandidate scopeFor(const ActivityFile &file, const DesignTree &design, quint32 instance)
+ScopeCandidate scopeFor(const ActivityFile &file, const DesignTree &design, quint32 instance,
+                        const QString *known)
 {
+    const quint32 scope = known ? file.declarations.findScope(*known) : NONE;
+    if (scope != NONE) {
+        const ScopeIndex index(file.declarations);
+        const ScopeCandidate candidate = Measure(file, index, design).candidate(scope, instance);
+        if (candidate.isComplete())
+            return candidate;
+    }
     return Ranker(file, design).best(instance);
 }
 

@@ -60,7 +60,9 @@ struct ScopeRanking
 ScopeRanking rankScopes(const ActivityFile &file, const DesignTree &design);
 
 /// The scope of a file that covers most of an instance of the design, with what it covers; the
-/// counts are 0 when none covers anything.
-ScopeCandidate scopeFor(const ActivityFile &file, const DesignTree &design, quint32 instance);
+/// counts are 0 when none covers anything. `known` is the path of a scope that was found before: as
+/// long as it fits, no other one is looked for. Null: none was.
+ScopeCandidate scopeFor(const ActivityFile &file, const DesignTree &design, quint32 instance,
+                        const QString *known = nullptr);
 
 } // namespace Check

@@ -78,7 +78,8 @@ public:
                          file.timescale.text()));
     }
 
-    void checkScope(const CoveringFile &covering, const DesignTree &design)
+    void checkScope(const CoveringFile &covering, const DesignTree &design,
+                    const QString &designName)
     {
         if (covering.instance == DesignTree::NONE || covering.scope.isComplete())
             return;
@@ -88,16 +89,19 @@ public:
                                    ranking.candidates.first().instance != covering.instance;
         if (!fitsElsewhere && counts.coveredNets() > 0 && covering.scope.isPart())
             return;
-        const QString proposal =
-            fitsElsewhere ? design.path(ranking.candidates.first().instance) : QString();
+        QString proposal;
+        if (fitsElsewhere)
+            proposal = ranking.candidates.first().instance == 0
+                           ? designName
+                           : design.path(ranking.candidates.first().instance);
         const QString instance = m_record.entity.isEmpty()
                                      ? QStringLiteral("the design")
                                      : QLatin1Char('"') + m_record.entity + QLatin1Char('"');
         QString message =
             QStringLiteral("the activity file \"%1\" does not fit %2").arg(m_record.file, instance);
         if (fitsElsewhere)
-            message += proposal.isEmpty() ? QStringLiteral("; it fits the design")
-                                          : QStringLiteral("; it fits \"%1\"").arg(proposal);
+            message += proposal == designName ? QStringLiteral("; it fits the design")
+                                              : QStringLiteral("; it fits \"%1\"").arg(proposal);
         add("scope-misfit", message, proposal);
     }
 
@@ -162,8 +166,11 @@ void checkActivityContents(const ConfigurationInput &input, const DesignInput &d
         tree.emplace(*design.netlist, design.names->nets());
         CoverageOptions coverageOptions;
         coverageOptions.toggles = options.level == ActivityLevel::Full;
+        coverageOptions.scopes = &design.scopes;
         coverage =
             computeCoverage(input.configuration, input.path, *tree, *design.names, coverageOptions);
+        if (options.found)
+            *options.found = coverage.foundScopes(*tree);
         checkMinimum(coverage, options.minimum, findings);
     }
     QVector<QStringList> overlaps(records.size());
@@ -187,7 +194,7 @@ void checkActivityContents(const ConfigurationInput &input, const DesignInput &d
             check.checkSpan(*file);
         if (!tree)
             continue;
-        check.checkScope(coverage.files()[size_t(i)], *tree);
+        check.checkScope(coverage.files()[size_t(i)], *tree, design.names->design());
         check.checkActivity(coverage.files()[size_t(i)]);
         check.checkOverlaps(overlaps.at(i));
     }

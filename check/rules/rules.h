@@ -21,6 +21,7 @@ struct ActivityOptions
 {
     ActivityLevel level = ActivityLevel::None;
     QMap<NetKind, double> minimum; ///< coverage below this is a finding, in percent
+    KnownScopes *found = nullptr;  ///< borrowed, may be null: receives the scopes that fit
 };
 
 /// The findings on one configuration, sorted. An input that cannot be read is one of them.

@@ -57,6 +57,10 @@ public:
     virtual bool showRecord(const QString &path, const QString &section, const QString &name,
                             int occurrence) = 0;
 
+    /// Adds nets without a rate to the rates of an open file, in its view, as if the user had
+    /// picked them there. Returns how many were not listed yet; -1 when the file is not open.
+    virtual int addNetRates(const QString &path, const QStringList &nets) = 0;
+
     /// Saves an open file that is modified. False when it was refused or failed, which the user
     /// has been told; runs the event loop then.
     virtual bool save(const QString &path) = 0;

@@ -27,6 +27,7 @@ const QLatin1String PROGRAM("program");
 const QLatin1String ARGUMENTS("arguments");
 const QLatin1String RESULTS("results");
 const QLatin1String RECORD_NAMES("recordNames");
+const QLatin1String ACTIVITY_SCOPES("activityScopes");
 
 bool isText(const QJsonValue &value)
 {
@@ -274,6 +275,37 @@ void ProjectFile::setRecordsNames(bool records)
 {
     if (records != recordsNames())
         set({RECORD_NAMES}, records);
+}
+
+QHash<QPair<QString, QString>, QString> ProjectFile::activityScopes() const
+{
+    QHash<QPair<QString, QString>, QString> scopes;
+    const QJsonObject files = m_data[ACTIVITY_SCOPES].toObject();
+    for (auto file = files.begin(); file != files.end(); ++file) {
+        const QJsonObject instances = file->toObject();
+        for (auto instance = instances.begin(); instance != instances.end(); ++instance) {
+            if (instance->isString())
+                scopes.insert({absolutePath(file.key()), instance.key()}, instance->toString());
+        }
+    }
+    return scopes;
+}
+
+void ProjectFile::addActivityScopes(const QHash<QPair<QString, QString>, QString> &scopes)
+{
+    const QJsonValue present = m_data.value(ACTIVITY_SCOPES);
+    if (!present.isUndefined() && !present.isObject())
+        return; // of somebody else
+    const QHash<QPair<QString, QString>, QString> known = activityScopes();
+    auto places = scopes.keys();
+    std::sort(places.begin(), places.end()); // the same text for the same scopes
+    changeTogether([&] {
+        for (const auto &place : qAsConst(places)) {
+            if (!known.contains(place) || known.value(place) != scopes.value(place))
+                set({ACTIVITY_SCOPES, relativePath(place.first), place.second},
+                    scopes.value(place));
+        }
+    });
 }
 
 QString ProjectFile::resultFile(const QString &key) const

@@ -4,8 +4,10 @@
 
 #include "host/core/jsontext.h"
 
+#include <QHash>
 #include <QJsonObject>
 #include <QObject>
+#include <QPair>
 #include <QStringList>
 
 #include <functional>
@@ -19,7 +21,8 @@ class Project;
 ///
 ///     {"name": "...", "device": "<id>", "top": "...", "sources": ["..."], "files": ["..."],
 ///      "synthesis": {"program": "...", "arguments": ["..."]},
-///      "results": {"RES.netlist": "..."}, "recordNames": true}
+///      "results": {"RES.netlist": "..."}, "recordNames": true,
+///      "activityScopes": {"<file>": {"<instance>": "<scope>"}}}
 ///
 /// Paths are relative to the project file's folder. Unknown members are kept, and so are order and
 /// spelling of everything that a change does not concern. Every change is saved at once.
@@ -76,6 +79,14 @@ public:
     /// turns it off.
     bool recordsNames() const;
     void setRecordsNames(bool records);
+
+    /// Scopes that were found for activity files: by the file's absolute path and the path of the
+    /// instance, which is empty for the design.
+    QHash<QPair<QString, QString>, QString> activityScopes() const;
+
+    /// Adds scopes, or replaces those of the same file and instance. What else is in that member is
+    /// kept.
+    void addActivityScopes(const QHash<QPair<QString, QString>, QString> &scopes);
 
     /// Absolute path of the result; empty if the project does not name it.
     QString resultFile(const QString &key) const;

@@ -10,6 +10,7 @@
 #include "document/saving.h"
 #include "document/vltenablesetwidget.h"
 #include "document/vltratewidget.h"
+#include "rates/ratetableview.h"
 #include "tables/doubledelegate.h"
 #include "tables/tablepage.h"
 #include "ui_changedbanner.h"
@@ -127,6 +128,13 @@ void VLTView::setTitle()
         title += QLatin1Char('*');
     setWindowTitle(title);
     setShortTitle(title);
+}
+
+int VLTView::addNetRates(const QStringList &paths)
+{
+    auto *table = findChild<RateTableView *>(QStringLiteral("tableviewNet"));
+    m_tabs->setCurrentWidget(m_ratePage);
+    return table->addNets(paths);
 }
 
 bool VLTView::showRecord(const QString &section, const QString &name, int occurrence)

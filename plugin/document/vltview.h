@@ -83,6 +83,10 @@ public:
     /// the tab with the element is shown. False when the table does not list the record.
     VLT_EXPORT bool showRecord(const QString &section, const QString &name, int occurrence);
 
+    /// Adds nets without a rate to the net rates, as if the user had picked them: those that the
+    /// netlist has and that are not listed yet. Shows them, and returns their number.
+    VLT_EXPORT int addNetRates(const QStringList &paths);
+
     /// The top-level pages, in the file's order; owned by the view.
     QVector<Page *> pages() const;
 

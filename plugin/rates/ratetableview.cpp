@@ -67,12 +67,12 @@ QSize RateTableView::sizeHint() const
 void RateTableView::onNew()
 {
     if (m_type == RateOfNets)
-        addNets();
+        chooseNets();
     else
         addPorts();
 }
 
-void RateTableView::addNets()
+void RateTableView::chooseNets()
 {
     const QPointer<RateTableView> self(this);
     // Held while the chosen nets are used, because a synthesis run may replace the view's netlist.
@@ -84,8 +84,28 @@ void RateTableView::addNets()
         return netlist->netMap().values();
     }();
     const QList<NlsData::Net *> nets = NlsData::FindNetDialog::getList(all, this);
-    if (!self || nets.isEmpty())
-        return;
+    if (self && !nets.isEmpty())
+        appendNets(nets);
+}
+
+int RateTableView::addNets(const QStringList &paths)
+{
+    const auto netlist = document()->holdNetlist();
+    if (!netlist)
+        return 0;
+    const WaitCursor wait;
+    QList<NlsData::Net *> nets;
+    for (const QString &path : paths) {
+        if (NlsData::Net *net = netlist->netMap().value(path))
+            nets.append(net);
+    }
+    const int before = m_records.list().size();
+    appendNets(nets);
+    return m_records.list().size() - before;
+}
+
+void RateTableView::appendNets(const QList<NlsData::Net *> &nets)
+{
     addRecords(
         nets, [](const NlsData::Net *net) { return net->path(); },
         [](VLT_Rate &, const NlsData::Net *) {});

@@ -3,6 +3,10 @@
 #include "rates/ratemodel.h"
 #include "tables/recordpage.h"
 
+namespace NlsData {
+class Net;
+}
+
 namespace VLT {
 
 enum Rate_Type {
@@ -33,6 +37,10 @@ public:
     /// Clears all values.
     void resetValue();
 
+    /// Adds the nets of these paths that the netlist has and that are not listed yet, and shows
+    /// them. Returns their number.
+    int addNets(const QStringList &paths);
+
     /// Wide enough for both columns.
     QSize sizeHint() const override;
 
@@ -46,7 +54,8 @@ signals:
     void modified();
 
 private:
-    void addNets();
+    void chooseNets();
+    void appendNets(const QList<NlsData::Net *> &nets);
     void addPorts();
 
     QTableView *const m_table;

@@ -40,7 +40,8 @@ QHash<QPair<QString, int>, int> occurrencesOf(const VLT::Configuration &configur
 CheckResult runChecks(const CheckJob &job, SharedDesign *design, NlsData::ReadControl *control)
 {
     CheckResult result;
-    const Check::DesignInput input = design->get(job.netlistPath, job.device, control);
+    Check::DesignInput input = design->get(job.netlistPath, job.device, control);
+    input.scopes = job.scopes;
     Check::ConfigurationInput file = Check::readConfigurationInput(job.path);
     if (job.recordNames && input.names && file.isUsable() &&
         Check::recordNames(file, *input.names, input.netlistSha256, {}, &result.problem))
@@ -48,6 +49,7 @@ CheckResult runChecks(const CheckJob &job, SharedDesign *design, NlsData::ReadCo
     result.occurrences = occurrencesOf(file.configuration);
     Check::ActivityOptions activity;
     activity.level = Check::ActivityLevel::Header;
+    activity.found = &result.scopes;
     result.findings = checkConfiguration(file, input, {}, activity);
     if (!input.netlistError.isEmpty())
         result.findings.append({Check::findRule(QStringLiteral("not-readable")),

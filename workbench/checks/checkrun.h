@@ -1,5 +1,6 @@
 #pragma once
 
+#include "check/designinput.h"
 #include "check/finding.h"
 
 #include <QHash>
@@ -19,7 +20,9 @@ struct CheckJob
     QString path; ///< of the configuration
     QString netlistPath;
     QString device;
-    bool recordNames = false; ///< first brings the memory of names up to date
+    bool recordNames = false;       ///< first brings the memory of names up to date
+    bool keepScopes = false;        ///< the scopes that are found are to be kept in the project
+    Check::KnownScopes scopes = {}; ///< that were found before
 };
 
 struct CheckResult
@@ -27,7 +30,8 @@ struct CheckResult
     QVector<Check::Finding> findings; ///< sorted
     /// By section and ordinal, of records whose name is listed before: the number among those.
     QHash<QPair<QString, int>, int> occurrences;
-    QString problem; ///< why the memory of names could not be written; empty otherwise
+    Check::KnownScopes scopes; ///< of activity files, where they fit
+    QString problem;           ///< why the memory of names could not be written; empty otherwise
 
     /// The number of the finding's record among those of its name, from 1.
     int occurrence(const Check::Finding &finding) const

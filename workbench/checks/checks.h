@@ -25,6 +25,7 @@ public:
     explicit Checks(QMainWindow *window);
 
     QDockWidget *dock() const { return m_dock; }
+    CheckService *service() const { return m_service; }
     QMenu *menu() const { return m_menu; }
 
     /// Shows the counts; a click shows the pane.

@@ -56,7 +56,7 @@ void CheckService::finishRecording()
         m_worker->end();
     for (CheckJob &job : m_waiting) {
         if (job.recordNames)
-            runChecks(job, &m_design, nullptr);
+            runChecks(job, m_design.get(), nullptr);
         job.recordNames = false;
     }
 }
@@ -77,8 +77,12 @@ const CheckService::State *CheckService::state(const QString &path) const
 CheckJob CheckService::jobFor(const QString &path)
 {
     const Core::ProjectFile *project = Core::ProjectFile::current();
-    return {path, project ? project->resultFile(QLatin1String(TE::RES_NETLIST)) : QString(),
-            TE::DeviceSelection::get()->deviceID(), false};
+    return {path,
+            project ? project->resultFile(QLatin1String(TE::RES_NETLIST)) : QString(),
+            TE::DeviceSelection::get()->deviceID(),
+            false,
+            false,
+            project ? project->activityScopes() : Check::KnownScopes()};
 }
 
 // The views hear of the same events, and may run the event loop or close: the checks follow later.
@@ -88,7 +92,7 @@ void CheckService::handleIEvent(const QUtil::IEvent *event)
         if (event->value(QLatin1String(VLT::Environment::VALUE_STATUS)).toInt() !=
             VLT::Environment::STATUS_FINISHED)
             return;
-        m_design.drop();
+        m_design->drop();
     }
     QMetaObject::invokeMethod(this, &CheckService::scheduleAll, Qt::QueuedConnection);
 }
@@ -141,32 +145,36 @@ void CheckService::onTitleChanged(Core::IView *view)
     const Utils::FileStamp stamp = Utils::FileStamp::of(file.path);
     if (!state.isModified && stamp != file.stamp) {
         file.stamp = stamp;
-        const Core::ProjectFile *project = Core::ProjectFile::current();
-        schedule(file.path, project && project->recordsNames());
+        schedule(file.path, true);
     }
     emit changed();
 }
 
-void CheckService::schedule(const QString &path, bool recordNames)
+void CheckService::schedule(const QString &path, bool isSaved)
 {
     CheckJob job = jobFor(path);
-    job.recordNames = recordNames;
+    const Core::ProjectFile *project = Core::ProjectFile::current();
+    job.recordNames = isSaved && project && project->recordsNames();
+    job.keepScopes = isSaved;
     if (m_worker && m_running.path == path && !m_isSuperseded) {
         m_isSuperseded = true;
         m_control->cancel();
         // It may have ended before the record was written.
         job.recordNames = job.recordNames || m_running.recordNames;
+        job.keepScopes = job.keepScopes || m_running.keepScopes;
     }
     const auto waiting =
         std::find_if(m_waiting.begin(), m_waiting.end(),
                      [&path](const CheckJob &candidate) { return candidate.path == path; });
     if (waiting != m_waiting.end()) {
         job.recordNames = job.recordNames || waiting->recordNames;
+        job.keepScopes = job.keepScopes || waiting->keepScopes;
         *waiting = job;
     } else {
         m_waiting.append(job);
     }
     m_states[path].isWaiting = true;
+    emit outdated(path);
     startNext();
 }
 
@@ -186,7 +194,7 @@ void CheckService::startNext()
     m_isSuperseded = false;
     m_control = std::make_unique<NlsData::ReadControl>();
     m_worker = std::make_unique<TE::Worker>([this](const TE::Worker &) {
-        m_result = runChecks(m_running, &m_design, m_control.get());
+        m_result = runChecks(m_running, m_design.get(), m_control.get());
     });
     connect(m_worker.get(), &TE::Worker::done, this, &CheckService::onDone);
 }
@@ -200,6 +208,9 @@ void CheckService::onDone()
     if (!m_result.problem.isEmpty())
         emit failed(tr("%1: %2").arg(name, m_result.problem));
     if (!m_isSuperseded && m_states.contains(path)) {
+        Core::ProjectFile *project = Core::ProjectFile::current();
+        if (m_running.keepScopes && project)
+            project->addActivityScopes(m_result.scopes);
         State &state = m_states[path];
         const QString before =
             state.isChecked ? summary(countsOf(state.result.findings)) : QString();
@@ -219,7 +230,7 @@ void CheckService::onDone()
 void CheckService::dropDesignWhenIdle()
 {
     if (m_views.isEmpty() && !m_worker)
-        m_design.drop();
+        m_design->drop();
 }
 
 } // namespace Workbench

@@ -28,7 +28,8 @@ namespace Workbench {
 /// Checks the configurations that are open, as their files are, one after the other in a thread:
 /// when one is opened or saved, and all of them when there is a new netlist or device. What a run
 /// was started for may change meanwhile: its result is then dropped, and it runs again. Saving also
-/// records what the names mean, unless the project turns that off. No document is changed.
+/// records what the names mean, unless the project turns that off, and keeps in the project which
+/// scopes of activity files fit. No document is changed.
 class CheckService : public QObject, public QUtil::IEventHandler
 {
     Q_OBJECT
@@ -52,7 +53,9 @@ public:
     /// Null when the configuration is not open.
     const State *state(const QString &path) const;
 
-    SharedDesign *design() { return &m_design; }
+    SharedDesign *design() const { return m_design.get(); }
+    /// For a thread that may outlive the service.
+    std::shared_ptr<SharedDesign> sharedDesign() const { return m_design; }
 
     /// Checks an open configuration once more.
     void recheck(const QString &path);
@@ -68,6 +71,8 @@ public:
 signals:
     /// current() is another one, or its state has changed.
     void changed();
+    /// What was found out about an open configuration may have changed.
+    void outdated(const QString &path);
     void message(const QString &text);
     void failed(const QString &text);
 
@@ -75,7 +80,7 @@ private:
     void onViewActivated(Core::IView *view);
     void onViewClosed(Core::IView *view);
     void onTitleChanged(Core::IView *view);
-    void schedule(const QString &path, bool recordNames);
+    void schedule(const QString &path, bool isSaved);
     void scheduleAll();
     void startNext();
     void onDone();
@@ -87,7 +92,7 @@ private:
         Utils::FileStamp stamp; ///< as last read or written
     };
 
-    SharedDesign m_design;
+    const std::shared_ptr<SharedDesign> m_design = std::make_shared<SharedDesign>();
     QHash<Core::IView *, OpenFile> m_views; // not owned
     QHash<QString, State> m_states;         // by path
     QString m_current;

@@ -103,6 +103,7 @@ int runCoverage(const QStringList &arguments)
     const Check::DesignTree tree(*design.netlist, design.names->nets());
     Check::CoverageOptions coverageOptions;
     coverageOptions.toggles = activity == QLatin1String("full");
+    coverageOptions.scopes = &design.scopes;
     const Check::Coverage coverage =
         computeCoverage(input.configuration, input.path, tree, *design.names, coverageOptions);
     const Check::CoverageReport report{input, coverage, tree, depth};

@@ -71,6 +71,7 @@ void DesignOptions::readProject(const QString &project, Check::DesignInput *desi
     addInput(project);
     const Core::ProjectFile *file = Core::ProjectFile::of(read.get());
     design->device = file->device();
+    design->scopes = file->activityScopes();
     const QString netlist = file->resultFile(QLatin1String(TE::RES_NETLIST));
     // As given where it was given relative to a relative path: reports are the same everywhere.
     design->netlistPath = QFileInfo(project).isRelative() && !netlist.isEmpty()

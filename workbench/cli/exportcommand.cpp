@@ -96,6 +96,7 @@ int runExport(const QStringList &arguments)
     const Check::DesignTree tree(*design.netlist, design.names->nets());
     Check::CoverageOptions coverageOptions;
     coverageOptions.toggles = isCsv;
+    coverageOptions.scopes = &design.scopes;
     const Check::Coverage coverage =
         computeCoverage(input.configuration, input.path, tree, *design.names, coverageOptions);
     const Check::ExportInput exportInput{input, coverage, tree, *design.names, clocks};

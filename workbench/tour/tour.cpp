@@ -36,6 +36,7 @@ constexpr Step STEPS[] = {
     {"set the toggle rate of a net", giveNetsRates},
     {"refuse unusable activity files", refuseUnusableActivityFiles},
     {"bind activity files to an instance and to the top", bindActivityFiles},
+    {"see what they cover", seeCoverage},
     {"set the clock enables", setClockEnables},
     {"find ports and edit their values", findAndEditPorts},
     {"sort the ports and remove some", sortAndRemovePorts},

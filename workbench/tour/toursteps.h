@@ -34,6 +34,7 @@ void setConditions(const Tour &tour);
 void giveNetsRates(const Tour &tour);
 void refuseUnusableActivityFiles(const Tour &tour);
 void bindActivityFiles(const Tour &tour);
+void seeCoverage(const Tour &tour);
 void setClockEnables(const Tour &tour);
 void findAndEditPorts(const Tour &tour);
 void sortAndRemovePorts(const Tour &tour);
