@@ -3,26 +3,14 @@
 #include "support/netlistjson.h"
 
 #include "core/iview.h"
-#include "host/core/ifileopener.h"
 
-#include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QDoubleSpinBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QProgressBar>
-#include <QTabWidget>
-#include <QTableView>
-#include <QToolButton>
-#include <QTreeView>
 #include <QtTest>
+#include <QtWidgets>
 
 namespace {
 
 // Of the design as below: all but what is in u9.
-const QByteArray Dump = "$timescale 1ns $end\n$scope module tb $end $scope module dut $end\n"
+const QByteArray DUMP = "$timescale 1ns $end\n$scope module tb $end $scope module dut $end\n"
                         "$var wire 1 ! c $end $var wire 8 % own [7:0] $end\n"
                         "$scope module u10 $end $var wire 2 # r [1:0] $end $upscope $end\n"
                         "$upscope $end $upscope $end $enddefinitions $end\n"
@@ -95,7 +83,7 @@ private:
     Core::IView *show(const QByteArray &rates = {})
     {
         m_host->useNetlist(design());
-        const QString dump = m_host->write(QStringLiteral("a.vcd"), Dump);
+        const QString dump = m_host->write(QStringLiteral("a.vcd"), DUMP);
         Core::IView *view = openView(QStringLiteral("a.vlr"), bound(dump, rates));
         window().resize(1400, 1000);
         action("showCoverage")->trigger();
@@ -251,7 +239,7 @@ void TestCoverage::countsAndStops()
     edit();
     QTest::qWait(50);
     QTRY_COMPARE(description(QStringLiteral("top"), toggles), QStringLiteral("6"));
-    m_host->write(QStringLiteral("a.vcd"), Dump + "#20\n1!\n#25\n");
+    m_host->write(QStringLiteral("a.vcd"), DUMP + "#20\n1!\n#25\n");
     edit();
     QTRY_VERIFY(tree()->isColumnHidden(toggles));
     press("countToggles");

@@ -3,8 +3,6 @@
 #include <QTimer>
 #include <QWidget>
 
-#include <memory>
-
 class QCheckBox;
 class QLabel;
 class QProgressBar;
