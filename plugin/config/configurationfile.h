@@ -62,8 +62,11 @@ Configuration readConfiguration(const QByteArray &bytes, ReadReport *report);
 /// characters.
 bool writeConfiguration(const Configuration &configuration, QByteArray *bytes, QString *offender);
 
-/// The first text, in the file's order, that cannot be written to a file, without the characters
-/// that XML forbids.
+/// A text that cannot be written to a file, without the characters that XML forbids; none if it can
+/// be written.
+std::optional<QString> unwritableText(const QString &text);
+
+/// The same of the first such text, in the file's order.
 std::optional<QString> unwritableText(const Configuration &configuration);
 
 } // namespace VLT

@@ -23,10 +23,8 @@ public:
 
     void look(const QString &text)
     {
-        if (found || (std::none_of(text.begin(), text.end(), isForbidden) && text.isValidUtf16()))
-            return;
-        found = QString();
-        std::remove_copy_if(text.begin(), text.end(), std::back_inserter(*found), isForbidden);
+        if (!found)
+            found = unwritableText(text);
     }
 
     void look(const std::optional<QString> &text)
@@ -63,6 +61,15 @@ public:
 };
 
 } // namespace
+
+std::optional<QString> unwritableText(const QString &text)
+{
+    if (std::none_of(text.begin(), text.end(), isForbidden) && text.isValidUtf16())
+        return std::nullopt;
+    QString rest;
+    std::remove_copy_if(text.begin(), text.end(), std::back_inserter(rest), isForbidden);
+    return rest;
+}
 
 std::optional<QString> unwritableText(const Configuration &configuration)
 {

@@ -248,7 +248,7 @@ bool VLTView::composeText(QByteArray *bytes)
         offender = unwritableText(configuration()).value_or(QString());
     }
     for (TablePage *table : findChildren<TablePage *>()) {
-        if (table->revealText(offender))
+        if (table->revealUnwritable(offender))
             break;
     }
     reportUnwritableText(m_file, offender, this);

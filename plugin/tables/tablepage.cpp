@@ -1,5 +1,6 @@
 #include "tables/tablepage.h"
 
+#include "config/configurationfile.h"
 #include "tables/document.h"
 #include "tables/doubledelegate.h"
 #include "tables/markednames.h"
@@ -187,12 +188,14 @@ void TablePage::reveal(int row)
     selectRows(row, row);
 }
 
-bool TablePage::revealText(const QString &text)
+bool TablePage::revealUnwritable(const QString &text)
 {
     for (int row = 0; row < m_model->rowCount(); ++row) {
         for (int column = 0; column < m_model->columnCount(); ++column) {
             const QModelIndex index = m_model->index(row, column);
-            if (index.data().toString() == text || index.data(Qt::ToolTipRole).toString() == text) {
+            // A cell may show an abbreviation, and has the whole text in its tool tip.
+            if (unwritableText(index.data().toString()) == text ||
+                unwritableText(index.data(Qt::ToolTipRole).toString()) == text) {
                 reveal(row);
                 return true;
             }

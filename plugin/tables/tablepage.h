@@ -53,9 +53,9 @@ public:
     /// Shows the user the row: its tab, the row selected and in sight, the focus in it.
     void reveal(int row);
 
-    /// Shows the first row with a cell that is, or stands for, exactly this text; false when there
-    /// is none.
-    bool revealText(const QString &text);
+    /// Reveals the first row with a cell of which unwritableText() is `text`; false when there is
+    /// none.
+    bool revealUnwritable(const QString &text);
 
 public slots:
     /// Asks, and removes the selected rows.

@@ -1,3 +1,4 @@
+#include "activity/dffsetwidget.h"
 #include "config/vlrfile.h"
 #include "document/vltview.h"
 #include "frame/vltsettingplugin.h"
@@ -41,6 +42,7 @@ private slots:
     void rejectsPartlyParsedFile();
     void failedSaveKeepsChanges_data();
     void failedSaveKeepsChanges();
+    void refusedSaveLeadsToTheRow();
     void savesOpenEditor();
     void refusedCloseKeepsTypedText();
     void messagesShowLongNamesInFull();
@@ -321,6 +323,32 @@ void TestVLTView::failedSaveKeepsChanges()
     QVERIFY(view->isModified());
     QFile::remove(view->file());
     QVERIFY(view->save());
+}
+
+void TestVLTView::refusedSaveLeadsToTheRow()
+{
+    m_host->useNetlist(TestHost::defaultNetlist().replace("q_reg1", "q\\u0001_reg1"));
+    VLTView *view = open();
+    auto *page = view->findChild<VLT::DFFSetWidget *>();
+    {
+        ModalDriver finder([](QWidget *dialog) {
+            dialog->findChild<QPushButton *>(QStringLiteral("btnSearch"))->click();
+            dialog->findChild<QListWidget *>()->selectAll();
+            dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->click();
+        });
+        page->findChild<QAbstractButton *>(QStringLiteral("btnAdd"))->click();
+    }
+    auto *table = page->findChild<QTableView *>();
+    QCOMPARE(table->model()->rowCount(), 3);
+    table->setCurrentIndex(table->model()->index(0, 0));
+    ModalDriver refusal(pressButton(QMessageBox::Ok));
+    QVERIFY(!view->save());
+    QVERIFY2(refusal.text().contains(QLatin1String("'q_reg1' has a character")),
+             qPrintable(refusal.text()));
+    QCOMPARE(m_host->read(QStringLiteral("a.vlr")), VLT::emptyFile());
+    QVERIFY(table->isVisibleTo(view));
+    QCOMPARE(table->currentIndex().siblingAtColumn(0).data().toString(),
+             QStringLiteral("q\x01_reg1"));
 }
 
 void TestVLTView::savesOpenEditor()
