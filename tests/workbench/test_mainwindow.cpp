@@ -60,7 +60,8 @@ private slots:
     void remembersRecentFiles();
     void changesDevice();
     void opensProjectBesideFile();
-    void reportsFileThatNeedsProject();
+    void saysWhyFileStaysClosed_data();
+    void saysWhyFileStaysClosed();
     void removesProjectFilesOnly();
 
 private:
@@ -396,15 +397,36 @@ void TestMainWindow::opensProjectBesideFile()
     QCOMPARE(Core::ProjectFile::of(project)->path(), m_host->path(QStringLiteral("test.fpgaproj")));
 }
 
-void TestMainWindow::reportsFileThatNeedsProject()
+void TestMainWindow::saysWhyFileStaysClosed_data()
 {
-    Core::ProjectSession::get()->close();
+    QTest::addColumn<QString>("device");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<QString>("cause");
+    QTest::newRow("no project") << QString() << EmptyFile << "no project is open";
+    QTest::newRow("unknown device")
+        << "NO-SUCH" << EmptyFile << "no device that the catalogue lists";
+    QTest::newRow("device without supplies") << "QF3-50-BG900" << EmptyFile << "has no supply data";
+    QTest::newRow("broken file") << "QF2-10-BG256" << EmptyFile + "<x"
+                                 << "a.vlr has not been "
+                                    "opened: line 3: ";
+}
+
+void TestMainWindow::saysWhyFileStaysClosed()
+{
+    QFETCH(QString, device);
+    QFETCH(QByteArray, bytes);
+    QFETCH(QString, cause);
+    m_host.reset();
+    m_host = std::make_unique<TestHost>(device);
+    if (device.isEmpty())
+        Core::ProjectSession::get()->close();
     window().messages()->clear();
-    const QString path = m_host->write(QStringLiteral("elsewhere/a.vlr"), EmptyFile);
+    const QString path = m_host->write(QStringLiteral("elsewhere/a.vlr"), bytes);
     ModalDriver error(pressButton(QMessageBox::Ok));
     window().open(path);
     QVERIFY(!Core::IFileOpener::forFile(path)->view(path));
-    QVERIFY2(messages().contains(QLatin1String("has not been opened")), qPrintable(messages()));
+    QVERIFY2(messages().contains(QLatin1String("has not been opened: ")), qPrintable(messages()));
+    QVERIFY2(messages().contains(cause), qPrintable(messages()));
     QVERIFY(!messages().contains(QLatin1String("is opened")));
 }
 

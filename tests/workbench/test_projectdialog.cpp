@@ -1,6 +1,7 @@
 #include "workbench/projects/argumentline.h"
 #include "workbench/projects/designfamily.h"
 #include "workbench/projects/projectdialog.h"
+#include "workbench/projects/sampleproject.h"
 #include "workbench/projects/verilogmodules.h"
 
 #include "host/core/projectfile.h"
@@ -22,6 +23,7 @@ private slots:
     void quotesArguments();
     void findsTopModules();
     void guessesFamily();
+    void copiesSample();
     void createsFromVerilogFolder();
     void keepsWhatTheUserTyped();
     void reportsBadInput();
@@ -118,6 +120,25 @@ void TestProjectDialog::guessesFamily()
         const DesignFamily *family = familyOfCells({{QLatin1String(cell), 1}});
         QVERIFY2(family && familyOfDevice(QLatin1String(family->device)) == family, cell);
     }
+}
+
+void TestProjectDialog::copiesSample()
+{
+    TestHost host;
+    for (const char *name : {"share/sample.fpgaproj", "share/rtl/a.v"})
+        host.write(QLatin1String(name), "shipped");
+    const QDir shipped(host.path(QStringLiteral("share")));
+    const QDir own(host.path(QStringLiteral("own")));
+    QString error;
+    QCOMPARE(ownSample(shipped, own, &error), own.filePath(QStringLiteral("sample.fpgaproj")));
+    QCOMPARE(host.read(QStringLiteral("own/rtl/a.v")), QByteArray("shipped"));
+    // What the user has changed stays, even if the project file has to be copied again.
+    host.write(QStringLiteral("own/rtl/a.v"), "changed");
+    QVERIFY(QFile::remove(own.filePath(QStringLiteral("sample.fpgaproj"))));
+    QVERIFY(!ownSample(shipped, own, &error).isEmpty() && error.isEmpty());
+    QCOMPARE(host.read(QStringLiteral("own/rtl/a.v")), QByteArray("changed"));
+    const QDir none(host.path(QStringLiteral("own/rtl/a.v/below")));
+    QVERIFY(ownSample(shipped, none, &error).isEmpty() && error.contains(none.path()));
 }
 
 void TestProjectDialog::createsFromVerilogFolder()

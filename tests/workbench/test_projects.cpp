@@ -69,6 +69,14 @@ void TestProjects::opensNetlistAsProject()
     const QString netlist = m_host->write(QStringLiteral("mine/design.json"),
                                           TestHost::defaultNetlist().replace("FERN_DFF", "SB_DFF"));
     {
+        const QString before = project();
+        const ModalDriver refused([](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
+        window().open(netlist);
+        QCOMPARE(project(), before);
+        QCOMPARE(QFileInfo(netlist).dir().entryList(QDir::Files), {QStringLiteral("design.json")});
+        QVERIFY(Core::ViewArea::get()->views().isEmpty());
+    }
+    {
         ModalDriver page([](QWidget *dialog) {
             QCOMPARE(dialog->objectName(), QStringLiteral("projectDialog"));
             const auto text = [dialog](const char *name) {

@@ -137,6 +137,13 @@ void TestSynthesis::followsPlaces()
     text->moveCursor(QTextCursor::Start);
     QTest::keyClick(pane, Qt::Key_Return); // the cursor is in the line
     QCOMPARE(text->textCursor().blockNumber(), 2);
+
+    Core::ViewArea::get()->discardAllViews();
+    QVERIFY(QFile::remove(m_host->path(QStringLiteral("rtl/a.v"))));
+    ModalDriver gone(pressButton(QMessageBox::Ok));
+    QTest::keyClick(pane, Qt::Key_Return);
+    QVERIFY2(gone.text().contains(QLatin1String("rtl/a.v: No such file")), qPrintable(gone.text()));
+    QVERIFY(messages().contains(gone.text()) && !Core::ViewArea::get()->activeView());
 }
 
 void TestSynthesis::dropsMessagesOfClosedProject()

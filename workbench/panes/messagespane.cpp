@@ -120,7 +120,9 @@ void MessagesPane::insertPlaces(QTextCursor *cursor, const QString &text,
     QTextCharFormat link = format;
     link.setAnchor(true);
     link.setFontUnderline(true);
-    link.setForeground(palette().link());
+    // Palettes made for dark windows often keep the dark blue of links.
+    const bool dark = palette().color(QPalette::Base).lightness() < 128;
+    link.setForeground(dark ? QColor(110, 175, 255) : palette().color(QPalette::Link));
     int done = 0;
     for (auto matches = place.globalMatch(text); matches.hasNext();) {
         const QRegularExpressionMatch match = matches.next();

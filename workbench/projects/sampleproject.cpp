@@ -47,8 +47,14 @@ QString sampleProject(QString *error)
     }
     if (QFileInfo(installed.path()).isWritable())
         return installed.filePath(ProjectName);
-    const QDir own(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
-                   QLatin1String("/sample"));
+    return ownSample(installed,
+                     QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) +
+                          QLatin1String("/sample")),
+                     error);
+}
+
+QString ownSample(const QDir &installed, const QDir &own, QString *error)
+{
     if (own.exists(ProjectName) || copyFolder(installed, own))
         return own.filePath(ProjectName);
     *error = QCoreApplication::translate("SampleProject", "The sample cannot be copied to %1.")
