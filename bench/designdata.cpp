@@ -78,7 +78,7 @@ void writeClock(QTextStream &out)
     writeVector(ports, QStringLiteral("result"), 40, 32, " \"direction\": \"output\", ");
 }
 
-/// The generated design repeats these three kinds of cells, in five.
+/// The generated design repeats these five cells, of three kinds.
 const char *cellBase(int i)
 {
     return i % 5 < 3    ? "operand_FERN_LUT4_F"

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// What the product and the platform say while they are measured would hide the results.
+/// Silences the product and the platform, whose messages would bury the results.
 void showOnlyFailures(QtMsgType type, const QMessageLogContext &, const QString &message)
 {
     if (type == QtFatalMsg)
@@ -88,7 +88,7 @@ int main(int argc, char **argv)
     if (parser.isSet(peak))
         return measurePeak(parser.positionalArguments(), parser.isSet(names));
 
-    // Floor and product take turns, in an order that no drift of the machine follows.
+    // Floor and product take turns, so that a drift of the machine meets both.
     char program[] = "vltbench";
     char turns[] = "--benchmark_enable_random_interleaving=true";
     char *arguments[] = {program, turns};

@@ -16,5 +16,5 @@ void paint(QWidget *widget);
 /// Bytes by which this process' resident memory stood, at its highest, above what it was before.
 double peakBytes(const std::function<void()> &work);
 
-/// The answer of this program started anew with `arguments`: one number on standard output.
+/// Runs this program again with `arguments` and gives the number that it prints.
 double numberFromChild(const QStringList &arguments);

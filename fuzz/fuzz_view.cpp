@@ -15,8 +15,8 @@
 
 namespace {
 
-/// What a view on the file would save; nothing when the file does not open, which only the DOM
-/// parser may still decide.
+/// What a view on the file would save; nothing when the file does not open, which by then only the
+/// DOM parser may refuse.
 std::optional<QByteArray> reopened(const TestHost &host, const QByteArray &bytes)
 {
     VLT::VLTView view(host.device(), NlsData::readNetlistFile(host.netlistPath(), nullptr, false));

@@ -13,7 +13,7 @@ using namespace VLT;
 
 namespace {
 
-/// Without white space, of which parsers make different things.
+/// Without white space, which parsers treat differently.
 QString bare(QString text)
 {
     static const QRegularExpression space(QStringLiteral("\\s"));
@@ -70,29 +70,29 @@ void requireAllRecords(const QByteArray &bytes, const Configuration &c)
     require(namesOf(c.dffs.records) == namesInFile(bytes, NODE_LOCAL_ENABLE, NODE_INSTANCE));
 }
 
-void round(float *number)
+void roundAsWritten(float *number)
 {
     *number = *number < 0 ? -1.0F : floatFromText(numberText(double(*number)));
 }
 
-void round(double *number)
+void roundAsWritten(double *number)
 {
     *number = numberFromText(numberText(*number));
 }
 
-void round(std::optional<double> *number)
+void roundAsWritten(std::optional<double> *number)
 {
     if (*number)
-        round(&**number);
+        roundAsWritten(&**number);
 }
 
-void round(std::optional<Theta> *theta)
+void roundAsWritten(std::optional<Theta> *theta)
 {
     if (*theta && (*theta)->given)
-        round(&(*theta)->value);
+        roundAsWritten(&(*theta)->value);
 }
 
-void round(std::optional<DefaultRate> *rate)
+void roundAsWritten(std::optional<DefaultRate> *rate)
 {
     if (*rate)
         (*rate)->value = numberFromText(QString::number((*rate)->value, 'f', 2));
@@ -112,14 +112,14 @@ Configuration asWritten(Configuration c)
     Conditions &conditions = c.conditions;
     for (auto *number : {&conditions.junctionTemp, &conditions.ambientTemp, &conditions.vcc,
                          &conditions.vccx, &conditions.vccLdo, &conditions.boardTemp})
-        round(number);
+        roundAsWritten(number);
     for (auto *theta : {&conditions.thetaJA, &conditions.thetaSA, &conditions.thetaJB})
-        round(theta);
+        roundAsWritten(theta);
     c.rates.present = !c.rates.records.isEmpty();
     if (!c.rates.present)
         c.rates.unit = RateUnit::Toggle;
-    round(&c.defaultRates.io);
-    round(&c.defaultRates.remaining);
+    roundAsWritten(&c.defaultRates.io);
+    roundAsWritten(&c.defaultRates.remaining);
     c.files.present = !c.files.records.isEmpty();
     c.files.filterGlitch =
         c.files.present ? std::make_optional(c.files.filterGlitch.value_or(false)) : std::nullopt;
@@ -127,29 +127,29 @@ Configuration asWritten(Configuration c)
         if (file.startTime.isEmpty() && file.endTime.isEmpty())
             file.timeUnit.clear();
     }
-    round(&c.clocks.value);
+    roundAsWritten(&c.clocks.value);
     dropUnnamed(&c.clocks.records);
     for (VLT_ClkEnable &clock : c.clocks.records) {
         for (float *number :
              {&clock.enable, &clock.quad1, &clock.quad2, &clock.quad3, &clock.quad4})
-            round(number);
+            roundAsWritten(number);
     }
     c.ports.present = !c.ports.records.isEmpty();
     for (VLT_Port &port : c.ports.records) {
-        round(&port.outEnable);
-        round(&port.capacity);
+        roundAsWritten(&port.outEnable);
+        roundAsWritten(&port.capacity);
     }
     for (double *number : {&c.bsrams.defaults.clockEnable, &c.bsrams.defaults.readProbability,
                            &c.bsrams.defaults.writeProbability})
-        round(number);
+        roundAsWritten(number);
     dropUnnamed(&c.bsrams.records);
     for (VLT_BSRam &ram : c.bsrams.records) {
         for (float *number :
              {&ram.aEnable, &ram.bEnable, &ram.aRead, &ram.bRead, &ram.aWrite, &ram.bWrite})
-            round(number);
+            roundAsWritten(number);
     }
     for (VLT_Dff &dff : c.dffs.records)
-        round(&dff.value);
+        roundAsWritten(&dff.value);
     return c;
 }
 

@@ -47,6 +47,7 @@ struct Device
 /// The host's side of the device database: the built-in catalogue and the user's additions.
 class HOST_EXPORT DeviceCatalogue
 {
+    Q_DISABLE_COPY(DeviceCatalogue)
 public:
     static DeviceCatalogue *get();
     DeviceDb *dataBase() const { return m_dataBase; }

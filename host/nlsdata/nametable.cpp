@@ -11,8 +11,6 @@ namespace NlsData {
 
 namespace {
 
-constexpr quint32 NONE = NameTable::NONE;
-
 /// A key that sorts `NONE`, the scope of the top module, first.
 quint32 order(quint32 scope)
 {

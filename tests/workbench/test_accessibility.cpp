@@ -17,7 +17,7 @@ QString accessibleName(QWidget *widget)
     return interface ? interface->text(QAccessible::Name) : QString();
 }
 
-/// Parts of a composed widget speak through it.
+/// Parts of a composed widget are announced through it.
 bool isPart(const QWidget *widget)
 {
     const QWidget *parent = widget->parentWidget();

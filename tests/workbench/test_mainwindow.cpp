@@ -24,7 +24,7 @@ QByteArray fileWithAmbientTemperature(int degrees)
                                                           "</AmbientTemp></Config>");
 }
 
-// A box whose buttons are the program's own, by the text without the mnemonic's mark.
+// Presses the button with this text, not counting the mark of its mnemonic.
 ModalDriver::Script pressText(const QString &text)
 {
     return [text](QWidget *dialog) {
@@ -81,7 +81,7 @@ QAction *TestMainWindow::save()
     return nullptr;
 }
 
-// As a person does: one step up in the first field.
+// As a user does: one step up in the first field.
 void TestMainWindow::edit(Core::IView *view)
 {
     const auto boxes = view->findChildren<QDoubleSpinBox *>();
@@ -108,7 +108,7 @@ void TestMainWindow::routesSaveToTheActiveView()
     QCOMPARE(save()->text(), QStringLiteral("&Save \"a.vlr*\""));
     QCOMPARE(save()->toolTip(), QStringLiteral("Save \"a.vlr*\""));
 
-    // Another configuration, then a view that is none.
+    // Another configuration, then a view of another kind.
     openView(QStringLiteral("b.vlr"));
     QVERIFY(!save()->isEnabled());
     window().open(m_host->write(QStringLiteral("top.v"), "module top; endmodule"));
@@ -430,7 +430,7 @@ void TestMainWindow::saysWhyFileStaysClosed()
     QVERIFY(!messages().contains(QLatin1String("is opened")));
 }
 
-// Whatever the headings are called.
+// Even when two headings read alike.
 void TestMainWindow::removesProjectFilesOnly()
 {
     class SameHeadings : public QTranslator

@@ -115,7 +115,7 @@ void TestProjectDialog::guessesFamily()
     QCOMPARE(device({{QStringLiteral("FDRE"), 2}, {QStringLiteral("LUT4"), 9}}),
              QLatin1String("XC7A35T-CSG324"));
     QCOMPARE(device({{QStringLiteral("$_DFF_P_"), 5}}), QLatin1String());
-    // What is proposed is in the catalogue, and is of the family.
+    // The proposed device is in the catalogue and belongs to the family.
     for (const char *cell : {"SB_LUT4", "SB_HFOSC", "CCU2C", "CARRY4", "FERN_DFF"}) {
         const DesignFamily *family = familyOfCells({{QLatin1String(cell), 1}});
         QVERIFY2(family && familyOfDevice(QLatin1String(family->device)) == family, cell);
@@ -176,7 +176,7 @@ void TestProjectDialog::createsFromVerilogFolder()
 )"));
 }
 
-// What is found out later does not replace it.
+// What is detected later does not replace it.
 void TestProjectDialog::keepsWhatTheUserTyped()
 {
     TestHost host;

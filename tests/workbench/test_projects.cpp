@@ -14,7 +14,7 @@
 
 using namespace Workbench;
 
-/// From a design to an open configuration.
+/// The way from a design to an open configuration.
 class TestProjects : public WindowTest
 {
     Q_OBJECT

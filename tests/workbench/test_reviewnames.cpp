@@ -80,7 +80,7 @@ private slots:
     void saysWhyItCannot();
 
 private:
-    /// With what the names mean now recorded.
+    /// Records what the names mean now.
     void record(Core::IView *view)
     {
         view->findChild<QTabWidget *>()->setCurrentIndex(0);

@@ -109,7 +109,7 @@ void TestNameMarks::showsMarks()
                          "<Instance name=\"q_reg0\" value=\"2\"/></LocalEnable>");
     MarkedNames *names = marks(view, NODE_INSTANCE);
     QTableView *table = names->table();
-    // As it is without marks.
+    // The same as without marks.
     names->setNames(nullptr);
     table->clearSelection();
     const QImage plain = cell(table, 0);
@@ -133,7 +133,7 @@ void TestNameMarks::showsMarks()
     QVERIFY(toolTip(0).contains(why.toHtmlEscaped()));
     QVERIFY(!toolTip(1).contains(QLatin1String("no flip-flop")));
 
-    // The model says what it always said.
+    // The roles of the model have not changed.
     const QModelIndex index = table->model()->index(0, 0);
     for (int role : {int(Qt::FontRole), int(Qt::DecorationRole), int(Qt::AccessibleTextRole),
                      int(Qt::AccessibleDescriptionRole), int(Qt::ForegroundRole)})

@@ -94,7 +94,7 @@ void TestVLTViewManager::cleanupTestCase()
     const QPointer<VLT::VLTView> view = VLTViewManager::vltViews().value(0);
     m_plugin.shutDown();
     QVERIFY(!manager);
-    QVERIFY(view); // left to the host
+    QVERIFY(view); // the host deletes it
     QVERIFY(!saveCommand()->isEnabled());
 }
 
@@ -178,7 +178,7 @@ void TestVLTViewManager::reopeningShowsExistingView()
     VLTViewManager::openView(m_host->device(), link);
     QCOMPARE(VLTViewManager::vltViews().size(), 2);
     QCOMPARE(m_host->viewManager()->activeView(), first);
-    m_host->useNetlist("{"); // which would be told if it was read
+    m_host->useNetlist("{"); // reading it would be reported
     VLTViewManager::openView(m_host->device(), m_host->path(QStringLiteral("impl/../a.vlr")));
     VLTViewManager::openView(m_host->device(),
                              QDir().relativeFilePath(m_host->path(QStringLiteral("a.vlr"))));

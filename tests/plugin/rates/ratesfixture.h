@@ -13,7 +13,7 @@
 
 #include <memory>
 
-/// A page on a real view of the test project, with what the tests of such pages do all the time.
+/// A page on a real view of the test project, with the steps that its tests share.
 template<class Page>
 class RatesFixture
 {
