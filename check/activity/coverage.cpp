@@ -241,6 +241,24 @@ QString netSourceName(NetSource source)
     return QLatin1String(names[int(source)]);
 }
 
+std::optional<ScopeMisfit> scopeMisfit(const CoveringFile &covering, const DesignTree &design,
+                                       const DesignNames &names)
+{
+    if (!covering.file->isUsable() || covering.instance == DesignTree::NONE ||
+        covering.scope.isComplete())
+        return {};
+    const ScopeRanking ranking = rankScopes(*covering.file, design);
+    if (ranking.verdict == ScopeVerdict::Fits &&
+        ranking.candidates.first().instance != covering.instance) {
+        const ScopeCandidate &best = ranking.candidates.first();
+        return ScopeMisfit{best.instance == 0 ? names.design() : design.path(best.instance),
+                           best.counts.headline()};
+    }
+    if (covering.scope.counts.coveredNets() > 0 && covering.scope.isPart())
+        return {};
+    return ScopeMisfit();
+}
+
 InstanceCoverage &InstanceCoverage::operator+=(const InstanceCoverage &other)
 {
     for (size_t i = 0; i < NET_KINDS; ++i) {

@@ -4,6 +4,8 @@
 #include "check/activity/togglecounter.h"
 #include "check/designinput.h"
 
+#include <optional>
+
 namespace NlsData {
 class ReadControl;
 }
@@ -45,6 +47,17 @@ struct CoveringFile
     QStringList isStatic;  ///< flip-flops that never toggle, when toggles were asked for
     QStringList isUnknown; ///< nets that are x or z for some time, likewise
 };
+
+/// A file is bound to an instance that it does not fit.
+struct ScopeMisfit
+{
+    QString proposal; ///< instance that it fits, as records name it; empty when there is none
+    QString headline; ///< what it covers of that one
+};
+
+/// Whether a file fits its instance badly, or another one well. Nothing when it does not.
+std::optional<ScopeMisfit> scopeMisfit(const CoveringFile &covering, const DesignTree &design,
+                                       const DesignNames &names);
 
 /// Nets of an instance, by kind and source.
 struct InstanceCoverage

@@ -1,6 +1,7 @@
 #include "check/names/nameplan.h"
 
 #include "check/names/proposals.h"
+#include "config/filenames.h"
 #include "config/safewrite.h"
 
 #include <QFile>
@@ -146,10 +147,13 @@ bool checkPlan(const NamePlan &plan, const ConfigurationInput &input, const Desi
     QHash<QPair<QString, int>, QString> names;
     for (const ReviewedRecord &record : all)
         names.insert({record.section, record.ordinal}, record.name);
+    // Those of the whole design, too, which may be bound to an instance.
+    for (int i = 0; i < input.configuration.files.records.size(); ++i)
+        names.insert({VLT::NODE_FILE, i + 1}, input.configuration.files.records.at(i).entity);
     QSet<QPair<QString, int>> seen;
     for (const RecordEdit &edit : plan.edits) {
         const QPair<QString, int> place{edit.section, edit.ordinal};
-        if (edit.from.isEmpty() || names.value(place) != edit.from) {
+        if (!names.contains(place) || names.value(place) != edit.from) {
             *error = QStringLiteral("%1 is not in the configuration").arg(described(edit));
             return false;
         }
@@ -160,7 +164,8 @@ bool checkPlan(const NamePlan &plan, const ConfigurationInput &input, const Desi
         seen.insert(place);
         ObjectKind kind{};
         kindOfSection(edit.section, &kind);
-        if (!edit.remove && edit.to != edit.from && !design.find(kind, edit.to)) {
+        const bool isDesign = edit.section == VLT::NODE_FILE && edit.to == design.design();
+        if (!edit.remove && edit.to != edit.from && !isDesign && !design.find(kind, edit.to)) {
             *error = QStringLiteral("the netlist has no %1 \"%2\"").arg(kindName(kind), edit.to);
             return false;
         }

@@ -79,30 +79,21 @@ public:
     }
 
     void checkScope(const CoveringFile &covering, const DesignTree &design,
-                    const QString &designName)
+                    const DesignNames &names)
     {
-        if (covering.instance == DesignTree::NONE || covering.scope.isComplete())
+        const std::optional<ScopeMisfit> misfit = scopeMisfit(covering, design, names);
+        if (!misfit)
             return;
-        const ScopeRanking ranking = rankScopes(*covering.file, design);
-        const KindCounts &counts = covering.scope.counts;
-        const bool fitsElsewhere = ranking.verdict == ScopeVerdict::Fits &&
-                                   ranking.candidates.first().instance != covering.instance;
-        if (!fitsElsewhere && counts.coveredNets() > 0 && covering.scope.isPart())
-            return;
-        QString proposal;
-        if (fitsElsewhere)
-            proposal = ranking.candidates.first().instance == 0
-                           ? designName
-                           : design.path(ranking.candidates.first().instance);
         const QString instance = m_record.entity.isEmpty()
                                      ? QStringLiteral("the design")
                                      : QLatin1Char('"') + m_record.entity + QLatin1Char('"');
         QString message =
             QStringLiteral("the activity file \"%1\" does not fit %2").arg(m_record.file, instance);
-        if (fitsElsewhere)
-            message += proposal == designName ? QStringLiteral("; it fits the design")
-                                              : QStringLiteral("; it fits \"%1\"").arg(proposal);
-        add("scope-misfit", message, proposal);
+        if (misfit->proposal == names.design())
+            message += QStringLiteral("; it fits the design");
+        else if (!misfit->proposal.isEmpty())
+            message += QStringLiteral("; it fits \"%1\"").arg(misfit->proposal);
+        add("scope-misfit", message, misfit->proposal);
     }
 
     void checkActivity(const CoveringFile &covering)
@@ -194,7 +185,7 @@ void checkActivityContents(const ConfigurationInput &input, const DesignInput &d
             check.checkSpan(*file);
         if (!tree)
             continue;
-        check.checkScope(coverage.files()[size_t(i)], *tree, design.names->design());
+        check.checkScope(coverage.files()[size_t(i)], *tree, *design.names);
         check.checkActivity(coverage.files()[size_t(i)]);
         check.checkOverlaps(overlaps.at(i));
     }

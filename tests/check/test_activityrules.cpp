@@ -1,5 +1,7 @@
 #include "activitydesign.h"
 
+#include "check/activity/scopereview.h"
+#include "check/names/nameplan.h"
 #include "check/rules/rules.h"
 
 #include <QDateTime>
@@ -31,6 +33,10 @@ private slots:
     void rules_data();
     void rules();
     void olderFile();
+    void knownScopes_data();
+    void knownScopes();
+    void bindsToWhatFits_data();
+    void bindsToWhatFits();
 
 private:
     /// "rule" of every finding, sorted.
@@ -47,6 +53,23 @@ private:
                                                             ? QString()
                                                             : QLatin1Char('>') + finding.proposal);
         return rules.join(QLatin1Char(' '));
+    }
+
+    static void write(const QString &path, const QByteArray &bytes)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    static QByteArray read(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    static QByteArray boundTo(const QString &dump, const QByteArray &instance)
+    {
+        return "<!DOCTYPE TAVRO_POWER_ANALYSIS_CONFIG>\r\n<Config ><!-- kept --><SimuFile>\n"
+               "<File  type=\"vcd\" name=\"" +
+               dump.toUtf8() + "\"\tentity='" + instance + "' />\n</SimuFile></Config>";
     }
 
     QTemporaryDir m_folder;
@@ -116,12 +139,11 @@ void TestActivityRules::rules()
     QFETCH(QByteArray, file);
     QFETCH(QByteArray, attributes);
     QFETCH(QString, minimum);
-    QFile output(m_folder.filePath(QStringLiteral("a.vcd")));
-    QVERIFY(output.open(QIODevice::WriteOnly) && output.write(file) == file.size());
-    output.close();
+    const QString path = m_folder.filePath(QStringLiteral("a.vcd"));
+    write(path, file);
     const QByteArray type = attributes.contains("type=") ? "" : " type=\"vcd\"";
-    const QByteArray sections = "<SimuFile><File name=\"" + output.fileName().toUtf8() + '"' +
-                                type + attributes + "/></SimuFile>";
+    const QByteArray sections =
+        "<SimuFile><File name=\"" + path.toUtf8() + '"' + type + attributes + "/></SimuFile>";
     ActivityOptions options;
     QCOMPARE(check(sections, options), QString());
     options.level = ActivityLevel::Header;
@@ -150,6 +172,89 @@ void TestActivityRules::olderFile()
     // Of the first record one net has a rate, too; of the second one all nets have the first.
     QCOMPARE(check(sections, options),
              QStringLiteral("file-older file-older overlap static x-time"));
+}
+
+void TestActivityRules::knownScopes_data()
+{
+    QTest::addColumn<QString>("known");
+    QTest::addColumn<QString>("found");
+    QTest::newRow("no longer there") << "tb/c"
+                                     << "tb/a";
+    QTest::newRow("does not fit") << "tb"
+                                  << "tb/a";
+    QTest::newRow("another one that fits") << "tb/b"
+                                           << "tb/b";
+}
+
+/// A scope that was found before is used as long as it fits.
+void TestActivityRules::knownScopes()
+{
+    const QString path = m_folder.filePath(QStringLiteral("a.vcd"));
+    write(path, vcd("$scope module a $end\n" + core + "$upscope $end\n$scope module b $end\n" +
+                        core + "$upscope $end\n",
+                    values));
+    QFETCH(QString, known);
+    DesignInput design = m_design;
+    design.scopes.insert({path, QStringLiteral("u_core")}, known);
+    KnownScopes found;
+    ActivityOptions options;
+    options.level = ActivityLevel::Header;
+    options.found = &found;
+    checkConfiguration(
+        configurationInput(m_folder.filePath(QStringLiteral("p.vlr")), boundTo(path, "u_core")),
+        design, {}, options);
+    QTEST(found.value({path, QStringLiteral("u_core")}), "found");
+}
+
+void TestActivityRules::bindsToWhatFits_data()
+{
+    QTest::addColumn<QByteArray>("scopes");
+    QTest::addColumn<QByteArray>("from");
+    QTest::addColumn<QByteArray>("to");
+    const QByteArray whole = "$var wire 1 ) lone $end $scope module u_core $end " + core +
+                             "$upscope $end\n";
+    QTest::newRow("another instance") << core << QByteArray("u_&#111;ther") << QByteArray("u_core");
+    QTest::newRow("the design") << whole << QByteArray("u_other") << QByteArray("top");
+    QTest::newRow("from the design") << core << QByteArray() << QByteArray("u_core");
+}
+
+/// As a repair of names: every other byte stays, and backwards it is the same file again.
+void TestActivityRules::bindsToWhatFits()
+{
+    QFETCH(QByteArray, scopes);
+    QFETCH(QByteArray, from);
+    QFETCH(QByteArray, to);
+    const QString dump = m_folder.filePath(QStringLiteral("a.vcd"));
+    write(dump, vcd(scopes, values));
+    const QString path = m_folder.filePath(QStringLiteral("p.vlr"));
+    const QByteArray before = boundTo(dump, from);
+    write(path, before);
+    DesignInput design = m_design;
+    design.netlistSha256 = "netlist";
+    const ConfigurationInput input = readConfigurationInput(path);
+    const NameReview review = reviewScopes(input, design);
+    QCOMPARE(review.records.size(), 1);
+    const ReviewedRecord &record = review.records.first();
+    QCOMPARE(record.proposal.toUtf8(), to);
+    const NamePlan plan{{input.sha256, design.netlistSha256},
+                        {{record.section, record.ordinal, record.name, record.proposal}}};
+    QString error;
+    QVERIFY(!checkPlan(plan, input, *design.names, "another", &error));
+    QVERIFY2(checkPlan(plan, input, *design.names, design.netlistSha256, &error),
+             qPrintable(error));
+    write(path, before + "\n");
+    QVector<RecordEdit> inverse;
+    const auto apply = [&] {
+        return applyPlan(plan, input, *design.names, design.netlistSha256, false, &inverse, &error);
+    };
+    QVERIFY(!apply() && read(path) == before + "\n");
+    write(path, before);
+    QVERIFY2(apply(), qPrintable(error));
+    QVERIFY(read(path).contains("entity='" + to + '\''));
+    QVERIFY(reviewScopes(readConfigurationInput(path), design).records.isEmpty());
+    QByteArray again;
+    QVERIFY2(editRecords(read(path), inverse, &again, nullptr, &error), qPrintable(error));
+    QCOMPARE(again, before);
 }
 
 QTEST_APPLESS_MAIN(TestActivityRules)

@@ -1,8 +1,10 @@
 #include "windowtest.h"
 
+#include "support/modaldriver.h"
 #include "support/netlistjson.h"
 
 #include "core/iview.h"
+#include "host/core/ifileopener.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -34,13 +36,14 @@ QByteArray design(const char *third = "u9")
     return json.toUtf8();
 }
 
-QByteArray bound(const QString &file, const QByteArray &rates)
+QByteArray bound(const QString &file, const QByteArray &rates, const QByteArray &instance = {})
 {
     return QByteArray(EmptyFile).replace(
         "<Config/>", "<Config>\n<NetRate type=\"toggle\">" + rates +
                          "</NetRate>\n<SimuFile>\n<File type=\"vcd\" name=\"" + file.toUtf8() +
                          "\" "
-                         "entity=\"\"/>\n</SimuFile>\n</Config>");
+                         "entity=\"" +
+                         instance + "\"/>\n</SimuFile>\n</Config>");
 }
 
 } // namespace
@@ -53,6 +56,7 @@ private slots:
     void showsInstances();
     void addsToNetRates();
     void countsAndStops();
+    void bindsToWhatFits();
 
 private:
     template<class T>
@@ -244,6 +248,49 @@ void TestCoverage::countsAndStops()
     QTRY_VERIFY(tree()->isColumnHidden(toggles));
     press("countToggles");
     QTRY_COMPARE(description(QStringLiteral("top"), toggles), QStringLiteral("7"));
+}
+
+/// The row of the activity file in the checks offers what fits, also with unsaved changes.
+void TestCoverage::bindsToWhatFits()
+{
+    m_host->useNetlist(design());
+    const QString dump = m_host->write(QStringLiteral("a.vcd"), DUMP);
+    QPointer<Core::IView> view = openView(QStringLiteral("a.vlr"), bound(dump, {}, "u9"));
+    window().resize(1400, 1000);
+    action("showChecks")->trigger();
+    auto *findings = part<QTreeView>("findings");
+    QTRY_COMPARE(findings->model()->rowCount(), 1);
+    QTRY_VERIFY(findings->viewport()->height() > 80);
+    auto *bind = part<QToolButton>("bindActivityFile");
+    QVERIFY(!bind->isVisible());
+    clickRow(findings, findings->model()->index(0, 1));
+    QVERIFY(bind->isVisible());
+    QCOMPARE(bind->text(), QStringLiteral("Bind to top"));
+    QTest::keyClick(view->findChild<QDoubleSpinBox *>(QStringLiteral("spinAmbTemp")), Qt::Key_Up);
+    QVERIFY(view->windowTitle().endsWith(QLatin1Char('*')));
+    std::unique_ptr<ModalDriver> inner;
+    ModalDriver question([&inner](QWidget *box) {
+        // The review opens when the question is answered.
+        inner = std::make_unique<ModalDriver>([](QWidget *dialog) {
+            auto *apply = dialog->findChild<QPushButton *>(QStringLiteral("applyReview"));
+            QTRY_VERIFY(apply->isEnabled());
+            QVERIFY(dialog->findChild<QPlainTextEdit *>(QStringLiteral("reviewChanges"))
+                        ->toPlainText()
+                        .endsWith(QLatin1String("\"u9\" becomes \"top\"")));
+            QTest::mouseClick(apply, Qt::LeftButton);
+        });
+        pressButton(QMessageBox::Save)(box);
+    });
+    QTest::mouseClick(bind, Qt::LeftButton);
+    QVERIFY(m_host->read(QStringLiteral("a.vlr")).contains("entity=\"top\""));
+    QTRY_VERIFY(!view); // another one shows the new file
+    const QString path = m_host->path(QStringLiteral("a.vlr"));
+    QVERIFY(Core::IFileOpener::forFile(path)->view(path));
+    QVERIFY(!Core::IFileOpener::forFile(path)->isModified(path));
+    QTRY_COMPARE(findings->model()->rowCount(), 0);
+    QVERIFY(!bind->isVisible());
+    QTRY_VERIFY(
+        m_host->read(QStringLiteral("test.fpgaproj")).contains("{\"a.vcd\": {\"\": \"tb/dut\"}}"));
 }
 
 QTEST_MAIN(TestCoverage)

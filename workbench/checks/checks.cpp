@@ -48,6 +48,8 @@ Checks::Checks(QMainWindow *window)
             QTimer::singleShot(0, this, &Checks::growPane);
     });
     connect(pane, &ChecksPane::recordWanted, this, &Checks::goTo);
+    connect(pane, &ChecksPane::instanceWanted, this,
+            [this] { review(ReviewDialog::Subject::ActivityFiles); });
     connect(m_service, &CheckService::changed, this, &Checks::update);
     connect(m_service, &CheckService::message, this, &Checks::message);
     connect(m_service, &CheckService::failed, this, &Checks::failed);
@@ -61,7 +63,7 @@ void Checks::createMenu()
     m_review->setObjectName(QStringLiteral("reviewNames"));
     m_review->setStatusTip(tr("See which names are missing or mean something else, and mend them"));
     m_menu->addAction(m_review);
-    connect(m_review, &QAction::triggered, this, &Checks::reviewNames);
+    connect(m_review, &QAction::triggered, this, [this] { review(ReviewDialog::Subject::Names); });
     m_menu->addSeparator();
     m_recording = m_menu->addAction(tr("Record &Meaning of Names on Save"));
     m_recording->setObjectName(QStringLiteral("recordNames"));
@@ -122,36 +124,46 @@ void Checks::growPane()
         m_window->resizeDocks({m_dock}, {useful}, Qt::Vertical);
 }
 
-void Checks::reviewNames()
+void Checks::review(ReviewDialog::Subject subject)
 {
+    const bool isNames = subject == ReviewDialog::Subject::Names;
     const QString path = m_service->current();
     const QPointer<Checks> self(this);
-    if (path.isEmpty() || !saveFirst(path) || !self)
+    if (path.isEmpty() ||
+        !saveFirst(path, isNames ? tr("Review Names") : tr("Review Activity Files"),
+                   isNames ? tr("%1 has unsaved changes. Save them and review its names?")
+                           : tr("%1 has unsaved changes. Save them and review its activity "
+                                "files?")) ||
+        !self)
         return;
     const Core::ProjectFile *project = Core::ProjectFile::current();
     Utils::GuardedDialog dialog(new ReviewDialog(CheckService::jobFor(path), m_service->design(),
-                                                 project && project->recordsNames(), m_window));
+                                                 project && project->recordsNames(), subject,
+                                                 m_window));
     // What the save has left to be recorded would be taken for newer than the decisions.
     dialog->setBeforeApplying([this] { m_service->finishRecording(); });
     if (dialog.exec() != QDialog::Accepted)
         return;
-    if (dialog->isFileChanged())
+    const bool isChanged = dialog->isFileChanged();
+    if (isChanged)
         emit reloadWanted(path);
-    else
+    if (!self)
+        return;
+    if (!isNames)
+        m_service->keepScopes(path);
+    else if (!isChanged)
         m_service->recheck(path);
 }
 
 // The names are mended in the file, so it has to be what the view shows.
-bool Checks::saveFirst(const QString &path)
+bool Checks::saveFirst(const QString &path, const QString &title, const QString &question)
 {
     Core::IFileOpener *opener = Core::IFileOpener::forFile(path);
     if (!opener->isModified(path))
         return true;
-    const auto answer =
-        Utils::showMessage(m_window, QMessageBox::Question, tr("Review Names"),
-                           tr("%1 has unsaved changes. Save them and review its names?")
-                               .arg(QDir::toNativeSeparators(path)),
-                           QMessageBox::Save | QMessageBox::Cancel, QMessageBox::Save);
+    const auto answer = Utils::showMessage(
+        m_window, QMessageBox::Question, title, question.arg(QDir::toNativeSeparators(path)),
+        QMessageBox::Save | QMessageBox::Cancel, QMessageBox::Save);
     return answer == QMessageBox::Save && opener->save(path);
 }
 

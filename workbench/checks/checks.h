@@ -1,6 +1,7 @@
 #pragma once
 
 #include "check/finding.h"
+#include "workbench/checks/reviewdialog.h"
 
 #include <QObject>
 
@@ -43,8 +44,8 @@ private:
     void updateRecording();
     void showPane();
     void growPane();
-    void reviewNames();
-    bool saveFirst(const QString &path);
+    void review(ReviewDialog::Subject subject);
+    bool saveFirst(const QString &path, const QString &title, const QString &question);
     void goTo(const Check::Finding &finding, int occurrence);
 
     QMainWindow *const m_window;

@@ -68,6 +68,22 @@ void CheckService::recheck(const QString &path)
     emit changed();
 }
 
+void CheckService::keepScopes(const QString &path)
+{
+    if (!m_states.contains(path))
+        return;
+    schedule(path, false);
+    // Nothing else starts a job between the two.
+    CheckJob *job = m_worker && m_running.path == path && !m_isSuperseded ? &m_running : nullptr;
+    for (CheckJob &waiting : m_waiting) {
+        if (waiting.path == path)
+            job = &waiting;
+    }
+    if (job)
+        job->keepScopes = true;
+    emit changed();
+}
+
 const CheckService::State *CheckService::state(const QString &path) const
 {
     const auto it = m_states.constFind(path);

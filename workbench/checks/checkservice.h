@@ -60,6 +60,9 @@ public:
     /// Checks an open configuration once more.
     void recheck(const QString &path);
 
+    /// The same, and keeps in the project which scopes fit.
+    void keepScopes(const QString &path);
+
     /// Waits until what saves have left to be recorded is written.
     void finishRecording();
 

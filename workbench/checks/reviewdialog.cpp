@@ -1,5 +1,6 @@
 #include "workbench/checks/reviewdialog.h"
 
+#include "check/activity/scopereview.h"
 #include "check/names/designnames.h"
 #include "workbench/checks/namecompletion.h"
 #include "workbench/checks/reviewtree.h"
@@ -36,18 +37,21 @@ QString counted(int count, const QString &what)
 } // namespace
 
 ReviewDialog::ReviewDialog(const CheckJob &job, SharedDesign *design, bool writeMemory,
-                           QWidget *parent)
+                           Subject subject, QWidget *parent)
     : QDialog(parent)
     , m_job(job)
     , m_design(design)
     , m_writeMemory(writeMemory)
+    , m_subject(subject)
     , m_tree(new ReviewTree)
     , m_state(new QLabel)
     , m_changes(new QPlainTextEdit)
     , m_control(std::make_unique<NlsData::ReadControl>())
 {
     setObjectName(QStringLiteral("reviewDialog"));
-    setWindowTitle(tr("Review Names: %1").arg(QFileInfo(job.path).fileName()));
+    setWindowTitle(
+        (subject == Subject::Names ? tr("Review Names: %1") : tr("Review Activity Files: %1"))
+            .arg(QFileInfo(job.path).fileName()));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     m_state->setObjectName(QStringLiteral("reviewState"));
     m_state->setTextFormat(Qt::PlainText);
@@ -103,12 +107,18 @@ void ReviewDialog::setState(const QString &text, bool isError)
 
 void ReviewDialog::read()
 {
-    setState(tr("Comparing the names with the netlist\u2026"));
+    setState(m_subject == Subject::Names
+                 ? tr("Comparing the names with the netlist\u2026")
+                 : tr("Comparing the activity files with the netlist\u2026"));
     m_worker = std::make_unique<TE::Worker>([this](const TE::Worker &) {
         m_designInput = m_design->get(m_job.netlistPath, m_job.device, m_control.get());
         m_input = Check::readConfigurationInput(m_job.path);
-        if (m_designInput.names && m_input.isUsable())
-            m_review = reviewNames(m_input.configuration, m_input.names, *m_designInput.names);
+        m_designInput.scopes = m_job.scopes;
+        if (!m_designInput.names || !m_input.isUsable())
+            return;
+        m_review = m_subject == Subject::ActivityFiles
+                       ? reviewScopes(m_input, m_designInput)
+                       : reviewNames(m_input.configuration, m_input.names, *m_designInput.names);
     });
     connect(m_worker.get(), &TE::Worker::done, this, &ReviewDialog::onRead);
 }
@@ -125,7 +135,11 @@ void ReviewDialog::onRead()
     else if (!m_input.namesError.isEmpty())
         error = tr("the memory of names cannot be read: %1").arg(m_input.namesError);
     if (!error.isEmpty())
-        return setState(tr("The names cannot be reviewed: %1").arg(error), true);
+        return setState((m_subject == Subject::Names
+                             ? tr("The names cannot be reviewed: %1")
+                             : tr("The activity files cannot be reviewed: %1"))
+                            .arg(error),
+                        true);
     m_tree->setCompletion(new NameCompletion(m_designInput, this));
     m_tree->setReview(m_review);
     m_tree->setFocus();
@@ -165,7 +179,7 @@ ReviewDialog::Preview ReviewDialog::previewOf(const Check::NamePlan &plan) const
         ++(edit.remove ? removed : stays ? kept : renamed);
         if (!stays)
             edits.append(edit);
-        const QString name = QLatin1Char('"') + edit.from + QLatin1Char('"');
+        const QString name = ReviewTree::shownName(edit.from);
         if (lines.size() < PREVIEW_LINES)
             lines +=
                 tr("line %1: %2")
@@ -199,7 +213,9 @@ void ReviewDialog::onPreviewed()
         return makePreview();
     m_changes->setPlainText(m_preview.text);
     if (m_tree->topLevelItemCount() == 0)
-        setState(tr("Every name that is recorded means what it meant."));
+        setState(m_subject == Subject::Names
+                     ? tr("Every name that is recorded means what it meant.")
+                     : tr("No activity file fits another instance than its own."));
     else if (!m_preview.error.isEmpty())
         setState(tr("This cannot be applied: %1.").arg(m_preview.error), true);
     else
@@ -222,7 +238,7 @@ void ReviewDialog::apply()
     const QByteArray now = Check::readConfigurationInput(m_job.path).sha256;
     m_isFileChanged = now != m_input.sha256;
     if (!isApplied)
-        Utils::showMessage(this, QMessageBox::Warning, tr("Review Names"),
+        Utils::showMessage(this, QMessageBox::Warning, windowTitle(),
                            tr("%1: %2").arg(QDir::toNativeSeparators(m_job.path), error));
     if (isApplied || m_isFileChanged)
         accept();

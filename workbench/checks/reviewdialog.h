@@ -29,16 +29,19 @@ namespace Workbench {
 class ReviewTree;
 class SharedDesign;
 
-/// Reviews the names of a saved configuration: shows which of them are missing or mean something
-/// else, and what would change in the file, and changes it when told so. Long work is done in a
-/// thread.
+/// Reviews the names of a saved configuration, or the instances that its activity files are bound
+/// to: shows which of them are missing, mean something else or do not fit, and what would change in
+/// the file, and changes it when told so. Long work is done in a thread.
 class ReviewDialog : public QDialog
 {
     Q_OBJECT
 
 public:
+    enum class Subject { Names, ActivityFiles };
+
     /// `design` is borrowed. `writeMemory`: a memory of names is also written when there is none.
-    ReviewDialog(const CheckJob &job, SharedDesign *design, bool writeMemory, QWidget *parent);
+    ReviewDialog(const CheckJob &job, SharedDesign *design, bool writeMemory, Subject subject,
+                 QWidget *parent);
     ~ReviewDialog() override;
 
     /// Whether the configuration was changed, rather than only what its names mean.
@@ -70,6 +73,7 @@ private:
     const CheckJob m_job;
     SharedDesign *const m_design;
     const bool m_writeMemory;
+    const Subject m_subject;
     std::function<void()> m_beforeApplying;
     ReviewTree *m_tree;
     QLabel *m_state;

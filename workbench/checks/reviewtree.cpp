@@ -130,13 +130,18 @@ void ReviewTree::setReview(const Check::NameReview &review)
     emit editsChanged();
 }
 
+QString ReviewTree::shownName(const QString &name)
+{
+    return name.isEmpty() ? tr("(the design)") : QLatin1Char('"') + name + QLatin1Char('"');
+}
+
 QTreeWidgetItem *ReviewTree::addRecord(int index, QTreeWidgetItem *group)
 {
     const Check::ReviewedRecord &record = m_records.at(index);
     auto *item = group ? new QTreeWidgetItem(group) : new QTreeWidgetItem(this);
     item->setData(NameColumn, RecordRole, index);
     item->setData(NameColumn, Qt::UserRole + 2, record.section);
-    item->setText(NameColumn, record.name);
+    item->setText(NameColumn, record.name.isEmpty() ? shownName(record.name) : record.name);
     // A name that has moved stays until somebody says what is meant; one that is gone can only go.
     const bool isMoved = record.state == Check::NameState::Moved;
     item->setData(TargetColumn, TargetRole,
@@ -148,8 +153,11 @@ QTreeWidgetItem *ReviewTree::addRecord(int index, QTreeWidgetItem *group)
                     QLatin1String("\"\n") +
                     (record.meant.isEmpty() ? tr("What it meant was not recorded.")
                                             : tr("It was: %1").arg(meaningText(record.meant)));
-    meant += QLatin1Char('\n') + (isMoved ? tr("It is now: %1").arg(meaningText(record.now))
-                                          : tr("It is not in the netlist."));
+    if (isMoved && record.meant.isEmpty() && record.now.isEmpty())
+        meant = record.reason; // it is the right object, for another file
+    else
+        meant += QLatin1Char('\n') + (isMoved ? tr("It is now: %1").arg(meaningText(record.now))
+                                              : tr("It is not in the netlist."));
     item->setToolTip(NameColumn,
                      plainToolTip(meant).replace(QLatin1Char('\n'), QLatin1String("<br>")));
     if (!group) {

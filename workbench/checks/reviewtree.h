@@ -27,6 +27,9 @@ public:
     void setCompletion(NameCompletion *completion) { m_completion = completion; }
     NameCompletion *completion() const { return m_completion; }
 
+    /// A record's name in quotes; what stands for an empty one, which is that of the design.
+    static QString shownName(const QString &name);
+
     /// What the ticked rows would change.
     QVector<Check::RecordEdit> edits() const;
 

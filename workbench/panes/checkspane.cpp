@@ -33,6 +33,8 @@ ChecksPane::ChecksPane(CheckService *service, const QList<QAction *> &commands, 
     , m_commands(commands)
     , m_goTo(new QAction(tr("&Go to Record"), this))
     , m_copy(new QAction(tr("&Copy"), this))
+    , m_bind(new QAction(this))
+    , m_bindButton(new QToolButton)
     , m_list(new QTreeView)
     , m_state(new QLabel)
 {
@@ -57,6 +59,10 @@ ChecksPane::ChecksPane(CheckService *service, const QList<QAction *> &commands, 
     m_state->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     bar->addSpacing(fontMetrics().averageCharWidth() * 2);
     bar->addWidget(m_state, 1);
+    m_bind->setToolTip(tr("Bind the activity file to the instance that it fits"));
+    m_bindButton->setObjectName(QStringLiteral("bindActivityFile"));
+    m_bindButton->setDefaultAction(m_bind);
+    bar->addWidget(m_bindButton);
     for (QAction *command : commands) {
         auto *button = new QToolButton;
         button->setDefaultAction(command);
@@ -87,6 +93,9 @@ ChecksPane::ChecksPane(CheckService *service, const QList<QAction *> &commands, 
     m_copy->setShortcutContext(Qt::WidgetShortcut);
     m_list->addAction(m_copy);
     connect(m_copy, &QAction::triggered, this, &ChecksPane::copy);
+    connect(m_bind, &QAction::triggered, this, &ChecksPane::instanceWanted);
+    connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &ChecksPane::updateBinding);
     connect(m_goTo, &QAction::triggered, this, [this] { activate(m_list->currentIndex()); });
 
     auto *layout = new QVBoxLayout(this);
@@ -97,6 +106,7 @@ ChecksPane::ChecksPane(CheckService *service, const QList<QAction *> &commands, 
     connect(m_service, &CheckService::changed, this, &ChecksPane::update);
     update();
     updateButtons();
+    updateBinding();
 }
 
 void ChecksPane::update()
@@ -109,6 +119,7 @@ void ChecksPane::update()
         m_path = m_service->current();
         m_model->setFindings(findings);
         updateButtons();
+        updateBinding();
     }
     updateState();
 }
@@ -141,6 +152,23 @@ void ChecksPane::updateButtons()
         m_levels.at(i)->setIcon(FindingsModel::icon(LEVELS[i]));
         m_levels.at(i)->setText(QLatin1Char(' ') + texts[i]);
     }
+}
+
+/// Offers the instance that the activity file of the current row fits.
+void ChecksPane::updateBinding()
+{
+    const QModelIndex current = m_list->currentIndex();
+    QString instance;
+    if (current.isValid()) {
+        const Check::Finding &finding = m_model->finding(m_filter->mapToSource(current).row());
+        if (finding.rule == Check::findRule(QStringLiteral("scope-misfit")))
+            instance = finding.proposal;
+    }
+    // A name may have the mark of a mnemonic.
+    m_bind->setText(
+        tr("&Bind to %1...").arg(QString(instance).replace(QLatin1Char('&'), QLatin1String("&&"))));
+    m_bind->setVisible(!instance.isEmpty());
+    m_bindButton->setVisible(!instance.isEmpty());
 }
 
 void ChecksPane::changeEvent(QEvent *event)
@@ -187,7 +215,7 @@ void ChecksPane::showMenu(const QPoint &position)
     m_goTo->setEnabled(m_list->indexAt(position).isValid());
     m_copy->setText(m_list->selectionModel()->hasSelection() ? tr("&Copy") : tr("&Copy All"));
     m_copy->setEnabled(m_filter->rowCount() > 0);
-    menu.addActions({m_goTo, m_copy});
+    menu.addActions({m_goTo, m_bind, m_copy});
     menu.addSeparator();
     menu.addActions(m_commands);
     menu.exec(m_list->viewport()->mapToGlobal(position));

@@ -29,6 +29,9 @@ signals:
     /// The user wants to see the record: the `occurrence`-th of its name.
     void recordWanted(const Check::Finding &finding, int occurrence);
 
+    /// The user wants to bind an activity file to the instance that the finding proposes.
+    void instanceWanted();
+
 protected:
     void changeEvent(QEvent *event) override;
 
@@ -36,6 +39,7 @@ private:
     void update();
     void updateState();
     void updateButtons();
+    void updateBinding();
     void activate(const QModelIndex &index);
     void copy();
     void showMenu(const QPoint &position);
@@ -48,6 +52,8 @@ private:
     const QList<QAction *> m_commands;
     QAction *m_goTo;
     QAction *m_copy;
+    QAction *m_bind;
+    QToolButton *m_bindButton;
     QTreeView *m_list;
     QLabel *m_state;
     QVector<QToolButton *> m_levels; // errors, warnings, notes
