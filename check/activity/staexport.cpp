@@ -103,9 +103,10 @@ private:
                 period = qMin(period, clock.second);
             line(QStringLiteral("set period %1").arg(period, 0, 'g', 6));
         } else if (clocks.size() == 1) {
-            comment(QStringLiteral("The time unit is taken for ns."));
-            line(QStringLiteral("set period [expr {[get_property [get_clocks %1] period] * 1e-9}]")
-                     .arg(tclWord(clocks.first().name)));
+            // Of what the tool knows as clocks, in whatever unit of time it uses.
+            line(QStringLiteral("set period [lindex [lsort -real [lmap clock [all_clocks] {"));
+            line(QStringLiteral("    sta::time_ui_sta [get_property $clock period]"));
+            line(QStringLiteral("}]] 0]"));
         } else {
             m_exported.bytes.clear();
             m_exported.error =

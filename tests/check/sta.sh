@@ -21,7 +21,7 @@ netlist = open("netlist.v").read()
 netlist = re.sub(r"#\(\s*(\.\w+\([^()]*\),?\s*)+\)", "", netlist)
 netlist = re.sub(r"assign \{[^;]*;", "", netlist)
 open("netlist.v", "w").write(netlist)
-library = ["library (fern) { delay_model : table_lookup; time_unit : \"1ns\";"
+library = ["library (fern) { delay_model : table_lookup; time_unit : \"1ps\";"
            " capacitive_load_unit (1, pf); voltage_unit : \"1V\"; current_unit : \"1mA\";"]
 for width in (8, 9, 10):
     library.append(f"type (b{width}) {{ base_type : array; data_type : bit; bit_width : {width};"
@@ -52,7 +52,7 @@ cat >run.tcl <<'TCL'
 read_liberty fern.lib
 read_verilog netlist.v
 link_design sample
-create_clock -name clk_sys -period 20.833 [get_ports clk_sys]
+create_clock -name clk_sys -period 20833 [get_ports clk_sys]
 puts "Begin"
 if {[catch {source activity.tcl} message]} { puts "Error: $message" }
 puts "End"
@@ -65,6 +65,13 @@ if grep -E '^(Error|Warning)' own | grep -v 'this version has no read_vcd'; then
     cat own
     exit 1
 fi
+
+# Rates in transitions/s relate to the fastest clock of the tool, whatever its unit of time.
+sed '/<Clock name="clk_sense"/d; s/type="toggle"/type="signal"/' sample.vlr >signal.vlr
+"$program" export signal.vlr --to sta -o signal.tcl
+sed 's/^puts "End"/puts "Period [format %.4g $period]"/; s/activity.tcl/signal.tcl/' run.tcl >signal-run.tcl
+sed -i 's/^create_clock .*/&\ncreate_clock -name slow -period 50000 [get_ports clk_sense]/' signal-run.tcl
+sta -exit signal-run.tcl 2>&1 </dev/null | tee log | grep -qx 'Period 2.083e-08' || { cat log; exit 1; }
 
 # A pin that is not there is not passed over in silence.
 sed -i 's|{u_store/u_tone}|{u_store/u_tune}|' activity.tcl
