@@ -104,6 +104,42 @@ if sys.argv[1] == "full":
 PY
 done
 
+# Scopes that the project keeps are used and left alone.
+cp sample.fpgaproj before.json
+sed '1s/{/{"activityScopes": {"activity.vcd": {"u_uart": "sample_tb"}}, "own": [1],/' before.json \
+    >sample.fpgaproj
+cp sample.fpgaproj with.json
+status 0 coverage --format json covered.vlr
+cmp sample.fpgaproj with.json
+grep -q '"scope": "sample_tb/dut/u_uart"' out
+cp before.json sample.fpgaproj
+
+# Progress where standard error is a terminal; an interrupt ends the counting and leaves no file.
+python3 - "$program" <<'PY'
+import os, pty, signal, subprocess, sys
+with open("long.vcd", "wb") as file:
+    head = open("activity.vcd", "rb").read()
+    file.write(head)
+    last = int(head.rsplit(b"#", 1)[1].split()[0])
+    for start in range(0, 4000000, 100000):
+        file.write(b"".join(b"#%d\n0!\n1!\n" % (last + n) for n in range(start, start + 100000)))
+text = open("covered.vlr").read().replace("activity.vcd", "long.vcd").replace('end_time="10"', "")
+open("long.vlr", "w").write(text)
+before = set(os.listdir("."))
+terminal, side = pty.openpty()
+process = subprocess.Popen([sys.argv[1], "coverage", "--activity", "full", "--uncovered", "late",
+                            "long.vlr"], stderr=side, stdout=subprocess.PIPE)
+os.close(side)
+shown = b""
+while b"Counting toggles: 1 %" not in shown:
+    shown += os.read(terminal, 1000)
+process.send_signal(signal.SIGINT)
+printed, _ = process.communicate(timeout=20)
+assert process.returncode == 130 and printed == b"", (process.returncode, printed)
+assert set(os.listdir(".")) == before, set(os.listdir(".")) - before
+os.remove("long.vcd")
+PY
+
 # Check
 status 1 check --activity none broken.vlr
 status 0 check --activity none covered.vlr
@@ -142,6 +178,9 @@ status 3 export signal.vlr --to sta -o signal.tcl
 [ ! -e signal.tcl ] && grep -q 'give --clock' err
 status 0 export signal.vlr --to sta -o signal.tcl --clock clk_sense=50ns --clock clk_sys=20ns
 grep -qx 'set period 2e-08' signal.tcl
+sed -i '/<Clock name="clk_sense"/d' signal.vlr
+status 0 export signal.vlr --to sta -o signal.tcl
+grep -q 'all_clocks' signal.tcl
 status 2 export covered.vlr --to sta
 status 2 export covered.vlr --to xml -o f
 for clock in clk clk=10 clk=0ns =1ns clk=xns; do

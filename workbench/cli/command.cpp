@@ -6,6 +6,8 @@
 #include "workbench/cli/namescommand.h"
 #include "workbench/cli/scopescommand.h"
 
+#include "host/nlsdata/readcontrol.h"
+
 #include "config/safewrite.h"
 
 #include <QCommandLineParser>
@@ -14,6 +16,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -42,10 +45,48 @@ const Command *findCommand(const QString &name)
     return command == commands.end() ? nullptr : command;
 }
 
+namespace {
+
+// What the handler of a signal may touch.
+std::atomic<NlsData::ReadControl *> stoppable{nullptr};
+
+void onInterrupt(int)
+{
+    if (NlsData::ReadControl *control = stoppable.exchange(nullptr))
+        control->cancel();
+    else
+        std::_Exit(Interrupted);
+}
+
+/// Holds an interrupt back, so that a file in the making is not left behind.
+class InterruptBlock
+{
+public:
+    InterruptBlock()
+    {
+        sigset_t interrupt;
+        sigemptyset(&interrupt);
+        sigaddset(&interrupt, SIGINT);
+        pthread_sigmask(SIG_BLOCK, &interrupt, &m_before);
+    }
+    ~InterruptBlock() { pthread_sigmask(SIG_SETMASK, &m_before, nullptr); }
+    Q_DISABLE_COPY(InterruptBlock)
+
+private:
+    sigset_t m_before;
+};
+
+} // namespace
+
 void exitWhenInterrupted()
 {
     // Files are replaced whole, so there is nothing to clean up.
-    std::signal(SIGINT, [](int) { std::_Exit(Interrupted); });
+    std::signal(SIGINT, onInterrupt);
+}
+
+void stopWhenInterrupted(NlsData::ReadControl *control)
+{
+    stoppable = control;
 }
 
 bool parseArguments(QCommandLineParser *parser, const char *command, const QStringList &arguments,
@@ -108,6 +149,7 @@ bool writeOutput(const QString &path, const QByteArray &bytes)
             return true;
         cause = file.errorString();
     } else {
+        const InterruptBlock block;
         const VLT::WriteResult result = VLT::replaceFile(path, bytes);
         if (result.isWritten())
             return true;

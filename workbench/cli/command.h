@@ -4,6 +4,10 @@
 
 class QCommandLineParser;
 
+namespace NlsData {
+class ReadControl;
+}
+
 namespace Workbench {
 
 /// Exit statuses of the commands.
@@ -32,6 +36,10 @@ const Command *findCommand(const QString &name);
 
 /// From here on, an interrupt (Ctrl+C) ends the process with the status Interrupted.
 void exitWhenInterrupted();
+
+/// From here on, an interrupt cancels `control` instead, once; null: it ends the process again.
+/// `control` is borrowed.
+void stopWhenInterrupted(NlsData::ReadControl *control);
 
 /// Parses the arguments of a command. Prints help or what is wrong; then false, with the exit
 /// status in `status`.

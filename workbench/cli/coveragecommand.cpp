@@ -5,6 +5,7 @@
 #include "check/names/designnames.h"
 #include "check/report/coveragereport.h"
 #include "workbench/cli/command.h"
+#include "workbench/cli/commandprogress.h"
 #include "workbench/cli/designoptions.h"
 
 #include <QCommandLineParser>
@@ -71,7 +72,8 @@ int runCoverage(const QStringList &arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "Tells where the rates of the design's nets come from: explicit rates, activity files or "
-        "defaults.\n\nExit status: 0 done, 2 bad usage, 3 an input cannot be read."));
+        "defaults.\n\nExit status: 0 done, 2 bad usage, 3 an input cannot be read, 130 "
+        "interrupted."));
     const CoverageCommandOptions options(&parser);
     DesignOptions designs(&parser);
     int status = Clean;
@@ -104,8 +106,15 @@ int runCoverage(const QStringList &arguments)
     Check::CoverageOptions coverageOptions;
     coverageOptions.toggles = activity == QLatin1String("full");
     coverageOptions.scopes = &design.scopes;
-    const Check::Coverage coverage =
-        computeCoverage(input.configuration, input.path, tree, *design.names, coverageOptions);
+    Check::Coverage coverage;
+    {
+        CommandProgress progress("Counting toggles");
+        coverageOptions.control = coverageOptions.toggles ? &progress : nullptr;
+        coverage =
+            computeCoverage(input.configuration, input.path, tree, *design.names, coverageOptions);
+        if (progress.isCancelled())
+            return Interrupted;
+    }
     const Check::CoverageReport report{input, coverage, tree, depth};
     const QByteArray bytes = format == QLatin1String("json")  ? coverageJson(report)
                              : format == QLatin1String("csv") ? coverageCsv(report)

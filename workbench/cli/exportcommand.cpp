@@ -5,6 +5,7 @@
 #include "check/configurationinput.h"
 #include "check/names/designnames.h"
 #include "workbench/cli/command.h"
+#include "workbench/cli/commandprogress.h"
 #include "workbench/cli/designoptions.h"
 
 #include <QCommandLineParser>
@@ -97,8 +98,15 @@ int runExport(const QStringList &arguments)
     Check::CoverageOptions coverageOptions;
     coverageOptions.toggles = isCsv;
     coverageOptions.scopes = &design.scopes;
-    const Check::Coverage coverage =
-        computeCoverage(input.configuration, input.path, tree, *design.names, coverageOptions);
+    Check::Coverage coverage;
+    {
+        CommandProgress progress("Counting toggles");
+        coverageOptions.control = coverageOptions.toggles ? &progress : nullptr;
+        coverage =
+            computeCoverage(input.configuration, input.path, tree, *design.names, coverageOptions);
+        if (progress.isCancelled())
+            return Interrupted;
+    }
     const Check::ExportInput exportInput{input, coverage, tree, *design.names, clocks};
     const Check::Exported exported = isCsv ? exportCsv(exportInput) : exportSta(exportInput);
     if (!exported.error.isEmpty())
