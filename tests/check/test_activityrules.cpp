@@ -211,8 +211,8 @@ void TestActivityRules::bindsToWhatFits_data()
     QTest::addColumn<QByteArray>("scopes");
     QTest::addColumn<QByteArray>("from");
     QTest::addColumn<QByteArray>("to");
-    const QByteArray whole = "$var wire 1 ) lone $end $scope module u_core $end " + core +
-                             "$upscope $end\n";
+    const QByteArray whole =
+        "$var wire 1 ) lone $end $scope module u_core $end " + core + "$upscope $end\n";
     QTest::newRow("another instance") << core << QByteArray("u_&#111;ther") << QByteArray("u_core");
     QTest::newRow("the design") << whole << QByteArray("u_other") << QByteArray("top");
     QTest::newRow("from the design") << core << QByteArray() << QByteArray("u_core");
