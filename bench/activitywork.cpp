@@ -18,14 +18,12 @@ using namespace Check;
 
 namespace {
 
-/// Identifier codes as simulators count them.
+/// Identifier codes as simulators count them: all of one letter, of two, and so on.
 QByteArray codeOf(int number)
 {
     QByteArray code;
-    do {
-        code += char('!' + number % 94);
-        number /= 94;
-    } while (number > 0);
+    for (++number; number > 0; number = (number - 1) / 94)
+        code += char('!' + (number - 1) % 94);
     return code;
 }
 

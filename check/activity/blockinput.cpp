@@ -14,11 +14,10 @@ BlockInput::BlockInput(QIODevice *device)
     m_at = m_end = m_token = m_buffer.get();
 }
 
-void BlockInput::checkLength(const char *begin, qint64 size) const
+void BlockInput::refuse(const char *begin) const
 {
-    if (size > MAXIMUM_TOKEN)
-        throw ActivityError{QStringLiteral("a token is longer than 1 MiB"),
-                            m_base + (begin - m_buffer.get())};
+    throw ActivityError{QStringLiteral("a token is longer than 1 MiB"),
+                        m_base + (begin - m_buffer.get())};
 }
 
 bool BlockInput::refill(const char *keep)
@@ -36,7 +35,8 @@ bool BlockInput::refill(const char *keep)
     return size > 0;
 }
 
-bool BlockInput::next(std::string_view *token)
+/// The same where the end of the bytes that have been read is in the way.
+bool BlockInput::nextOfMore(std::string_view *token)
 {
     const char *p = m_at;
     for (;;) {

@@ -29,7 +29,22 @@ public:
 
     /// The next token between blanks; valid until the next call. False at the end of the file.
     /// Throws ActivityError.
-    bool next(std::string_view *token);
+    bool next(std::string_view *token)
+    {
+        const char *p = m_at;
+        while (p < m_end && uchar(*p) <= ' ')
+            ++p;
+        const char *begin = p;
+        while (p < m_end && uchar(*p) > ' ')
+            ++p;
+        if (p == m_end)
+            return nextOfMore(token);
+        checkLength(begin, p - begin);
+        m_token = begin;
+        m_at = p;
+        *token = {begin, size_t(p - begin)};
+        return true;
+    }
 
     /// Where the last token begins.
     qint64 tokenOffset() const { return m_base + (m_token - m_buffer.get()); }
@@ -44,13 +59,20 @@ protected:
     bool refill(const char *keep);
 
     /// Throws when `size` bytes from `begin` on are too long for a token.
-    void checkLength(const char *begin, qint64 size) const;
+    void checkLength(const char *begin, qint64 size) const
+    {
+        if (size > MAXIMUM_TOKEN)
+            refuse(begin);
+    }
 
     const char *m_at = nullptr;    ///< next byte
     const char *m_end = nullptr;   ///< of the bytes that have been read
     const char *m_token = nullptr; ///< begin of the last token
 
 private:
+    bool nextOfMore(std::string_view *token);
+    [[noreturn]] void refuse(const char *begin) const;
+
     QIODevice *const m_device;
     const std::unique_ptr<char[]> m_buffer; ///< two blocks
     qint64 m_base;                          ///< offset in the file of the buffer's first byte

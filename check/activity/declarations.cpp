@@ -1,11 +1,11 @@
 #include "check/activity/declarations.h"
 
-#include <limits>
+#include <QStringList>
 
 namespace Check {
 
 Declarations::Declarations()
-    : m_scopes{{0, 0, NONE}}
+    : m_scopes{{0, NONE}}
 {
 }
 
@@ -14,7 +14,7 @@ quint32 Declarations::scope(quint32 parent, std::string_view name)
     const auto [entry, isNew] =
         m_byName.try_emplace({parent, std::string(name)}, quint32(m_scopes.size()));
     if (isNew)
-        m_scopes.push_back({m_text.add(name), quint32(name.size()), parent});
+        m_scopes.push_back({m_text.add(name), parent});
     return entry->second;
 }
 
@@ -30,13 +30,11 @@ bool Declarations::addVariable(quint32 scope, const Reference &reference, qint64
                                quint32 signal)
 {
     m_declaredBits += width;
-    if (m_declaredBits > MAXIMUM_BITS ||
-        m_text.size() + reference.base.size() > std::numeric_limits<qint32>::max())
+    if (m_declaredBits > MAXIMUM_BITS || !m_text.hasRoomFor(reference.base.size()))
         return false;
     Variable variable{};
     variable.scope = scope;
     variable.name = m_text.add(reference.base);
-    variable.nameSize = quint32(reference.base.size());
     variable.signal = signal;
     variable.width = quint32(width);
     variable.hasRange = !reference.ranges.empty();
@@ -49,10 +47,10 @@ bool Declarations::addVariable(quint32 scope, const Reference &reference, qint64
         m_packed[quint32(m_variables.size())].assign(reference.ranges.begin(),
                                                      reference.ranges.end());
     }
-    m_variables.append(variable);
-    while (int(signal) >= m_firstBits.size())
-        m_firstBits.append(0);
-    quint32 &bits = m_firstBits[int(signal)];
+    m_variables.push_back(variable);
+    while (signal >= m_firstBits.size())
+        m_firstBits.push_back(0);
+    quint32 &bits = m_firstBits[signal];
     bits = qMax(bits, quint32(width));
     return true;
 }
@@ -65,22 +63,22 @@ void Declarations::finish()
         first = end;
         end += width;
     }
-    m_firstBits.append(end);
+    m_firstBits.push_back(end);
 }
 
 std::string_view Declarations::name(const Scope &scope) const
 {
-    return m_text.at(scope.name, scope.nameSize);
+    return m_text.at(scope.name);
 }
 
 std::string_view Declarations::name(const Variable &variable) const
 {
-    return m_text.at(variable.name, variable.nameSize);
+    return m_text.at(variable.name);
 }
 
-const std::vector<BitRange> &Declarations::dimensions(const Variable &variable) const
+const std::vector<BitRange> &Declarations::dimensions(quint32 variable) const
 {
-    return m_packed.at(quint32(&variable - m_variables.constData()));
+    return m_packed.at(variable);
 }
 
 qint32 Declarations::bitNumber(const Variable &variable, quint32 place)
@@ -124,7 +122,7 @@ QString Declarations::path(const Variable &variable, quint32 place) const
 
 QString Declarations::variablePath(quint32 index) const
 {
-    const Variable &variable = m_variables.at(int(index));
+    const Variable &variable = m_variables[index];
     QString text = path(variable, 0);
     if (variable.width > 1) {
         text.truncate(text.lastIndexOf(QLatin1Char('[')));

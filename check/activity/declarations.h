@@ -4,9 +4,8 @@
 #include "check/activity/textpool.h"
 
 #include <QString>
-#include <QStringList>
-#include <QVector>
 
+#include <deque>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -27,7 +26,6 @@ public:
     struct Scope
     {
         quint32 name;
-        quint32 nameSize;
         quint32 parent; ///< comes before it; NONE for the root
     };
     /// There may be millions.
@@ -35,7 +33,6 @@ public:
     {
         quint32 scope;
         quint32 name; ///< of its base, without bits
-        quint32 nameSize;
         quint32 signal;
         qint32 right; ///< number of the lowest bit
         quint32 width : 21;
@@ -54,12 +51,12 @@ public:
     bool addVariable(quint32 scope, const Reference &reference, qint64 width, quint32 signal);
 
     const std::vector<Scope> &scopes() const { return m_scopes; } ///< the root first
-    const QVector<Variable> &variables() const { return m_variables; }
+    const std::deque<Variable> &variables() const { return m_variables; }
     std::string_view name(const Scope &scope) const;
     std::string_view name(const Variable &variable) const;
 
-    /// The dimensions of a packed array.
-    const std::vector<BitRange> &dimensions(const Variable &variable) const;
+    /// The dimensions of a packed array, by its number.
+    const std::vector<BitRange> &dimensions(quint32 variable) const;
 
     /// The number that the bit `place` bits above the lowest has; its place without a range.
     static qint32 bitNumber(const Variable &variable, quint32 place);
@@ -73,12 +70,9 @@ public:
     QString variablePath(quint32 variable) const;
 
     /// Bits have numbers: those of a signal follow each other, the lowest first.
-    quint32 firstBit(quint32 signal) const { return m_firstBits.at(int(signal)); }
-    quint32 widthOf(quint32 signal) const
-    {
-        return m_firstBits.at(int(signal) + 1) - m_firstBits.at(int(signal));
-    }
-    quint32 bits() const { return m_firstBits.last(); }
+    quint32 firstBit(quint32 signal) const { return m_firstBits[signal]; }
+    quint32 widthOf(quint32 signal) const { return m_firstBits[signal + 1] - m_firstBits[signal]; }
+    quint32 bits() const { return m_firstBits.back(); }
     quint32 signalCount() const { return quint32(m_firstBits.size() - 1); }
     qint64 declaredBits() const { return m_declaredBits; }
 
@@ -103,13 +97,11 @@ private:
     TextPool m_text;
     std::vector<Scope> m_scopes;
     std::unordered_map<ScopeKey, quint32, ScopeHash> m_byName;
-    // These grow where they are, without a second copy.
-    QVector<Variable> m_variables;
+    // These grow without a second copy.
+    std::deque<Variable> m_variables;
     std::unordered_map<quint32, std::vector<BitRange>> m_packed; ///< by the variable's number
-    QVector<quint32> m_firstBits; ///< by signal: widths until finish(), and one more
+    std::deque<quint32> m_firstBits; ///< by signal: widths until finish(), and one more
     qint64 m_declaredBits = 0;
 };
 
 } // namespace Check
-
-Q_DECLARE_TYPEINFO(Check::Declarations::Variable, Q_PRIMITIVE_TYPE);

@@ -47,12 +47,13 @@ private:
     Token token();
     bool comment();
     bool skip();
+    template<typename Read>
+    bool forEachInside(Token next, const Read &read);
     bool readFile();
-    bool readHeader(string_view keyword);
+    bool readHeader();
     bool readInstance(quint32 parent, int depth);
-    bool readNets(quint32 scope);
     bool readNet(quint32 scope);
-    bool readCounts(SaifCounts *counts);
+    bool readCount(SaifCounts *counts);
     void declare(quint32 scope, const SaifCounts &counts);
     bool plainName(string_view word);
 
@@ -178,32 +179,41 @@ bool SaifReader::skip()
     }
 }
 
-bool SaifReader::readFile()
+/// Calls `read` for every parenthesis inside the open one that begins with a word, which is m_word
+/// then, until it returns false. `next` is the first token. False at the end of the file, too.
+template<typename Read>
+bool SaifReader::forEachInside(Token next, const Read &read)
 {
-    if (token() != Open || token() != Word)
-        return false;
-    for (;;) {
-        const Token next = token();
-        if (next == End)
-            return false;
+    for (;; next = token()) {
         if (next == Close)
             return true;
-        if (next != Open)
-            continue;
-        if (token() != Word)
-            return false;
-        const std::string keyword(m_word);
-        if (keyword == "INSTANCE" || keyword == "VIRTUAL_INSTANCE") {
-            if (!readInstance(0, 1))
+        if (next == Open) {
+            next = token();
+            const bool isPassed = next == Word   ? read()
+                                  : next == Text ? skip()
+                                  : next == Open ? skip() && skip()
+                                                 : next == Close;
+            if (!isPassed)
                 return false;
-        } else if (!readHeader(keyword)) {
+        } else if (next == End) {
             return false;
         }
     }
 }
 
-bool SaifReader::readHeader(string_view keyword)
+bool SaifReader::readFile()
 {
+    if (token() != Open || token() != Word)
+        return false;
+    return forEachInside(token(), [this] {
+        const bool isInstance = m_word == "INSTANCE" || m_word == "VIRTUAL_INSTANCE";
+        return isInstance ? readInstance(0, 1) : readHeader();
+    });
+}
+
+bool SaifReader::readHeader()
+{
+    const std::string keyword(m_word);
     if (keyword != "DIRECTION" && keyword != "DIVIDER" && keyword != "TIMESCALE" &&
         keyword != "DURATION")
         return skip();
@@ -255,105 +265,49 @@ bool SaifReader::readInstance(quint32 parent, int depth)
         name = m_word;
     plainName(name);
     const quint32 scope = m_name.empty() ? parent : m_declarations.scope(parent, m_name);
-    for (;; next = token()) {
-        if (next == End)
-            return false;
-        if (next == Close)
-            return true;
-        if (next != Open)
-            continue;
-        if (token() != Word)
-            return false;
-        bool isRead = false;
+    return forEachInside(next, [&] {
         if (m_word == "INSTANCE" || m_word == "VIRTUAL_INSTANCE")
-            isRead = readInstance(scope, depth + 1);
-        else if (m_word == "NET" || m_word == "PORT")
-            isRead = readNets(scope);
-        else
-            isRead = skip();
-        if (!isRead)
-            return false;
-    }
-}
-
-bool SaifReader::readNets(quint32 scope)
-{
-    for (;;) {
-        switch (token()) {
-        case End:
-            return false;
-        case Close:
-            return true;
-        case Open:
-            if (!readNet(scope))
-                return false;
-            break;
-        default:
-            break;
-        }
-    }
+            return readInstance(scope, depth + 1);
+        const bool areNets = m_word == "NET" || m_word == "PORT";
+        return areNets ? forEachInside(token(), [&] { return readNet(scope); }) : skip();
+    });
 }
 
 bool SaifReader::readNet(quint32 scope)
 {
-    if (token() != Word)
-        return skip();
     if (m_word == "COND" || m_word == "IOPATH" || m_word == "LEAKAGE")
         return skip();
     plainName(m_word);
     SaifCounts counts;
-    if (!(m_counts ? readCounts(&counts) : skip()))
-        return false;
-    declare(scope, counts);
-    return true;
+    const bool isRead =
+        m_counts ? forEachInside(token(), [&] { return readCount(&counts); }) : skip();
+    if (isRead)
+        declare(scope, counts);
+    return isRead;
 }
 
-bool SaifReader::readCounts(SaifCounts *counts)
+/// One entry such as "(T0 500)".
+bool SaifReader::readCount(SaifCounts *counts)
 {
-    for (;;) {
-        const Token next = token();
-        if (next == End)
-            return false;
-        if (next == Close)
-            return true;
-        if (next != Open)
-            continue;
-        if (token() != Word)
-            return false;
-        const char kind[2] = {m_word.size() == 2 ? m_word[0] : '\0',
-                              m_word.size() == 2 ? m_word[1] : '\0'};
-        const Token value = token();
-        if (value == End)
-            return false;
-        if (value == Close)
-            continue;
-        if (value == Word && kind[0] == 'T') {
-            switch (kind[1]) {
-            case '0':
-                counts->low = toDouble(m_word);
-                break;
-            case '1':
-                counts->high = toDouble(m_word);
-                break;
-            case 'C':
-                counts->toggles = toCount(m_word);
-                break;
-            case 'X':
-            case 'Z':
-            case 'B':
-                counts->unknown += toDouble(m_word);
-                break;
-            default:
-                break;
-            }
-        } else if (value == Word && kind[0] == 'I' && kind[1] == 'G') {
+    const std::string kind(m_word);
+    const Token value = token();
+    if (value == End || value == Close)
+        return value == Close;
+    if (value == Open)
+        return skip() && skip();
+    if (value == Word) {
+        if (kind == "T0")
+            counts->low = toDouble(m_word);
+        else if (kind == "T1")
+            counts->high = toDouble(m_word);
+        else if (kind == "TC")
+            counts->toggles = toCount(m_word);
+        else if (kind == "IG")
             counts->glitches = toCount(m_word);
-        } else if (value == Open && !skip()) {
-            return false;
-        }
-        if (!skip())
-            return false;
+        else if (kind == "TX" || kind == "TZ" || kind == "TB")
+            counts->unknown += toDouble(m_word);
     }
+    return skip();
 }
 
 void SaifReader::declare(quint32 scope, const SaifCounts &counts)

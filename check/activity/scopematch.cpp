@@ -49,7 +49,7 @@ ScopeIndex::ScopeIndex(const Declarations &declarations)
     group(
         count, count, [&](quint32 i) { return scopes[i].parent; }, &m_firstScopes, &m_scopes);
     group(
-        quint32(variables.size()), count, [&](quint32 i) { return variables.at(int(i)).scope; },
+        quint32(variables.size()), count, [&](quint32 i) { return variables[i].scope; },
         &m_firstVariables, &m_variables);
 }
 
@@ -116,8 +116,8 @@ bool ScopeMatch::matchBit(const Declarations::Variable &variable, quint32 place,
 /// dimension.
 bool ScopeMatch::matchPacked(quint32 number, quint32 above, const Use &use) const
 {
-    const Declarations::Variable &variable = m_declarations.variables().at(int(number));
-    const std::vector<BitRange> &ranges = m_declarations.dimensions(variable);
+    const Declarations::Variable &variable = m_declarations.variables()[number];
+    const std::vector<BitRange> &ranges = m_declarations.dimensions(number);
     const BitRange last = ranges.back();
     const auto bits = quint32(qMin<qint64>(last.size(), variable.width));
     Declarations::Variable element = variable;
@@ -155,7 +155,7 @@ bool ScopeMatch::matchPacked(quint32 number, quint32 above, const Use &use) cons
 
 bool ScopeMatch::match(quint32 number, quint32 above, const Use &use) const
 {
-    const Declarations::Variable &variable = m_declarations.variables().at(int(number));
+    const Declarations::Variable &variable = m_declarations.variables()[number];
     if (above == NONE)
         return false;
     if (variable.isPacked && matchPacked(number, above, use))

@@ -90,8 +90,7 @@ private:
     {
         std::vector<std::pair<quint32, std::string_view>> names;
         for (const quint32 variable : m_index.variables(scope)) {
-            const std::string_view name =
-                m_declarations.name(m_declarations.variables().at(int(variable)));
+            const std::string_view name = m_declarations.name(m_declarations.variables()[variable]);
             const quint32 count = owners(lastSegment(name));
             if (count > 0)
                 names.emplace_back(count, name);

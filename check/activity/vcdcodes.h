@@ -1,10 +1,13 @@
 #pragma once
 
-#include <QVector>
+#include <QtGlobal>
 
+#include <array>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 namespace Check {
 
@@ -24,9 +27,12 @@ public:
             m_size += isNew;
             return entry->second;
         }
-        if (int(key) >= m_table.size())
-            m_table.resize(int(key) + 1);
-        quint32 &entry = m_table[int(key)];
+        if (key / PAGE >= m_pages.size())
+            m_pages.resize(key / PAGE + 1);
+        std::unique_ptr<Page> &page = m_pages[key / PAGE];
+        if (!page)
+            page = std::make_unique<Page>();
+        quint32 &entry = (*page)[key % PAGE];
         if (entry == 0)
             entry = ++m_size;
         return entry - 1;
@@ -36,8 +42,10 @@ public:
     quint32 find(std::string_view code) const
     {
         const quint32 key = keyOf(code);
-        if (key != NONE)
-            return int(key) < m_table.size() ? m_table.at(int(key)) - 1 : NONE;
+        if (key != NONE) {
+            const bool isKnown = key / PAGE < m_pages.size() && m_pages[key / PAGE];
+            return isKnown ? (*m_pages[key / PAGE])[key % PAGE] - 1 : NONE;
+        }
         const auto entry = m_long.find(std::string(code));
         return entry == m_long.end() ? NONE : entry->second;
     }
@@ -46,6 +54,8 @@ public:
 
 private:
     static constexpr quint32 TABLE = 1 << 24;
+    static constexpr quint32 PAGE = 1 << 10;
+    using Page = std::array<quint32, PAGE>; ///< numbers from 1 on
 
     /// Place in the table, or NONE.
     static quint32 keyOf(std::string_view code)
@@ -62,7 +72,7 @@ private:
         return key < TABLE ? key : NONE;
     }
 
-    QVector<quint32> m_table; ///< numbers from 1 on
+    std::vector<std::unique_ptr<Page>> m_pages;
     std::unordered_map<std::string, quint32> m_long;
     quint32 m_size = 0;
 };
