@@ -23,13 +23,17 @@ Value valueOf(char c)
 /// later time stamp, since only the last value of one counts.
 struct BitState
 {
-    quint64 stamp = 0; ///< number of the time stamp of its last change
-    double since = 0;  ///< active time then
+    double since = 0;  ///< active time at its last change
+    quint32 stamp = 0; ///< number of the time stamp then
     quint8 value = Unknown;
     quint8 known = Unknown;  ///< the last 0 or 1 that was settled
     bool isInitial = true;   ///< was set without a change: by $dumpvars and the like
     bool isInWindow = false; ///< the last change
 };
+
+/// Where the time of a value is counted; by number, since branches would be taken at random.
+constexpr double BitActivity::*TIMES[] = {&BitActivity::low, &BitActivity::high,
+                                          &BitActivity::unknown};
 
 } // namespace
 
@@ -43,11 +47,14 @@ public:
         , m_file(file)
         , m_window(window)
         , m_counts(*counts)
+        , m_widths(file.declarations.signalCount())
         , m_states(counts->m_bits.size())
         , m_values(counts->m_bits.size(), Unknown)
         , m_time(file.first)
         , m_isInWindow(file.first >= window.start && file.first < window.end)
     {
+        for (quint32 signal = 0; signal < m_widths.size(); ++signal)
+            m_widths[signal] = file.declarations.widthOf(signal);
     }
 
     void read(qint64 size, NlsData::ReadControl *control)
@@ -124,7 +131,11 @@ private:
         const double to = qMin(time, m_window.end);
         if (!m_isOff && to > from)
             m_active += to - from;
-        m_stamp += time > m_time;
+        if (time > m_time && ++m_stamp == 0) {
+            for (BitState &state : m_states) // numbers of changes that were long ago
+                state.stamp = m_stamp;
+            ++m_stamp;
+        }
         m_time = qMax(m_time, time);
         m_isInWindow = time >= m_window.start && time < m_window.end;
     }
@@ -148,7 +159,7 @@ private:
         const quint32 first = firstBit(signal);
         if (first == ToggleCounts::NONE || m_isSkipping || m_vector.empty())
             return;
-        const quint32 width = m_file.declarations.widthOf(signal);
+        const quint32 width = m_widths[signal];
         const auto size = quint32(m_vector.size());
         const char *last = m_vector.data() + size - 1;
         const quint32 given = qMin(width, size);
@@ -167,44 +178,36 @@ private:
         BitState &state = m_states[bit];
         if (m_isInitial) {
             settle(state, m_counts.m_bits[bit]);
-            state = {m_stamp, m_active, value, value, true, m_isInWindow};
+            state = {m_active, m_stamp, value, value, true, m_isInWindow};
         } else if (state.stamp == m_stamp && !state.isInitial) {
             state.value = value;
             m_counts.m_bits[bit].glitches += state.isInWindow;
         } else {
             settle(state, m_counts.m_bits[bit]);
-            state = {m_stamp, m_active, value, state.known, false, m_isInWindow};
+            state = {m_active, m_stamp, value, state.known, false, m_isInWindow};
         }
     }
 
     void settle(BitState &state, BitActivity &activity) const
     {
-        const double time = m_active - state.since;
-        switch (state.value) {
-        case Low:
-            activity.low += time;
-            break;
-        case High:
-            activity.high += time;
-            break;
-        default:
-            activity.unknown += time;
-            return;
-        }
-        activity.toggles +=
-            state.isInWindow && state.known != Unknown && state.known != state.value;
-        state.known = state.value;
+        activity.*TIMES[state.value] += m_active - state.since;
+        const quint8 before = state.known;
+        const bool isToggle = int(before != state.value) & int(before != Unknown) &
+                              int(state.value != Unknown) & int(state.isInWindow);
+        activity.toggles += isToggle;
+        state.known = state.value == Unknown ? before : state.value;
     }
 
     const ActivityFile &m_file;
     const TimeWindow m_window;
     ToggleCounts &m_counts;
+    std::vector<quint32> m_widths; ///< by signal
     std::vector<BitState> m_states;
     std::vector<quint8> m_values; ///< once more the last ones: most do not change
     std::string m_vector;
     double m_time;
     double m_active = 0; ///< time in the window so far, while dumping was on
-    quint64 m_stamp = 1;
+    quint32 m_stamp = 1;
     bool m_isInWindow;
     bool m_isInitial = false;
     bool m_isOff = false;
