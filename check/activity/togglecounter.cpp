@@ -12,25 +12,6 @@ namespace Check {
 
 namespace {
 
-enum Value : quint8 { Low, High, Unknown };
-
-Value valueOf(char c)
-{
-    return c == '0' ? Low : c == '1' ? High : Unknown;
-}
-
-/// The state of a bit while the values go by. What it counts for is settled when it changes at a
-/// later time stamp, since only the last value of one counts.
-struct BitState
-{
-    double since = 0;  ///< active time at its last change
-    quint32 stamp = 0; ///< number of the time stamp then
-    quint8 value = Unknown;
-    quint8 known = Unknown;  ///< the last 0 or 1 that was settled
-    bool isInitial = true;   ///< was set without a change: by $dumpvars and the like
-    bool isInWindow = false; ///< the last change
-};
-
 /// Where the time of a value is counted; by number, since branches would be taken at random.
 constexpr double BitActivity::*TIMES[] = {&BitActivity::low, &BitActivity::high,
                                           &BitActivity::unknown};
@@ -48,11 +29,12 @@ public:
         , m_window(window)
         , m_counts(*counts)
         , m_widths(file.declarations.signalCount())
-        , m_states(counts->m_bits.size())
-        , m_values(counts->m_bits.size(), Unknown)
+        , m_bits(counts->m_bits)
+        , m_values(m_bits.size(), Unknown)
         , m_time(file.first)
         , m_isInWindow(file.first >= window.start && file.first < window.end)
     {
+        static_assert(sizeof(Bit) == 64);
         for (quint32 signal = 0; signal < m_widths.size(); ++signal)
             m_widths[signal] = file.declarations.widthOf(signal);
     }
@@ -69,12 +51,22 @@ public:
             if (!take(token))
                 break;
         }
-        for (size_t bit = 0; bit < m_states.size(); ++bit)
-            settle(m_states[bit], m_counts.m_bits[bit]);
+        for (Bit &bit : m_bits)
+            settle(bit);
         m_counts.duration = m_active;
     }
 
 private:
+    using Bit = ToggleCounts::Bit;
+    using Value = ToggleCounts::Value;
+    static constexpr Value Low = ToggleCounts::Low;
+    static constexpr Value Unknown = ToggleCounts::Unknown;
+
+    static Value valueOf(char c)
+    {
+        return c == '0' ? Low : c == '1' ? ToggleCounts::High : Unknown;
+    }
+
     /// False when the window has ended.
     bool take(std::string_view token)
     {
@@ -132,8 +124,8 @@ private:
         if (!m_isOff && to > from)
             m_active += to - from;
         if (time > m_time && ++m_stamp == 0) {
-            for (BitState &state : m_states) // numbers of changes that were long ago
-                state.stamp = m_stamp;
+            for (Bit &bit : m_bits) // numbers of changes that were long ago
+                bit.stamp = m_stamp;
             ++m_stamp;
         }
         m_time = qMax(m_time, time);
@@ -170,39 +162,42 @@ private:
             set(first + place, rest);
     }
 
-    void set(quint32 bit, Value value)
+    void set(quint32 number, Value value)
     {
-        if (m_values[bit] == value && !m_isInitial)
+        if (m_values[number] == value && !m_isInitial)
             return;
-        m_values[bit] = value;
-        BitState &state = m_states[bit];
-        if (m_isInitial) {
-            settle(state, m_counts.m_bits[bit]);
-            state = {m_active, m_stamp, value, value, true, m_isInWindow};
-        } else if (state.stamp == m_stamp && !state.isInitial) {
-            state.value = value;
-            m_counts.m_bits[bit].glitches += state.isInWindow;
-        } else {
-            settle(state, m_counts.m_bits[bit]);
-            state = {m_active, m_stamp, value, state.known, false, m_isInWindow};
+        m_values[number] = value;
+        Bit &bit = m_bits[number];
+        if (bit.stamp == m_stamp && !bit.isInitial && !m_isInitial) {
+            bit.value = value;
+            bit.glitches += bit.isInWindow;
+            return;
         }
+        settle(bit);
+        bit.since = m_active;
+        bit.stamp = m_stamp;
+        bit.value = value;
+        if (m_isInitial)
+            bit.known = value;
+        bit.isInitial = m_isInitial;
+        bit.isInWindow = m_isInWindow;
     }
 
-    void settle(BitState &state, BitActivity &activity) const
+    void settle(Bit &bit) const
     {
-        activity.*TIMES[state.value] += m_active - state.since;
-        const quint8 before = state.known;
-        const bool isToggle = int(before != state.value) & int(before != Unknown) &
-                              int(state.value != Unknown) & int(state.isInWindow);
-        activity.toggles += isToggle;
-        state.known = state.value == Unknown ? before : state.value;
+        bit.*TIMES[bit.value] += m_active - bit.since;
+        const quint8 before = bit.known;
+        const bool isToggle = int(before != bit.value) & int(before != Unknown) &
+                              int(bit.value != Unknown) & int(bit.isInWindow);
+        bit.toggles += isToggle;
+        bit.known = bit.value == Unknown ? before : bit.value;
     }
 
     const ActivityFile &m_file;
     const TimeWindow m_window;
     ToggleCounts &m_counts;
     std::vector<quint32> m_widths; ///< by signal
-    std::vector<BitState> m_states;
+    std::vector<Bit> &m_bits;
     std::vector<quint8> m_values; ///< once more the last ones: most do not change
     std::string m_vector;
     double m_time;
@@ -245,8 +240,8 @@ ToggleCounts countToggles(QIODevice *device, const ActivityFile &file,
         for (quint32 signal = 0; signal < file.counts.size(); ++signal) {
             const SaifCounts &given = file.counts[signal];
             if (wanted[signal])
-                counts.m_bits[counts.m_first[signal]] = {given.toggles, given.glitches, given.low,
-                                                         given.high, given.unknown};
+                static_cast<BitActivity &>(counts.m_bits[counts.m_first[signal]]) = {
+                    given.toggles, given.glitches, given.low, given.high, given.unknown};
         }
         counts.duration = file.last;
         return counts;

@@ -52,8 +52,22 @@ private:
                                      const TimeWindow &, NlsData::ReadControl *);
     static constexpr quint32 NONE = 0xffffffff;
 
+    enum Value : quint8 { Low, High, Unknown };
+    /// A bit, with its state while the values go by: all in one line of the cache. What it counts
+    /// for is settled when it changes at a later time stamp, since only the last value of one
+    /// counts.
+    struct alignas(64) Bit : BitActivity
+    {
+        double since = 0;  ///< active time at its last change
+        quint32 stamp = 0; ///< number of the time stamp then
+        quint8 value = Unknown;
+        quint8 known = Unknown;  ///< the last 0 or 1 that was settled
+        bool isInitial = true;   ///< was set without a change: by $dumpvars and the like
+        bool isInWindow = false; ///< the last change
+    };
+
     std::vector<quint32> m_first; ///< by signal: its lowest bit, or NONE
-    std::vector<BitActivity> m_bits;
+    std::vector<Bit> m_bits;
 };
 
 /// Counts the toggles of the signals that are `wanted`, by number. Reads the values of a VCD file
