@@ -25,6 +25,12 @@ const QString KEY_TYPE = QStringLiteral("type");
 const QString KEY_NAMES = QStringLiteral("names");
 const QString KEY_SOURCE = QStringLiteral("source");
 
+/// Whether the text is such a sum in hexadecimal digits.
+bool isSha256(const QByteArray &text)
+{
+    return text.size() == 64 && QByteArray::fromHex(text).toHex() == text;
+}
+
 } // namespace
 
 QString NameMemory::fileFor(const QString &path)
@@ -53,7 +59,9 @@ bool NameMemory::parse(const QByteArray &json, QString *error)
                      .arg(FORMAT);
         return false;
     }
-    netlist = root.value(KEY_NETLIST).toString().toLatin1();
+    const QByteArray hash = root.value(KEY_NETLIST).toString().toLatin1();
+    if (isSha256(hash)) // it is written as it stands
+        netlist = hash;
     const QJsonArray records = root.value(KEY_RECORDS).toArray();
     for (const QJsonValue &value : records) {
         const QJsonObject record = value.toObject();
