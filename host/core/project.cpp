@@ -293,17 +293,17 @@ QHash<QPair<QString, QString>, QString> ProjectFile::activityScopes() const
 
 void ProjectFile::addActivityScopes(const QHash<QPair<QString, QString>, QString> &scopes)
 {
+    const auto isFree = [](const QJsonValue &value) {
+        return value.isUndefined() || value.isObject(); // else somebody else's
+    };
     const QJsonValue present = m_data.value(ACTIVITY_SCOPES);
-    if (!present.isUndefined() && !present.isObject())
-        return; // of somebody else
-    const QHash<QPair<QString, QString>, QString> known = activityScopes();
     auto places = scopes.keys();
     std::sort(places.begin(), places.end()); // the same text for the same scopes
     changeTogether([&] {
         for (const auto &place : qAsConst(places)) {
-            if (!known.contains(place) || known.value(place) != scopes.value(place))
-                set({ACTIVITY_SCOPES, relativePath(place.first), place.second},
-                    scopes.value(place));
+            const QString file = relativePath(place.first);
+            if (isFree(present) && isFree(present.toObject().value(file)))
+                set({ACTIVITY_SCOPES, file, place.second}, scopes.value(place));
         }
     });
 }

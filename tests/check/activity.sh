@@ -135,6 +135,11 @@ while b"Counting toggles: 1 %" not in shown:
     shown += os.read(terminal, 1000)
 process.send_signal(signal.SIGINT)
 printed, _ = process.communicate(timeout=20)
+try:
+    shown = os.read(terminal, 100000)
+except OSError:
+    shown = b""
+assert shown.endswith(b"\r\033[K"), shown  # the line is taken away: it ended by itself
 assert process.returncode == 130 and printed == b"", (process.returncode, printed)
 assert set(os.listdir(".")) == before, set(os.listdir(".")) - before
 os.remove("long.vcd")

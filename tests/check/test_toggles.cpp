@@ -1,6 +1,6 @@
 #include "activitydesign.h"
 
-#include "check/activity/togglecounter.h"
+#include "check/activity/togglestore.h"
 #include "host/nlsdata/readcontrol.h"
 
 #include <QtTest>
@@ -56,6 +56,7 @@ private slots:
     void agreesWithScript();
     void saifAgrees();
     void stops();
+    void keepsCounts();
 
 private:
     QString write(const QByteArray &bytes)
@@ -179,6 +180,22 @@ void TestToggles::stops()
     QVERIFY(control.permille() > 500);
     control.cancel();
     QVERIFY(!countToggles(*file, {true}, {}, &control).error.isEmpty());
+}
+
+/// Until the file changes, or more of it is wanted.
+void TestToggles::keepsCounts()
+{
+    const QByteArray text = "$var wire 1 ! a $end $var wire 1 # b $end $enddefinitions $end\n"
+                            "#0\n0!\n0#\n#5\n1!\n1#\n#9\n";
+    const auto file = readActivityFile(write(text));
+    ToggleStore store;
+    QCOMPARE(store.count(*file, {true, false}, {}, nullptr).bit(0, 0)->toggles, 1U);
+    QVERIFY(store.find(*file, {true, false}, {}));
+    QVERIFY(!store.find(*file, {true, false}, {2, 7}));
+    QVERIFY(!store.find(*file, {false, true}, {}));
+    QCOMPARE(store.count(*file, {false, true}, {}, nullptr).bit(1, 0)->toggles, 1U);
+    write(text + "#12\n");
+    QVERIFY(!store.find(*file, {false, true}, {}));
 }
 
 QTEST_APPLESS_MAIN(TestToggles)

@@ -265,7 +265,7 @@ void TestCoverage::bindsToWhatFits()
     QVERIFY(!bind->isVisible());
     clickRow(findings, findings->model()->index(0, 1));
     QVERIFY(bind->isVisible());
-    QCOMPARE(bind->text(), QStringLiteral("Bind to top"));
+    QCOMPARE(bind->text(), QStringLiteral("Bind to top\u2026"));
     QTest::keyClick(view->findChild<QDoubleSpinBox *>(QStringLiteral("spinAmbTemp")), Qt::Key_Up);
     QVERIFY(view->windowTitle().endsWith(QLatin1Char('*')));
     std::unique_ptr<ModalDriver> inner;

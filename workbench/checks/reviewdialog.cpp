@@ -107,6 +107,10 @@ void ReviewDialog::setState(const QString &text, bool isError)
 
 void ReviewDialog::read()
 {
+    if (m_subject == Subject::ActivityFiles) {
+        m_tree->setAccessibleName(tr("Activity files"));
+        m_tree->setHeaderLabels({tr("Instance"), tr("New Instance"), tr("Certainty"), tr("Why")});
+    }
     setState(m_subject == Subject::Names
                  ? tr("Comparing the names with the netlist\u2026")
                  : tr("Comparing the activity files with the netlist\u2026"));

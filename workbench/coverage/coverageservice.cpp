@@ -95,6 +95,8 @@ void CoverageService::onChecksChanged()
     }
     if (!current().isEmpty())
         m_states[current()];
+    else if (m_states.isEmpty() && !m_worker)
+        m_store = {};
     startNext();
     emit changed();
 }

@@ -11,7 +11,8 @@ namespace Workbench {
 class CheckService;
 class CoverageService;
 
-/// The window's coverage: the service that computes it, and the pane that shows it.
+/// The window's coverage: the service that computes it, and the pane that shows it, which is made
+/// when it is first seen.
 class CoverageTool : public QObject
 {
     Q_OBJECT
@@ -25,6 +26,7 @@ public:
     QAction *showAction() const { return m_show; }
 
 private:
+    void createPane();
     void showPane();
     void addRates(const QStringList &nets);
 

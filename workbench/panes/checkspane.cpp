@@ -165,8 +165,8 @@ void ChecksPane::updateBinding()
             instance = finding.proposal;
     }
     // A name may have the mark of a mnemonic.
-    m_bind->setText(
-        tr("&Bind to %1...").arg(QString(instance).replace(QLatin1Char('&'), QLatin1String("&&"))));
+    m_bind->setText(tr("&Bind to %1\u2026")
+                        .arg(QString(instance).replace(QLatin1Char('&'), QLatin1String("&&"))));
     m_bind->setVisible(!instance.isEmpty());
     m_bindButton->setVisible(!instance.isEmpty());
 }

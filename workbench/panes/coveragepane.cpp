@@ -220,6 +220,11 @@ QString CoveragePane::stateText() const
         text += tr("; as saved, without the changes since then");
     if (coverage.overlaps() > 0)
         text += tr("; %1 nets with two sources").arg(coverage.overlaps());
+    int neverToggle = 0;
+    for (const Check::CoveringFile &file : coverage.files())
+        neverToggle += file.isStatic.size();
+    if (neverToggle > 0)
+        text += tr("; %1 flip-flops never toggle").arg(neverToggle);
     if (state->isStopped)
         text += tr("; counting was stopped");
     for (const QString &problem : state->result.data->problems)

@@ -121,6 +121,23 @@ void TestProject::editsKeepOtherMembers()
     QCOMPARE(project->synthesisArguments().value(0), QStringLiteral("-p"));
     QCOMPARE(project->resultFile(QStringLiteral("RES.netlist")),
              host.path(QStringLiteral("n.json")));
+
+    // Scopes of activity files, beside what is not known in their member.
+    const auto scopesAdded = [&host](const QByteArray &before) {
+        const QString scopesPath = host.write(QStringLiteral("s.fpgaproj"), before);
+        if (!ProjectSession::get()->open(scopesPath, nullptr))
+            return QByteArray();
+        ProjectFile *scoped = ProjectFile::of(ProjectManager::currentProject());
+        scoped->addActivityScopes(
+            {{{host.path(QStringLiteral("a.vcd")), QStringLiteral("u")}, QStringLiteral("tb/dut")},
+             {{host.path(QStringLiteral("b.vcd")), QString()}, QStringLiteral("tb")}});
+        return host.read(QStringLiteral("s.fpgaproj"));
+    };
+    QCOMPARE(
+        scopesAdded("{\"activityScopes\": {\"a.vcd\": {\"own\": 1, \"u\": \"x\"}, \"b.vcd\": 5}}"),
+        QByteArray(
+            "{\"activityScopes\": {\"a.vcd\": {\"own\": 1, \"u\": \"tb/dut\"}, \"b.vcd\": 5}}"));
+    QCOMPARE(scopesAdded("{\"activityScopes\": [1]}"), QByteArray("{\"activityScopes\": [1]}"));
     QVERIFY2(text.startsWith("{\n    \"name\": ") && text.count('\n') == 7, text);
 }
 
