@@ -4,13 +4,13 @@
 
 namespace Workbench {
 
-/// Exit status of a program that was called with arguments that it does not take.
+/// Exit status after invalid arguments.
 constexpr int BAD_USAGE_STATUS = 2;
 
-/// Whether windows can be shown: there is a display, or a platform without one was chosen.
+/// Whether windows can be shown: on a display, or on a platform that needs none.
 bool hasDisplay();
 
-/// Names the program and sets what holds for all of its windows; before any QApplication.
+/// Sets the program's name and the attributes of all windows. Call before creating QApplication.
 void prepareApplication();
 
 /// Where the plug-ins are: beside the program, or where an installation has them.

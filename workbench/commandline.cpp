@@ -8,7 +8,7 @@ namespace Workbench {
 
 namespace {
 
-// The parser with every option declared, and what each of them is called.
+// The parser and its options.
 struct Declared
 {
     Declared()

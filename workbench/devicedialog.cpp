@@ -18,7 +18,7 @@ namespace {
 
 constexpr int ID_ROLE = Qt::UserRole;
 
-/// Asks as configurations do: another entry may have the data of the same part and package.
+/// As for configurations: another entry may have the data of the same part and package.
 bool hasSupplyData(const DEV::Device &device)
 {
     return DEV::DeviceCatalogue::get()
@@ -112,7 +112,7 @@ QString DeviceDialog::deviceId() const
 void DeviceDialog::onFilterChanged(const QString &text)
 {
     m_devices->setFilterFixedString(text.trimmed());
-    // A filter that leaves one device has chosen it.
+    // A filter that leaves one device selects it.
     if (m_devices->rowCount() == 1)
         m_view->setCurrentIndex(m_devices->index(0, 0));
 }

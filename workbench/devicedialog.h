@@ -10,7 +10,7 @@ class QTreeView;
 
 namespace Workbench {
 
-/// Lets the user choose a device of the catalogue.
+/// Lets the user choose a device from the catalogue.
 class DeviceDialog : public QDialog
 {
     Q_OBJECT

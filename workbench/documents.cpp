@@ -133,7 +133,7 @@ void Documents::openDocument(const QString &path)
     }
 }
 
-/// In the messages, beside what the opener has told in a box.
+/// Reports the cause in the messages; the opener has already shown a box.
 void Documents::tellCause(const QString &path, const QString &what)
 {
     const QString cause = causeOfRefusal(path);
@@ -141,7 +141,7 @@ void Documents::tellCause(const QString &path, const QString &what)
     emit failed(cause.isEmpty() ? text + QLatin1Char('.') : tr("%1: %2").arg(text, cause));
 }
 
-// A configuration means little without its project. The only one in its folder is meant.
+// A configuration needs its project: if there is only one in its folder, it is that one.
 void Documents::openProjectBeside(const QString &path)
 {
     const QFileInfoList projects = QFileInfo(path).absoluteDir().entryInfoList(
@@ -156,7 +156,7 @@ void Documents::openPlace(const QString &path, int line)
         text->showLine(line);
 }
 
-/// Null when the file cannot be read, which the user has been told.
+/// Null if the file cannot be read, which has been reported.
 TextView *Documents::openText(const QString &path)
 {
     const QString absolute = Utils::documentPath(path);
@@ -178,7 +178,7 @@ TextView *Documents::openText(const QString &path)
     return view.release();
 }
 
-// The last thing that its callers do with this object: it may go with the window.
+// Callers return afterwards: the window, and this object with it, may be destroyed meanwhile.
 void Documents::fail(QMessageBox::Icon icon, const QString &text)
 {
     emit failed(text);
@@ -202,8 +202,8 @@ void Documents::follow(Core::IView *view)
             continue;
         m_followed.insert(view, path);
         m_watcher.watch(path);
-        // A document that has just become clean has been written or read: that is no change by
-        // another program. One whose file is back as it was has been neither.
+        // A document that has just become clean has been written or read, so its file was not
+        // changed by another program, unless an unchanged file was only restored.
         connect(view, &Core::IView::shortTitleChanged, this, [this, opener, path] {
             if (!opener->isModified(path))
                 m_watcher.accept(path);
@@ -225,7 +225,7 @@ void Documents::onChanged(const QString &path)
 {
     if (!m_changed.contains(path))
         m_changed.append(path);
-    // The watcher may go with the window while the question is open: not from within its signal.
+    // Not from within the watcher's signal: the question may destroy it with the window.
     QTimer::singleShot(0, this, &Documents::askAboutNext);
 }
 
@@ -247,7 +247,7 @@ void Documents::onRestored(const QString &path)
     emit message(tr("%1 exists again, unchanged.").arg(QDir::toNativeSeparators(path)));
 }
 
-// There is nothing left to ask about the file.
+// The question no longer applies.
 void Documents::dropQuestion(const QString &path)
 {
     m_changed.removeAll(path);

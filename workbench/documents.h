@@ -18,8 +18,8 @@ namespace Workbench {
 
 class TextView;
 
-/// Opens projects and files, and looks after the files of open views: a change on disk by another
-/// program is offered to the user for reading, and is never read without being asked for.
+/// Opens projects and files, and watches the files of open views: if another program changes one,
+/// the user is asked whether to reload it.
 class Documents : public QObject
 {
     Q_OBJECT
@@ -28,37 +28,36 @@ public:
     /// `window` is the parent of questions, not owned.
     explicit Documents(QWidget *window);
 
-    /// Opens `path` by its kind: a project, a file that a plug-in opens, a netlist, or a text to be
-    /// read.
-    /// Failures are told to the user.
+    /// Opens `path` by its kind: a project, a file that a plug-in opens, a netlist, or a text
+    /// file. Reports failures to the user.
     void open(const QString &path);
 
-    /// Reads the open file at `path` anew, without a question.
+    /// Reloads the open file at `path` without asking.
     void reload(const QString &path);
 
-    /// Opens the file as a text, at `line`, counted from 1.
+    /// Opens the file as text at `line`, counted from 1.
     void openPlace(const QString &path, int line);
 
-    /// Replaces the current project; its views are closed first. False when a view refused to close
-    /// or the project cannot be read, which the user has been told.
+    /// Replaces the current project after closing its views. False if a view refused to close or
+    /// the project cannot be read, which has been reported.
     bool openProject(const QString &path);
 
-    /// Closes the current project and, before it, its views. False when one of them refuses.
+    /// Closes the views of the current project and the project. False if a view refuses.
     bool closeProject();
 
-    /// Closes the view by view what is open; false when one of them refuses.
+    /// Closes the open views one by one; false if one of them refuses.
     bool closeAll();
 
     /// Shows a file as text, whatever it is.
     TextView *openText(const QString &path);
 
-    /// Whether open() would take a file of this name for more than a text.
+    /// Whether open() would open the file other than as text.
     static bool isDocument(const QString &path);
 
 signals:
     void opened(const QString &path);
 
-    /// A file that looks like a netlist, and is not the project's, is to be opened.
+    /// The user opens a file that looks like a netlist and is not the project's.
     void netlistFound(const QString &path);
     void message(const QString &text);
     void failed(const QString &text);
@@ -81,7 +80,7 @@ private:
     QWidget *const m_window;
     Utils::FileWatcher m_watcher{Utils::FileWatcher::Compare::Content};
     QHash<Core::IView *, QString> m_followed; // open documents, not owned, and their files
-    QStringList m_changed;                    // files that the user is still to be asked about
+    QStringList m_changed;                    // pending questions
     QTimer m_askLater;
     QString m_asked; // the file that the open question is about
     QPointer<QMessageBox> m_question;

@@ -17,14 +17,14 @@ class FindBar;
 
 namespace Workbench {
 
-/// The menu of commands that act on the table or text field that has the focus, or had it before
-/// the menu was opened. A command is enabled when it has something to work on.
+/// The commands for the table or text field that has the focus, or had it before the menu was
+/// opened. A command is enabled if it applies.
 class EditMenu : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `window` is the window whose fields are meant, not owned; it owns the object.
+    /// Acts on the fields of `window`, which owns the object.
     explicit EditMenu(QWidget *window);
 
     /// Owned by the window.
@@ -37,7 +37,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /// Where the commands go: one of these, or nothing.
+    /// What the commands act on: at most one is set.
     struct Target
     {
         QLineEdit *line = nullptr;
@@ -68,7 +68,7 @@ private:
     QMenu *const m_menu;
     Utils::FindBar *const m_findBar;
     QPointer<QWidget> m_focus; // never a menu
-    // Of the line that had the focus: giving it to the menu bar drops the selection.
+    // Of the line that had the focus, since it loses its selection to the menu bar.
     int m_selectionStart = -1;
     int m_selectionLength = 0;
     QAction *m_cut;

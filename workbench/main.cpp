@@ -56,7 +56,7 @@ int showWindow(const CommandLine &commandLine)
     Session session(commandLine.plugins);
     MainWindow &window = session.window();
     window.show();
-    // The window is on the screen before large files are read.
+    // Show the window before reading large files.
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     if (!commandLine.project.isEmpty())
         window.open(commandLine.project);
@@ -67,7 +67,7 @@ int showWindow(const CommandLine &commandLine)
     return QApplication::exec();
 }
 
-// The tour is a program of its own, which is installed beside this one.
+// The tour is a separate program beside this one.
 int runTour(const CommandLine &commandLine)
 {
     const QString program =

@@ -48,7 +48,7 @@ namespace {
 const QString GEOMETRY_KEY = QStringLiteral("window/geometry");
 const QString STATE_KEY = QStringLiteral("window/state");
 
-// The folder of the project, where files are looked for and put first.
+// File dialogs start in the folder of the project.
 QString workingFolder()
 {
     const Core::ProjectFile *project = Core::ProjectFile::current();
@@ -166,7 +166,7 @@ void MainWindow::openLastProject()
         open(path);
 }
 
-// Opening asks questions, during which the window may go.
+// Opening asks questions, and the window may be closed meanwhile.
 void MainWindow::openAll(const QStringList &paths)
 {
     const QPointer<MainWindow> self(this);
@@ -199,7 +199,7 @@ void MainWindow::chooseDevice()
     if (dialog.exec() != QDialog::Accepted)
         return;
     TE::DeviceSelection::get()->setDevice(dialog->deviceId());
-    if (!dialog.get()) // views may have told of the change, and so have run the event loop
+    if (!dialog.get()) // messages of views about the change may have run the event loop
         return;
     m_messages->note(tr("Device: %1").arg(dialog->deviceId()));
     updateActions();
@@ -248,7 +248,7 @@ bool MainWindow::stopRunningSynthesis()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    // The views first: a view that stays keeps the window, and then the run goes on, too.
+    // The views first: if one stays open, so does the window, and the run continues.
     const QPointer<MainWindow> self(this);
     if (!m_documents->closeAll() || !self || !stopRunningSynthesis() || !self) {
         event->ignore();
@@ -279,7 +279,7 @@ void MainWindow::restoreLayout()
 {
     const QSettings settings;
     if (!restoreGeometry(settings.value(GEOMETRY_KEY).toByteArray())) {
-        // In characters too, so that it fits at any scale, and never more than the screen.
+        // In characters, too, to fit the font; at most the screen.
         const QSize wanted(fontMetrics().averageCharWidth() * 145, fontMetrics().height() * 46);
         resize(wanted.expandedTo({1400, 900}).boundedTo(screen()->availableSize() * 19 / 20));
     }

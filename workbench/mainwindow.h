@@ -32,14 +32,14 @@ public:
     explicit MainWindow(QWidget *parent = nullptr);
     ~MainWindow() override;
 
-    /// Offers what the plug-ins have published, and tells which of them could not be used. To be
-    /// called once, after the plug-ins are initialised.
+    /// Adds the commands that plug-ins have published, and reports plug-ins that cannot be used.
+    /// Call once, after the plug-ins are initialized.
     void takeUpPlugins();
 
-    /// Opens a project, a configuration, a netlist or a text; failures are told to the user.
+    /// Opens a project, a configuration, a netlist or a text file; reports failures to the user.
     void open(const QString &path);
 
-    /// Opens the project of the last session, unless the user does not want that.
+    /// Opens the project of the last session, unless that option is off.
     void openLastProject();
 
     Documents *documents() const { return m_documents; }
@@ -47,7 +47,7 @@ public:
     const RecentFiles &recentFiles() const { return m_recent; }
 
 protected:
-    /// Asks view by view about what is not saved; a refusal keeps the window open.
+    /// Asks about unsaved changes view by view; canceling keeps the window open.
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;

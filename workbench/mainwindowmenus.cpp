@@ -67,7 +67,7 @@ void MainWindow::createDocks()
     tabifyDockWidget(m_checks->dock(), m_coverage->dock());
     messages->raise();
 
-    // The tree keeps the whole height.
+    // The tree takes the full height.
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     resizeDocks({project}, {fontMetrics().averageCharWidth() * 34}, Qt::Horizontal);
     resizeDocks({messages}, {fontMetrics().height() * 3}, Qt::Vertical);
@@ -79,8 +79,8 @@ void MainWindow::createDocks()
     m_viewMenu->addAction(m_coverage->dock()->toggleViewAction());
 }
 
-/// The icons of a menu come when it is first opened: the style decodes several pictures for each,
-/// which took a good part of the program's start.
+/// Loads the icons of a menu when it is first opened: the style decodes several pictures for each,
+/// which would delay the start.
 void MainWindow::setIconsWhenShown(QMenu *menu, const MenuIcons &icons)
 {
     connect(menu, &QMenu::aboutToShow, this, [this, icons] {

@@ -4,8 +4,8 @@
 
 namespace Workbench {
 
-/// Why the configuration at `path` does not open on the current project's device, as one sentence;
-/// empty when neither the file nor the device is the cause.
+/// Why the configuration at `path` does not open for the current project's device, as one sentence;
+/// empty if neither the file nor the device is the cause.
 QString causeOfRefusal(const QString &path);
 
 /// What is wrong with the current project's device, as one sentence; empty for a known one.

@@ -6,8 +6,8 @@ namespace Workbench {
 
 class MessagesPane;
 
-/// Keeps the messages pane to the open project: tells what is wrong with its device and with
-/// netlists as they are read, and takes away the messages of a project that is closed.
+/// Reports problems of the open project's device and netlists in the messages pane, and removes the
+/// messages of a closed project.
 class ProjectNotices : public QObject
 {
     Q_OBJECT

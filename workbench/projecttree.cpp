@@ -22,10 +22,10 @@ namespace {
 enum Role {
     PathRole = Qt::UserRole,
     IsDeviceRole,
-    IsProjectFileRole, // listed under the project's files, so that it can be taken out
+    IsProjectFileRole, // listed under the project's files, hence removable
 };
 
-// Tool tips take what looks like markup for markup.
+// Tool tips would interpret markup in names.
 QString plainToolTip(const QString &path)
 {
     const QString text = QDir::toNativeSeparators(path);

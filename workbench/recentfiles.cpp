@@ -44,7 +44,7 @@ void RecentFiles::fill(QMenu *menu)
         int number = 0;
         for (const QString &path : qAsConst(m_paths)) {
             const QFileInfo info(path);
-            // An ampersand in a file name is no mnemonic.
+            // An ampersand in a file name is not a mnemonic.
             QString text = QStringLiteral("%1 \u2013 %2")
                                .arg(info.fileName(), QDir::toNativeSeparators(info.path()));
             text.replace(QLatin1Char('&'), QLatin1String("&&"));

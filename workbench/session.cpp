@@ -25,7 +25,7 @@ Session::Session(const QString &plugins)
 
 Session::~Session()
 {
-    // Closed views wait for the event loop, which has ended; a view must not outlive its plug-in.
+    // The event loop that would delete closed views has ended; a view must not outlive its plug-in.
     Core::ViewArea::get()->discardAllViews();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     ExtSys::PluginManager::instance()->shutDown();

@@ -6,8 +6,8 @@
 
 namespace Workbench {
 
-/// The program while its window is there: the plug-ins of a folder, initialised, and the window.
-/// When it goes, the views go first, then the plug-ins are shut down, then the window goes.
+/// The window with the plug-ins of a folder, loaded and initialized. Destroys the views first, then
+/// shuts down the plug-ins, and destroys the window last.
 class Session
 {
 public:

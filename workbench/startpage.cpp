@@ -27,7 +27,7 @@ constexpr int COLUMN_CHARACTERS = 44;
 constexpr int MAXIMUM_FILES = 8;
 const QLatin1String ProjectSuffix(".fpgaproj");
 
-// An ampersand in a file's name is no mnemonic.
+// An ampersand in a file name is not a mnemonic.
 QString withoutMnemonics(QString text)
 {
     return text.replace(QLatin1Char('&'), QLatin1String("&&"));
@@ -80,7 +80,7 @@ void StartPage::showEvent(QShowEvent *event)
         rebuild();
 }
 
-// One change often comes with others.
+// Changes often come in groups.
 void StartPage::updateLater()
 {
     if (m_outdated)
@@ -102,7 +102,7 @@ void StartPage::rebuild()
     const int space = fontMetrics().height();
     columns->setContentsMargins(2 * space, 2 * space, 2 * space, space);
     columns->setSpacing(2 * space);
-    left->setSpacing(0); // the links have room of their own
+    left->setSpacing(0); // the links have margins
     right->setSpacing(0);
     columns->addLayout(left, 1);
     columns->addLayout(right, 1);
@@ -152,7 +152,7 @@ void StartPage::fillForProject(QVBoxLayout *left, QVBoxLayout *right)
     addFiles(right, configurations, tr("The project has none yet."));
 }
 
-// What configurations need to open.
+// Steps without which configurations do not open.
 void StartPage::addFirstSteps(QVBoxLayout *layout)
 {
     const Core::ProjectFile *project = Core::ProjectFile::current();
@@ -214,7 +214,7 @@ void StartPage::addHeading(QVBoxLayout *layout, const QString &text)
     layout->addWidget(label);
 }
 
-// The page may be built anew while what a link begins is under way: not from within the button.
+// Queued: the command may rebuild the page, and delete the button.
 void StartPage::addLink(QVBoxLayout *layout, const char *name, const QString &title,
                         const QString &description, const Run &run)
 {

@@ -12,13 +12,13 @@ class QVBoxLayout;
 
 namespace Workbench {
 
-/// What the window shows while no view is open: how to begin, or what can be done with the project.
+/// Shown while no view is open: offers ways to start, or the next steps of the open project.
 class StartPage : public QScrollArea
 {
     Q_OBJECT
 
 public:
-    /// Actions that the page offers; not owned, and needed as long as the page lives.
+    /// Actions that the page offers; not owned, must outlive the page.
     struct Actions
     {
         QAction *newProject;
@@ -32,7 +32,7 @@ public:
     /// A widget that shows `views` while there are any, else this page. Owns both.
     QWidget *around(QTabWidget *views);
 
-    /// Remembers the file when it is a project.
+    /// Remembers the file if it is a project.
     void addRecent(const QString &path);
 
 signals:

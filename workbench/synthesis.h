@@ -8,7 +8,7 @@ class QWidget;
 
 namespace Workbench {
 
-/// The commands that run and stop synthesis, and what is shown of a run.
+/// The commands that run and stop synthesis, with progress and messages of a run.
 class Synthesis : public QObject
 {
     Q_OBJECT

@@ -47,7 +47,7 @@ void TableStatus::onFocusChanged(QWidget *now)
     QTableView *table = Utils::TableCommands::tableAround(now);
     const auto *bar = window()->findChild<Utils::FindBar *>();
     if (!table && bar && bar->isAncestorOf(now))
-        return; // it works on the table
+        return; // the find bar acts on the table
     if (!table || table != m_table)
         m_bar->clearMessage();
     follow(table);

@@ -8,8 +8,8 @@ class QStatusBar;
 
 namespace Workbench {
 
-/// How many rows the table with the focus has, and how many of them are selected. What the status
-/// bar says about a table or field goes when the user goes on to another place.
+/// Shows the number of rows, and of selected rows, of the table with the focus. Clears messages
+/// about a table or field when the focus leaves it.
 class TableStatus : public QLabel
 {
     Q_OBJECT

@@ -16,7 +16,7 @@ namespace Workbench {
 
 namespace {
 
-// Larger files are shown up to here: netlists and traces run to gigabytes.
+// Netlists and traces can have gigabytes: only the beginning is shown.
 constexpr qint64 MAXIMUM_BYTES = 4 * 1024 * 1024;
 
 } // namespace

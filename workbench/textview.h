@@ -6,7 +6,7 @@ class QPlainTextEdit;
 
 namespace Workbench {
 
-/// Shows a text file of the project for reading.
+/// Shows a text file, read-only.
 class TextView : public Core::IView
 {
     Q_OBJECT
@@ -20,8 +20,7 @@ public:
     /// Reads the file. On failure gives one sentence in `error`.
     bool load(QString *error);
 
-    /// Goes to a line, counted from 1, and marks it; to the last one that there is when it has
-    /// fewer.
+    /// Goes to a line, counted from 1, and marks it; to the last line if there are fewer.
     void showLine(int line);
 
 private:

@@ -68,7 +68,7 @@ private:
     quint32 m_row = 0;
 };
 
-/// The synthesised netlist of a design. It owns its objects, which stay where they are as long as
+/// The synthesized netlist of a design. It owns its objects, which stay where they are as long as
 /// it lives; it never changes, and any thread may ask it.
 class HOST_EXPORT Netlist
 {

@@ -85,7 +85,7 @@ void TestProjects::opensNetlistAsProject()
             QCOMPARE(text("projectName"), QStringLiteral("top"));
             QCOMPARE(text("netlistFile"), QStringLiteral("design.json"));
             QCOMPARE(text("projectDevice"), QStringLiteral("iCE40HX8K-CT256"));
-            QTest::keyClick(dialog, Qt::Key_Return);
+            clickOk(dialog);
         });
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(netlist)});

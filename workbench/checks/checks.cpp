@@ -42,7 +42,7 @@ Checks::Checks(QMainWindow *window)
     m_status->setToolTip(tr("Show the checks"));
     createMenu();
     connect(m_status, &QToolButton::clicked, this, &Checks::showPane);
-    // The tab of a pane too low for a row of the list.
+    // By its tab the pane may be too low to show a row.
     connect(m_dock, &QDockWidget::visibilityChanged, this, [this, pane](bool visible) {
         if (visible && pane->height() < m_dock->fontMetrics().height() * 4)
             QTimer::singleShot(0, this, &Checks::growPane);
@@ -116,7 +116,7 @@ void Checks::showPane()
     growPane();
 }
 
-/// At the start the panes leave their room to the views.
+/// Initially the panes are low, to leave room for the views.
 void Checks::growPane()
 {
     const int useful = m_dock->fontMetrics().height() * 10;
@@ -140,7 +140,7 @@ void Checks::review(ReviewDialog::Subject subject)
     Utils::GuardedDialog dialog(new ReviewDialog(CheckService::jobFor(path), m_service->design(),
                                                  project && project->recordsNames(), subject,
                                                  m_window));
-    // What the save has left to be recorded would be taken for newer than the decisions.
+    // A record written after the decisions would override them.
     dialog->setBeforeApplying([this] { m_service->finishRecording(); });
     if (dialog.exec() != QDialog::Accepted)
         return;
@@ -155,7 +155,7 @@ void Checks::review(ReviewDialog::Subject subject)
         m_service->recheck(path);
 }
 
-// The names are mended in the file, so it has to be what the view shows.
+// Names are repaired in the file, so view and file must agree.
 bool Checks::saveFirst(const QString &path, const QString &title, const QString &question)
 {
     Core::IFileOpener *opener = Core::IFileOpener::forFile(path);

@@ -22,7 +22,7 @@ class Checks : public QObject
     Q_OBJECT
 
 public:
-    /// Dock, menu and status are for `window` to place; it is their parent in the end.
+    /// `window` places dock, menu and status, and becomes their parent.
     explicit Checks(QMainWindow *window);
 
     QDockWidget *dock() const { return m_dock; }
@@ -33,7 +33,7 @@ public:
     QToolButton *status() const { return m_status; }
 
 signals:
-    /// The open configuration was changed on purpose, and is to be shown as it is now.
+    /// The file of the open configuration has been changed and has to be reloaded.
     void reloadWanted(const QString &path);
     void message(const QString &text);
     void failed(const QString &text);

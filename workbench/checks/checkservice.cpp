@@ -101,7 +101,7 @@ CheckJob CheckService::jobFor(const QString &path)
             project ? project->activityScopes() : Check::KnownScopes()};
 }
 
-// The views hear of the same events, and may run the event loop or close: the checks follow later.
+// Views handle the same events, and may run the event loop or close: check afterwards.
 void CheckService::handleIEvent(const QUtil::IEvent *event)
 {
     if (event->type() == STATUS_EVENT) {

@@ -25,29 +25,29 @@ class Worker;
 
 namespace Workbench {
 
-/// Checks the configurations that are open, as their files are, one after the other in a thread:
-/// when one is opened or saved, and all of them when there is a new netlist or device. What a run
-/// was started for may change meanwhile: its result is then dropped, and it runs again. Saving also
-/// records what the names mean, unless the project turns that off, and keeps in the project which
-/// scopes of activity files fit. No document is changed.
+/// Checks the files of open configurations one by one in a thread: each one when it is opened or
+/// saved, and all of them after a change of netlist or device. If the input of a run changes, its
+/// result is dropped and the run is repeated. Saving also records what the names mean, unless the
+/// project turns that off, and stores in the project which scopes of activity files fit. Does not
+/// change documents.
 class CheckService : public QObject, public QUtil::IEventHandler
 {
     Q_OBJECT
 
 public:
     explicit CheckService(QObject *parent);
-    /// Waits for a record of names to be written, and for nothing else.
+    /// Waits only until pending records of names are written.
     ~CheckService() override;
 
     struct State
     {
         CheckResult result;
         bool isChecked = false;  ///< there is a result
-        bool isWaiting = false;  ///< a newer one is on its way
-        bool isModified = false; ///< the view has changes that the file has not
+        bool isWaiting = false;  ///< a newer one is pending
+        bool isModified = false; ///< the view has unsaved changes
     };
 
-    /// The configuration whose view is in front, or was last; empty when none is open.
+    /// The configuration whose view is or was last active; empty if none is open.
     QString current() const { return m_current; }
 
     /// Null when the configuration is not open.
@@ -63,10 +63,10 @@ public:
     /// The same, and keeps in the project which scopes fit.
     void keepScopes(const QString &path);
 
-    /// Waits until what saves have left to be recorded is written.
+    /// Waits until the names of all saved configurations are recorded.
     void finishRecording();
 
-    /// What a run for the configuration would take.
+    /// The input of a run for the configuration.
     static CheckJob jobFor(const QString &path);
 
     void handleIEvent(const QUtil::IEvent *event) override;

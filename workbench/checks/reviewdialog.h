@@ -79,7 +79,7 @@ private:
     QLabel *m_state;
     QPlainTextEdit *m_changes;
     QPushButton *m_apply;
-    QTimer m_later; // so that a series of ticks makes one preview
+    QTimer m_later; // one preview for a series of ticks
     bool m_isFileChanged = false;
 
     // Of the thread while it runs.

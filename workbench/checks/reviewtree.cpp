@@ -27,7 +27,7 @@ QString plainToolTip(const QString &text)
     return QLatin1String("<p>") + text.toHtmlEscaped() + QLatin1String("</p>");
 }
 
-/// Edits the new names, with names of the netlist offered.
+/// Edits the new names and completes them from the netlist.
 class TargetDelegate : public QStyledItemDelegate
 {
 public:
@@ -142,7 +142,7 @@ QTreeWidgetItem *ReviewTree::addRecord(int index, QTreeWidgetItem *group)
     item->setData(NameColumn, RecordRole, index);
     item->setData(NameColumn, Qt::UserRole + 2, record.section);
     item->setText(NameColumn, record.name.isEmpty() ? shownName(record.name) : record.name);
-    // A name that has moved stays until somebody says what is meant; one that is gone can only go.
+    // A name that has moved is kept by default; one that is missing can only be removed.
     const bool isMoved = record.state == Check::NameState::Moved;
     item->setData(TargetColumn, TargetRole,
                   record.proposal.isEmpty() && isMoved ? record.name : record.proposal);
@@ -187,7 +187,7 @@ void ReviewTree::onItemChanged(QTreeWidgetItem *item, int column)
         return;
     m_isFilling = true;
     if (column == TargetColumn && record(item)) {
-        // Whoever types a name means it.
+        // A typed name is a decision.
         item->setCheckState(NameColumn, Qt::Checked);
         item->setText(CertaintyColumn, QString());
         item->setText(ReasonColumn, tr("chosen by you"));

@@ -8,9 +8,9 @@ namespace Workbench {
 
 class NameCompletion;
 
-/// The names that are missing or mean something else, each with its new name, and a tick on those
-/// that are to change. Records that one substitution explains are one row, with the records below
-/// it. Without a new name a record is removed; with its own name it stays, as what it means now.
+/// Lists the names that are missing or mean something else, each with its new name and a check box.
+/// Records explained by one substitution are grouped in one row. A record without a new name is
+/// removed; one that keeps its name is accepted with its present meaning.
 class ReviewTree : public QTreeWidget
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
 
     explicit ReviewTree(QWidget *parent = nullptr);
 
-    /// Lists what of the review needs attention; what is sure is ticked.
+    /// Lists the records that need attention; sure proposals are ticked.
     void setReview(const Check::NameReview &review);
 
     /// Offers the names of `design` while a new name is typed. It must outlive the tree's editors.
@@ -30,7 +30,7 @@ public:
     /// A record's name in quotes; what stands for an empty one, which is that of the design.
     static QString shownName(const QString &name);
 
-    /// What the ticked rows would change.
+    /// The changes of the ticked rows.
     QVector<Check::RecordEdit> edits() const;
 
     const Check::ReviewedRecord *record(const QTreeWidgetItem *item) const;

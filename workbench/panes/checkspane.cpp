@@ -76,7 +76,7 @@ ChecksPane::ChecksPane(CheckService *service, const QList<QAction *> &commands, 
     m_list->setUniformRowHeights(true);
     m_list->setAllColumnsShowFocus(true);
     m_list->setFrameShape(QFrame::NoFrame);
-    m_list->setMinimumHeight(fontMetrics().height()); // leaves the room to the views
+    m_list->setMinimumHeight(fontMetrics().height()); // leaves room for the views
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setTextElideMode(Qt::ElideMiddle);
     m_list->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -114,7 +114,7 @@ void ChecksPane::update()
     const CheckService::State *state = m_service->state(m_service->current());
     const QVector<Check::Finding> findings =
         state ? state->result.findings : QVector<Check::Finding>();
-    // Neither place nor selection are lost where nothing is new.
+    // Keeps position and selection if nothing has changed.
     if (m_path != m_service->current() || !m_model->isOf(findings)) {
         m_path = m_service->current();
         m_model->setFindings(findings);

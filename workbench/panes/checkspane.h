@@ -15,8 +15,8 @@ class CheckService;
 class FindingsFilter;
 class FindingsModel;
 
-/// The findings on the configuration in front: filtered by level, copied as text, and the way to
-/// the records that they are about.
+/// The findings on the current configuration: filtered by level, copied as text, and linked to
+/// their records.
 class ChecksPane : public QWidget
 {
     Q_OBJECT

@@ -21,7 +21,7 @@ public:
     explicit FindingsModel(QObject *parent = nullptr);
 
     void setFindings(const QVector<Check::Finding> &findings);
-    /// Whether these very findings are shown.
+    /// Whether exactly these findings are shown.
     bool isOf(const QVector<Check::Finding> &findings) const
     {
         return findings.constData() == m_findings.constData();
@@ -41,7 +41,7 @@ private:
     QVector<Check::Finding> m_findings;
 };
 
-/// The findings of the levels that are to be seen.
+/// The findings of the levels that are shown.
 class FindingsFilter : public QSortFilterProxyModel
 {
     Q_OBJECT

@@ -94,7 +94,7 @@ void MessagesPane::endProject()
 
 void MessagesPane::append(const QString &text, const QTextCharFormat &format, bool withPlaces)
 {
-    // Follow the end only for a reader who is at the end.
+    // Scroll only if the end is in view.
     QScrollBar *bar = verticalScrollBar();
     const bool follow = bar->value() == bar->maximum();
 
@@ -111,7 +111,7 @@ void MessagesPane::append(const QString &text, const QTextCharFormat &format, bo
         bar->setValue(bar->maximum());
 }
 
-/// Inserts a line, with the places in files that exist as links.
+/// Inserts a line; places in existing files become links.
 void MessagesPane::insertPlaces(QTextCursor *cursor, const QString &text,
                                 const QTextCharFormat &format)
 {

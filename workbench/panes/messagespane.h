@@ -4,9 +4,8 @@
 
 namespace Workbench {
 
-/// What the program and its child processes have to say, newest at the end. Texts are shown as they
-/// are: nothing in them is taken for markup. A place in a file that a child process names
-/// ("rtl/top.v:12") is a link, for the mouse and for Enter.
+/// Messages of the program and output of its child processes, newest at the end, as plain text. A
+/// place in a file that a child process names ("rtl/top.v:12") is a link, for mouse and Enter.
 class MessagesPane : public QPlainTextEdit
 {
     Q_OBJECT
@@ -14,19 +13,19 @@ class MessagesPane : public QPlainTextEdit
 public:
     explicit MessagesPane(QWidget *parent = nullptr);
 
-    /// A line of the program itself, with the time.
+    /// A message of the program, with the time.
     void note(const QString &text);
 
-    /// A failure, with the time, emphasised.
+    /// A failure, with the time, emphasized.
     void fail(const QString &text);
 
     /// A line of a child process, in a fixed font.
     void output(const QString &text);
 
-    /// What follows belongs to a project, in whose `folder` the names of files start.
+    /// The following messages belong to a project; relative file names start in its `folder`.
     void beginProject(const QString &folder);
 
-    /// Takes away what belongs to the project.
+    /// Removes the messages of the project.
     void endProject();
 
 signals:
@@ -48,7 +47,7 @@ private:
 
     QString m_folder;
     QTextCursor m_begin; // of the project's messages; null without a project
-    QString m_pressed;   // the link that the mouse button went down on
+    QString m_pressed;   // link under the pressed mouse button
 };
 
 } // namespace Workbench

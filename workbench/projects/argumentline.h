@@ -5,13 +5,12 @@
 
 namespace Workbench {
 
-/// A command line as text for the user, and the arguments that it stands for. Blanks separate
-/// arguments; double quotes keep them together, with `\"` and `\\` inside, and so do single quotes,
-/// inside which every character stands for itself. No other character has a meaning: commands run
-/// without a shell.
+/// Converts between arguments and a line that the user edits. Spaces separate arguments; double
+/// quotes enclose one, with `\"` and `\\` as escapes; so do single quotes, without escapes. No
+/// other character is special: commands run without a shell.
 QString joinArguments(const QStringList &arguments);
 
-/// False when a quote is not closed.
+/// False if a quote is not closed.
 bool splitArguments(const QString &line, QStringList *arguments);
 
 } // namespace Workbench

@@ -12,7 +12,7 @@ namespace {
 
 enum Index { Ice40, UltraPlus, Ecp5, Spartan7, Artix7, Kintex7, Fern, Count };
 
-// 7-series netlists do not say which of the three they are for.
+// A netlist does not tell the three 7-series families apart.
 constexpr DesignFamily FAMILIES[] = {
     {"iCE40", "iCE40 LP/HX", "iCE40HX8K-CT256", "synth_ice40"},
     {"iCE40 UltraPlus", "iCE40 UltraPlus", "iCE40UP5K-SG48", "synth_ice40 -dsp"},
@@ -83,7 +83,7 @@ const DesignFamily *familyOfCells(const QHash<QString, int> &cellTypes)
             break;
         }
     }
-    // One cell that only the smaller family has decides against all that both have.
+    // One cell that only the smaller family has outweighs all that both have.
     if (numbers.at(UltraPlus) > 0)
         numbers[UltraPlus] += numbers.at(Ice40);
     const auto most = std::max_element(numbers.begin(), numbers.end());

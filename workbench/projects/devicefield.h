@@ -8,7 +8,7 @@ class QPushButton;
 
 namespace Workbench {
 
-/// The device of a project, chosen by the device dialog, and what there is to know about it.
+/// Chooses the device of a project in the device dialog, and shows its family and supplies.
 class DeviceField : public QWidget
 {
     Q_OBJECT

@@ -26,7 +26,7 @@ LastProject::LastProject(QObject *parent)
     m_option->setChecked(QSettings().value(OPTION_KEY, true).toBool());
     connect(m_option, &QAction::toggled, this,
             [](bool on) { QSettings().setValue(OPTION_KEY, on); });
-    // The program closes the project when it ends: that does not count.
+    // The program also closes the project when it ends, which does not count.
     connect(Core::ProjectSession::get(), &Core::ProjectSession::currentProjectChanged, this, [] {
         if (const Core::ProjectFile *project = Core::ProjectFile::current())
             QSettings().setValue(PATH_KEY, project->path());

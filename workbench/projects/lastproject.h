@@ -7,8 +7,8 @@ class QAction;
 
 namespace Workbench {
 
-/// The project that was open when the program ended, from one run to the next, and the option to
-/// open it again at the start.
+/// Remembers the project that was open when the program ended, and has the option to open it again
+/// at the next start.
 class LastProject : public QObject
 {
     Q_OBJECT
@@ -19,8 +19,8 @@ public:
     /// Turns the option on and off.
     QAction *option() const { return m_option; }
 
-    /// What to open at the start; empty when the user does not want that, when no project was
-    /// open, or when its file has gone.
+    /// The project to open at the start; empty if the option is off, no project was open, or its
+    /// file no longer exists.
     QString path() const;
 
     /// The user has closed the project.

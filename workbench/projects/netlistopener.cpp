@@ -26,7 +26,7 @@ namespace {
 
 constexpr int DIALOG_DELAY = 300; // ms
 
-/// The project in the netlist's folder that has it as its result; empty when none or several do.
+/// The project in the netlist's folder that names it as its result; empty if none or several do.
 QString projectWith(const QString &netlist)
 {
     const QFileInfoList files =

@@ -10,8 +10,8 @@ namespace Workbench {
 class Documents;
 class ProjectCommands;
 
-/// Opens a netlist of its own: as the project in its folder that has it, or else as a new project
-/// that is proposed to the user.
+/// Opens a netlist that is not part of the open project: with the project in its folder that names
+/// it, or else by proposing a new project.
 class NetlistOpener : public QObject
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ public:
     /// `window` is the parent of dialogs; none of the three is owned.
     NetlistOpener(Documents *documents, ProjectCommands *projects, QWidget *window);
 
-    /// A file that begins like a netlist but is none opens as text.
+    /// A file that only looks like a netlist opens as text.
     void open(const QString &path);
 
 signals:

@@ -77,7 +77,7 @@ void NewFiles::run(int wizard)
     }
 }
 
-// False when the user wants no new file after all.
+// False if the user cancels.
 bool NewFiles::askForProject()
 {
     Utils::GuardedDialog box(new QMessageBox(

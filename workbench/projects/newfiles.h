@@ -13,8 +13,8 @@ class Documents;
 class ProjectCommands;
 class ProjectTree;
 
-/// Runs the wizards that plug-ins publish: a project is offered where none is open, and what a
-/// wizard has added to the project is selected in the tree and opened.
+/// Runs the wizards that plug-ins publish. Offers to create a project if none is open, and selects
+/// and opens the file that a wizard adds to the project.
 class NewFiles : public QObject
 {
     Q_OBJECT
@@ -26,11 +26,11 @@ public:
     /// Adds an entry per wizard to `menu`, above `before`.
     void fill(QMenu *menu, QAction *before);
 
-    /// Runs the first wizard, that of configurations; nothing without one.
+    /// Runs the first wizard, which creates configurations; does nothing without one.
     void createConfiguration();
 
 signals:
-    /// The file is in the project now.
+    /// The file has been added to the project.
     void added(const QString &path);
     void message(const QString &text);
 

@@ -37,7 +37,7 @@ ProjectCommands::ProjectCommands(Documents *documents, QWidget *window)
     update();
 }
 
-// Who starts the program in the folder of a design means that folder.
+// The program is often started in the folder of a design.
 bool ProjectCommands::createFromFolder()
 {
     ProjectSettings known;

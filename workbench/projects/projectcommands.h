@@ -27,10 +27,10 @@ public:
     QAction *closeAction() const { return m_close; }
     LastProject *lastProject() const { return m_last; }
 
-    /// Asks for a new project, with what is known of it, and opens it. False when the user refused.
+    /// Asks for a new project, prefilled with `known`, and opens it. False if the user cancels.
     bool createProject(const ProjectSettings &known, const QString &deviceRemark = QString());
 
-    /// The same for a design in the folder that the program works in.
+    /// The same for a design in the current folder.
     bool createFromFolder();
 
 signals:

@@ -46,7 +46,7 @@ ProjectDialog::ProjectDialog(ProjectForm::Kind kind, QWidget *parent)
     connect(m_buttons, &QDialogButtonBox::accepted, this, &ProjectDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &ProjectDialog::reject);
     connect(m_form, &ProjectForm::changed, m_problem, &QWidget::hide);
-    // No taller than a small screen: the list of sources gives way.
+    // Fits a small screen: the list of sources shrinks.
     resize(qMax(sizeHint().width(), fontMetrics().averageCharWidth() * WIDTH_IN_CHARACTERS),
            qMin(sizeHint().height(), screen()->availableSize().height() * 9 / 10));
 }

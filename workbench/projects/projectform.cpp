@@ -78,7 +78,7 @@ void ProjectForm::addRow(QFormLayout *layout, const QString &label, QWidget *row
     if (const auto *button = row->findChild<QPushButton *>())
         line = qMax(line, button->sizeHint().height());
     text->setFixedHeight(line);
-    // A buddy inside a row of several widgets would not be called by the label.
+    // Screen readers do not connect the label with a buddy inside a row of several widgets.
     QString name = label;
     buddy->setAccessibleName(name.remove(QLatin1Char('&')).remove(QLatin1Char(':')));
     layout->addRow(text, row);
@@ -101,7 +101,7 @@ void ProjectForm::connectFields()
 
 void ProjectForm::setSettings(const ProjectSettings &settings, const QString &deviceRemark)
 {
-    // A new project of a folder alone has nothing that is settled.
+    // A new project that starts from a folder alone leaves everything to the proposals.
     const bool settled = m_kind == OpenProject || !settings.netlist.isEmpty();
     m_ownName = settled || !settings.name.isEmpty();
     m_ownSources = settled || !settings.sources.isEmpty();

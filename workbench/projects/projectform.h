@@ -15,9 +15,9 @@ class PathField;
 class SourceList;
 class SynthesisField;
 
-/// The settings of a project. For a new one it proposes what it can find out: the name and the
-/// sources from the folder, the top module from the sources, the command from the device. What the
-/// user has set is left alone.
+/// Edits the settings of a project. For a new one it proposes the name and the sources from the
+/// folder, the top module from the sources, and the command from the device. What the user has set
+/// is not changed.
 class ProjectForm : public QWidget
 {
     Q_OBJECT
@@ -41,7 +41,7 @@ public:
         QString text; ///< one sentence; empty: all is well
         QWidget *field = nullptr;
     };
-    /// What keeps the settings from being used.
+    /// What is wrong with the settings.
     Problem problem() const;
 
 signals:

@@ -9,7 +9,7 @@ class ProjectFile;
 
 namespace Workbench {
 
-/// What the user says about a project: the content of its settings page.
+/// The settings of a project that the user can edit.
 struct ProjectSettings
 {
     QString name;
@@ -20,21 +20,22 @@ struct ProjectSettings
     QStringList command; ///< program and arguments; empty: none
     QString netlist;     ///< absolute path of what synthesis writes; empty: none
 
-    /// Those of a project.
+    /// The settings of an open project.
     static ProjectSettings of(const Core::ProjectFile &project);
 
     /// Where the file of a new project is written: the name with its suffix, in the folder.
     QString projectPath() const;
 
-    /// `path` as a project file and a command in the folder have it.
+    /// `path` relative to the folder, as the project file and commands contain it.
     QString relative(const QString &path) const;
 
-    /// Puts what differs into `project`; members and lists keep their order. The device of the
-    /// current project should be chosen by TE::DeviceSelection before. False when the project could
-    /// not be saved, with one sentence in `error`.
+    /// Writes the changed settings to `project`; members and lists keep their order. Choose the
+    /// device of the current project with TE::DeviceSelection first. False if the project could not
+    /// be saved, with one sentence in `error`.
     bool apply(Core::ProjectFile *project, QString *error) const;
 
-    /// Writes the file of a new project whole, or not at all: false with one sentence in `error`.
+    /// Writes the file of a new project completely or not at all; then false, with one sentence in
+    /// `error`.
     bool create(QString *error) const;
 };
 

@@ -22,7 +22,7 @@ bool copyFile(const QString &from, const QString &to)
     return copy.setPermissions(copy.permissions() | QFile::WriteOwner);
 }
 
-/// The project file last: with it the copy is whole.
+/// Copies the project file last: it marks the copy as complete.
 bool copyFolder(const QDir &from, const QDir &to)
 {
     QDirIterator it(from.path(), QDir::Files, QDirIterator::Subdirectories);

@@ -21,10 +21,10 @@ public:
     QStringList paths() const;
     void setPaths(const QStringList &paths);
 
-    /// The folder that paths are shown relative to; absolute.
+    /// Absolute path of the folder to which the shown paths are relative.
     void setFolder(const QString &folder);
 
-    /// The Verilog files right in a folder, sorted; absolute paths.
+    /// Absolute paths of the Verilog files directly in a folder, sorted.
     static QStringList verilogIn(const QString &folder);
 
     /// The list itself, for a label's mnemonic.

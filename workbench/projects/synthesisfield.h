@@ -18,26 +18,26 @@ class SynthesisField : public QWidget
 public:
     explicit SynthesisField(QWidget *parent = nullptr);
 
-    /// Shows the command of `settings`, as a template's where it is one.
+    /// Shows the command of `settings`, and the template that produces it, if any.
     void setSettings(const ProjectSettings &settings);
 
-    /// Other settings have changed: a template's command follows them.
+    /// Updates a template's command after other settings have changed.
     void follow(const ProjectSettings &settings);
 
-    /// Chooses the template of that command of the synthesis tool, unless the user has chosen.
+    /// Selects the template for this command of the synthesis tool, unless the user has chosen one.
     void propose(const char *command);
 
-    /// False when a quote is not closed.
+    /// False if a quote is not closed.
     bool command(QStringList *command) const;
 
-    /// Whether the command is a template's.
+    /// Whether the command comes from a template.
     bool isTemplate() const;
 
     QWidget *choice() const;
     QWidget *editor() const;
 
 signals:
-    /// The user has chosen or typed.
+    /// The user has chosen a template or typed a command.
     void edited();
 
 private:

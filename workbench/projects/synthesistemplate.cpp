@@ -10,7 +10,7 @@ namespace Workbench {
 
 namespace {
 
-// In a script of the synthesis tool, these characters end a word or mean something.
+// These characters end a word or are special in a script of the synthesis tool.
 QString scriptWord(const QString &word)
 {
     static const QRegularExpression special(QStringLiteral("[\\s;#\"]"));

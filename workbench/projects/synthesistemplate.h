@@ -24,10 +24,10 @@ constexpr SynthesisTemplate SYNTHESIS_TEMPLATES[] = {
 /// Program and arguments; the paths in them are relative to the project's folder.
 QStringList commandFrom(const SynthesisTemplate &base, const ProjectSettings &settings);
 
-/// Number of the template that gives exactly the command of `settings`; -1 when none does.
+/// Index of the template that produces exactly the command of `settings`; -1 if none does.
 int templateOf(const ProjectSettings &settings);
 
-/// Whether the synthesis tool reads the file as Verilog, by its name.
+/// Whether the file is Verilog by its name.
 bool isVerilog(const QString &path);
 
 } // namespace Workbench

@@ -5,9 +5,9 @@
 namespace Workbench {
 
 /// Names of the modules in Verilog sources that could be the top of the design: those that no other
-/// module instantiates, as far as a look over the text can tell. Modules without ports are test
-/// benches: they count only where all are such. Sorted. Files that cannot be read are left out, and
-/// so is what a file has beyond its first mebibyte.
+/// module instantiates, as far as a text search can tell. Modules without ports are taken for test
+/// benches and are listed only if there are no others. Sorted. Skips files that cannot be read, and
+/// everything after the first mebibyte of a file.
 QStringList topModulesOf(const QStringList &paths);
 
 } // namespace Workbench
