@@ -6,6 +6,7 @@
 #include <QStyle>
 #include <QVector>
 
+class QDockWidget;
 class QLabel;
 class QTabWidget;
 
@@ -55,6 +56,7 @@ protected:
 private:
     void createCenter();
     void createDocks();
+    void growWhenShown(QDockWidget *dock);
     using MenuIcons = QVector<QPair<QAction *, QStyle::StandardPixmap>>;
     void setIconsWhenShown(QMenu *menu, const MenuIcons &icons);
     void createFileMenu();

@@ -29,6 +29,7 @@
 #include <QProgressBar>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -61,22 +62,43 @@ void MainWindow::createDocks()
     messages->setWidget(m_messages);
     addDockWidget(Qt::BottomDockWidgetArea, messages);
 
-    addDockWidget(Qt::BottomDockWidgetArea, m_checks->dock());
-    tabifyDockWidget(messages, m_checks->dock());
-    addDockWidget(Qt::BottomDockWidgetArea, m_coverage->dock());
-    tabifyDockWidget(m_checks->dock(), m_coverage->dock());
+    for (QDockWidget *dock : {m_checks->dock(), m_coverage->dock()}) {
+        addDockWidget(Qt::BottomDockWidgetArea, dock);
+        tabifyDockWidget(messages, dock);
+        growWhenShown(dock);
+    }
     messages->raise();
 
     // The tree takes the full height.
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     resizeDocks({project}, {fontMetrics().averageCharWidth() * 34}, Qt::Horizontal);
-    resizeDocks({messages}, {fontMetrics().height() * 3}, Qt::Vertical);
+    resizeDocks({messages}, {fontMetrics().height() * 4}, Qt::Vertical);
 
     m_viewMenu = new QMenu(tr("&View"), this);
     m_viewMenu->addAction(project->toggleViewAction());
     m_viewMenu->addAction(messages->toggleViewAction());
     m_viewMenu->addAction(m_checks->dock()->toggleViewAction());
     m_viewMenu->addAction(m_coverage->dock()->toggleViewAction());
+}
+
+/// Initially the panes are low, to leave room for the views: too low for a list.
+void MainWindow::growWhenShown(QDockWidget *dock)
+{
+    const int line = fontMetrics().height();
+    const auto leaveRoom = [dock, line] {
+        if (dock->widget()) // it may be created later
+            dock->widget()->setMinimumHeight(line);
+    };
+    leaveRoom();
+    const auto grow = [this, dock, leaveRoom, line] {
+        leaveRoom();
+        if (dock->isVisible() && dock->widget() && dock->widget()->height() < 6 * line)
+            resizeDocks({dock}, {12 * line}, Qt::Vertical);
+    };
+    connect(dock, &QDockWidget::visibilityChanged, this, [this, grow](bool visible) {
+        if (visible)
+            QTimer::singleShot(0, this, grow);
+    });
 }
 
 /// Loads the icons of a menu when it is first opened: the style decodes several pictures for each,

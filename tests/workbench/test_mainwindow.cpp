@@ -45,6 +45,7 @@ class TestMainWindow : public WindowTest
 
 private slots:
     void showsPluginFailures();
+    void lowPanesGrowWhenShown();
     void routesSaveToTheActiveView();
     void asksViewByViewOnQuit();
     void asksToReloadChangedFile_data();
@@ -96,6 +97,21 @@ void TestMainWindow::edit(Core::IView *view)
 void TestMainWindow::showsPluginFailures()
 {
     QVERIFY2(messages().contains(QLatin1String("libbroken.so")), qPrintable(messages()));
+}
+
+void TestMainWindow::lowPanesGrowWhenShown()
+{
+    const int line = window().fontMetrics().height();
+    window().resize(1400, 900);
+    auto *messages = window().findChild<QDockWidget *>(QStringLiteral("messagesDock"));
+    for (const char *name : {"coverageDock", "checksDock"}) {
+        auto *dock = window().findChild<QDockWidget *>(QLatin1String(name));
+        messages->raise();
+        window().resizeDocks({messages}, {1}, Qt::Vertical);
+        QTRY_VERIFY(messages->height() < 5 * line); // the others leave the room to the views
+        dock->raise();
+        QTRY_VERIFY(dock->widget()->height() > 8 * line);
+    }
 }
 
 void TestMainWindow::routesSaveToTheActiveView()

@@ -18,7 +18,6 @@
 #include <QPointer>
 #include <QStatusBar>
 #include <QStyle>
-#include <QTimer>
 #include <QToolButton>
 
 namespace Workbench {
@@ -42,11 +41,6 @@ Checks::Checks(QMainWindow *window)
     m_status->setToolTip(tr("Show the checks"));
     createMenu();
     connect(m_status, &QToolButton::clicked, this, &Checks::showPane);
-    // By its tab the pane may be too low to show a row.
-    connect(m_dock, &QDockWidget::visibilityChanged, this, [this, pane](bool visible) {
-        if (visible && pane->height() < m_dock->fontMetrics().height() * 4)
-            QTimer::singleShot(0, this, &Checks::growPane);
-    });
     connect(pane, &ChecksPane::recordWanted, this, &Checks::goTo);
     connect(pane, &ChecksPane::instanceWanted, this,
             [this] { review(ReviewDialog::Subject::ActivityFiles); });
@@ -113,15 +107,6 @@ void Checks::showPane()
     m_dock->show();
     m_dock->raise();
     m_dock->widget()->setFocus();
-    growPane();
-}
-
-/// Initially the panes are low, to leave room for the views.
-void Checks::growPane()
-{
-    const int useful = m_dock->fontMetrics().height() * 10;
-    if (m_dock->height() < useful)
-        m_window->resizeDocks({m_dock}, {useful}, Qt::Vertical);
 }
 
 void Checks::review(ReviewDialog::Subject subject)

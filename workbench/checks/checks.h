@@ -43,7 +43,6 @@ private:
     void update();
     void updateRecording();
     void showPane();
-    void growPane();
     void review(ReviewDialog::Subject subject);
     bool saveFirst(const QString &path, const QString &title, const QString &question);
     void goTo(const Check::Finding &finding, int occurrence);

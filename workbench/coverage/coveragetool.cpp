@@ -53,10 +53,6 @@ void CoverageTool::showPane()
     m_dock->show();
     m_dock->raise();
     m_dock->widget()->setFocus();
-    // At the start the panes leave their room to the views.
-    const int useful = m_dock->fontMetrics().height() * 14;
-    if (m_dock->height() < useful)
-        m_window->resizeDocks({m_dock}, {useful}, Qt::Vertical);
 }
 
 void CoverageTool::addRates(const QStringList &nets)

@@ -47,7 +47,7 @@ MessagesPane::MessagesPane(QWidget *parent)
     setUndoRedoEnabled(false);
     setMaximumBlockCount(MAXIMUM_LINES);
     setFrameShape(QFrame::NoFrame);
-    setMinimumHeight(fontMetrics().height());
+    setMinimumHeight(fontMetrics().height() * 5 / 2);
     setPlaceholderText(tr("Messages of the program and of synthesis runs appear here."));
 }
 

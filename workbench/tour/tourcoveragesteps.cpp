@@ -3,6 +3,7 @@
 
 #include <QDockWidget>
 #include <QLabel>
+#include <QMainWindow>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -29,12 +30,15 @@ void seeCoverage(const Tour &tour)
     driver.click(QStringLiteral("an instance"), item("instances", QStringLiteral("u_uart")));
     driver.picture(QStringLiteral("coverage"));
     driver.act([] {
-        for (QObject *parent = findWidget(QStringLiteral("coverageState")); parent;
-             parent = parent->parent()) {
-            if (auto *dock = qobject_cast<QDockWidget *>(parent))
-                return dock->close();
-        }
-        return false;
+        auto *coverage = find<QDockWidget>("coverageDock");
+        auto *messages = find<QDockWidget>("messagesDock");
+        auto *window = coverage ? qobject_cast<QMainWindow *>(coverage->window()) : nullptr;
+        if (!window || !messages)
+            return false;
+        coverage->close();
+        messages->raise();
+        window->resizeDocks({messages}, {1}, Qt::Vertical); // the room is for the tables
+        return true;
     });
 }
 
