@@ -5,7 +5,6 @@
 
 #include "nlsdata/netlist.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
 #include <QPointer>
@@ -20,6 +19,17 @@ namespace {
 
 constexpr int TURN_MS = 10;
 constexpr int BETWEEN_LOOKS = 256; // objects between two looks at clock or flag
+
+/// Where names are looked up, and who receives the results in the thread of the views. Results that
+/// have not arrived go with it.
+struct Background
+{
+    QObject receiver;
+    QThreadPool threads; // waits, and goes first
+};
+
+// Not created with the library, which may be before QApplication.
+std::unique_ptr<Background> background;
 
 } // namespace
 
@@ -152,6 +162,11 @@ void NameLookup::startOver()
     schedule();
 }
 
+void NameLookup::finish()
+{
+    background.reset();
+}
+
 void NameLookup::schedule()
 {
     m_isStale = true;
@@ -199,21 +214,20 @@ void NameLookup::search()
         return;
     }
     m_isSearching = true;
-    QThreadPool::globalInstance()->start(
-        [search = m_search, self = QPointer<NameLookup>(this)]() mutable {
-            search->run();
-            QCoreApplication *application = QCoreApplication::instance();
-            if (!application)
-                return;
-            // The netlist goes where it came from, should this be the last to hold it.
-            QMetaObject::invokeMethod(
-                application,
-                [search = std::move(search), self] {
-                    if (self)
-                        self->take(search);
-                },
-                Qt::QueuedConnection);
-        });
+    if (!background)
+        background = std::make_unique<Background>();
+    background->threads.start([search = m_search, self = QPointer<NameLookup>(this),
+                               receiver = &background->receiver]() mutable {
+        search->run();
+        // The netlist goes where it came from, should this be the last to hold it.
+        QMetaObject::invokeMethod(
+            receiver,
+            [search = std::move(search), self] {
+                if (self)
+                    self->take(search);
+            },
+            Qt::QueuedConnection);
+    });
 }
 
 void NameLookup::take(const std::shared_ptr<Search> &search)

@@ -29,6 +29,10 @@ public:
     /// There is another netlist.
     void startOver();
 
+    /// Waits for the lookups of views that are gone. To be called before the library may be
+    /// unloaded: a thread that is not finished runs its code.
+    static void finish();
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 

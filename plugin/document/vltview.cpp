@@ -147,8 +147,7 @@ bool VLTView::showRecord(const QString &section, const QString &name, int occurr
         isListed = true;
         m_tabs->setCurrentWidget(m_ratePage->isAncestorOf(page) ? static_cast<QWidget *>(m_ratePage)
                                                                 : m_enablePage);
-        // An activity file without an instance is one of the whole design.
-        if (page->showRecord(name.isEmpty() && m_netlist ? m_netlist->name() : name, occurrence))
+        if (page->showRecord(name, occurrence))
             return true;
     }
     if (isListed)

@@ -1,5 +1,6 @@
 #include "frame/vltviewmanager.h"
 
+#include "document/namelookup.h"
 #include "document/vltview.h"
 #include "frame/vltviewmanager_p.h"
 #include "widgets/plainmessage.h"
@@ -154,6 +155,7 @@ void VLTViewManager::initialize()
 void VLTViewManager::deinit()
 {
     delete d;
+    NameLookup::finish();
     delete this;
 }
 

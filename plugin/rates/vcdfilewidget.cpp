@@ -136,6 +136,13 @@ QString VcdFileWidget::designName() const
     return netlist ? netlist->name() : QString();
 }
 
+bool VcdFileWidget::isNamed(int row, const QString &name) const
+{
+    // A file without an instance is one of the whole design, and shown with its name of then.
+    const VLT_VcdFile *file = m_records.list().at(row);
+    return file->entity == (name.isEmpty() ? m_designNames.value(file) : name);
+}
+
 bool VcdFileWidget::checkData()
 {
     const QList<VLT_VcdFile *> &files = m_records.list();

@@ -36,6 +36,9 @@ public:
     /// Informs the user of the first file that does not exist and returns false if there is one.
     bool checkData() override;
 
+protected:
+    bool isNamed(int row, const QString &name) const override;
+
 public slots:
     void modified() override;
     void onNew();

@@ -108,12 +108,17 @@ void TablePage::setUpTable(QTableView *table, TableModel *model, const QString &
     table->addAction(m_removeAction);
 }
 
+bool TablePage::isNamed(int row, const QString &name) const
+{
+    return m_model->index(row, 0).data().toString() == name;
+}
+
 bool TablePage::showRecord(const QString &name, int occurrence)
 {
     for (int row = 0; row < m_model->rowCount(); ++row) {
-        const QModelIndex index = m_model->index(row, 0);
-        if (index.data().toString() != name || --occurrence > 0)
+        if (!isNamed(row, name) || --occurrence > 0)
             continue;
+        const QModelIndex index = m_model->index(row, 0);
         commitEditor();
         m_table->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
                                                               QItemSelectionModel::Rows);

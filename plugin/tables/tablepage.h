@@ -43,8 +43,8 @@ public:
     /// Name of the elements that the records are in the file; empty for records of another page's.
     QString section() const { return m_section; }
 
-    /// Selects the `occurrence`-th record, from 1, whose first column shows `name`, and scrolls to
-    /// it. False when there is none.
+    /// Selects the `occurrence`-th record, from 1, that is called `name` in the file, and scrolls
+    /// to it. False when there is none.
     bool showRecord(const QString &name, int occurrence);
 
     /// Commits and closes the open editor of a cell.
@@ -62,6 +62,10 @@ public slots:
     void onRemove();
 
 protected:
+    /// Whether the file has that name for the row's record: the text of the first column, unless
+    /// the page shows another one.
+    virtual bool isNamed(int row, const QString &name) const;
+
     /// `view` is not owned and outlives the page.
     TablePage(VLTView *view, QWidget *parent);
 

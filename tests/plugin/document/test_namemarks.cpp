@@ -1,7 +1,10 @@
 #include "config/filenames.h"
+#include "document/namelookup.h"
 #include "document/vltview.h"
 #include "frame/vltsettingplugin.h"
 #include "frame/vltviewmanager.h"
+#include "nlsdata/netlist.h"
+#include "nlsdata/netlistreader.h"
 #include "support/testhost.h"
 #include "tables/markednames.h"
 #include "tables/page.h"
@@ -45,6 +48,7 @@ private slots:
     void showsMarks();
     void followsNetlistAndRows();
     void keepsTurnsShort();
+    void isFinishedAfterItsView();
 
 private:
     VLTView *open(const QByteArray &sections)
@@ -144,12 +148,17 @@ void TestNameMarks::showsMarks()
 void TestNameMarks::followsNetlistAndRows()
 {
     VLTView *view = open("<LocalEnable><Instance name=\"gone\"/><Instance name=\"q_reg0\"/>"
-                         "</LocalEnable>");
+                         "</LocalEnable><SimuFile><File>a</File><File entity=\"core\">b</File>"
+                         "</SimuFile>");
     MarkedNames *names = marks(view, NODE_INSTANCE);
     QTRY_VERIFY(names->isMissing(QStringLiteral("gone")));
-    m_host->useNetlist(TestHost::defaultNetlist().replace("q_reg0", "gone"));
+    m_host->useNetlist(
+        TestHost::defaultNetlist().replace("q_reg0", "gone").replace("\"top\"", "\"best\""));
     m_host->finishSynthesis();
     QTRY_VERIFY(names->isMissing(QStringLiteral("q_reg0")));
+    QCOMPARE(view->getNetlist()->name(), QStringLiteral("best"));
+    QVERIFY(view->showRecord(NODE_FILE, QString(), 1)); // the design, which has another name now
+    QVERIFY(!view->showRecord(NODE_FILE, QString(), 2));
     QVERIFY(!names->isMissing(QStringLiteral("gone")));
     // A row that is added is looked up, too.
     QDomDocument more;
@@ -189,6 +198,21 @@ void TestNameMarks::keepsTurnsShort()
     timer.start(0);
     QTRY_VERIFY_WITH_TIMEOUT(names->isMissing(QStringLiteral("soc/cpu/stage/reg_299999")), 30000);
     QVERIFY2(longest <= 100, qPrintable(QString::number(longest)));
+}
+
+void TestNameMarks::isFinishedAfterItsView()
+{
+    auto view = std::make_unique<VLTView>(
+        m_host->device(), NlsData::readNetlistFile(m_host->netlistPath(), nullptr, false));
+    QVERIFY(view->readCfgFile(m_host->write(
+        QStringLiteral("b.vlr"), fileOf("<LocalEnable><Instance name=\"gone\"/></LocalEnable>"))));
+    view->show();
+    const std::weak_ptr<NlsData::Netlist> netlist = view->holdNetlist();
+    while (netlist.use_count() < 2)
+        QApplication::processEvents();
+    view.reset();
+    NameLookup::finish();
+    QVERIFY(netlist.expired());
 }
 
 QTEST_MAIN(TestNameMarks)
