@@ -10,12 +10,15 @@
 #include "nlsdata/netlist.h"
 #include "nlsdata/netlistreader.h"
 #include "support/testhost.h"
+#include "tables/markednames.h"
 #include "workbench/cli/checkcommand.h"
 #include "workbench/cli/command.h"
 
+#include <QCoreApplication>
 #include <QDomDocument>
 #include <QFile>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -60,6 +63,36 @@ double openAndShow(const TestHost &host, const QString &netlist, const QString &
     });
 }
 
+struct MarkTimes
+{
+    double untilThere; ///< seconds from opening on
+    double longest;    ///< turn of the event loop after the first picture
+};
+
+/// Opens the file, whose first record is called `name`, and waits for the marks.
+MarkTimes waitForMarks(const TestHost &host, const QString &netlist, const QString &configuration,
+                       const QString &name)
+{
+    const auto view = std::make_unique<VLT::VLTView>(
+        host.device(), NlsData::readNetlistFile(netlist, nullptr, false));
+    const auto tables = view->findChildren<VLT::MarkedNames *>();
+    const auto areThere = [&] {
+        return std::any_of(tables.begin(), tables.end(),
+                           [&name](const VLT::MarkedNames *table) { return table->isKnown(name); });
+    };
+    MarkTimes times{};
+    times.untilThere = seconds([&] {
+        if (!view->readCfgFile(configuration))
+            qFatal("the view does not open the generated file");
+        paint(view.get());
+        while (!areThere()) {
+            const double turn = seconds([] { QCoreApplication::processEvents(); });
+            times.longest = qMax(times.longest, turn);
+        }
+    });
+    return times;
+}
+
 } // namespace
 
 void checkWork(Suite &suite)
@@ -101,4 +134,17 @@ void checkWork(Suite &suite)
             .arg(objects),
         [&] { return openAndShow(host, large, flipFlops, false); },
         [&] { return openAndShow(host, large, flipFlops, true); }, 1.05, Suite::USUAL);
+    double longest = 0;
+    suite.compare(
+        QStringLiteral("the same until the marks are there"),
+        [&] { return openAndShow(host, large, flipFlops, false); },
+        [&] {
+            const MarkTimes times = waitForMarks(host, large, flipFlops, listed.at(0));
+            longest = qMax(longest, times.longest);
+            return times.untilThere;
+        },
+        0, 3);
+    suite.compare(
+        QStringLiteral("longest turn of the event loop until then, against 100 ms"),
+        [] { return 0.1; }, [&] { return longest; }, 1, 1);
 }

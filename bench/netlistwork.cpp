@@ -59,7 +59,12 @@ double readNames(const QString &path)
 double netlistPeak(const QString &netlist, bool allNames)
 {
     std::unique_ptr<NlsData::Netlist> kept;
-    return peakBytes([&] { kept = read(netlist, allNames); });
+    std::unique_ptr<NlsData::NetNames> names;
+    return peakBytes([&] {
+        kept = read(netlist, allNames);
+        if (allNames)
+            names = std::make_unique<NlsData::NetNames>(*kept);
+    });
 }
 
 void netlistWork(Suite &suite)
