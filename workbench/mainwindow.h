@@ -57,6 +57,7 @@ private:
     void createCenter();
     void createDocks();
     void growWhenShown(QDockWidget *dock);
+    void growLater(QDockWidget *dock);
     using MenuIcons = QVector<QPair<QAction *, QStyle::StandardPixmap>>;
     void setIconsWhenShown(QMenu *menu, const MenuIcons &icons);
     void createFileMenu();

@@ -68,6 +68,12 @@ void MainWindow::createDocks()
         growWhenShown(dock);
     }
     messages->raise();
+    // The cause is above the message, in the output of the tools.
+    connect(m_synthesis, &Synthesis::failed, messages, [this, messages] {
+        messages->show();
+        messages->raise();
+        growLater(messages);
+    });
 
     // The tree takes the full height.
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
@@ -84,20 +90,26 @@ void MainWindow::createDocks()
 /// Initially the panes are low, to leave room for the views: too low for a list.
 void MainWindow::growWhenShown(QDockWidget *dock)
 {
-    const int line = fontMetrics().height();
-    const auto leaveRoom = [dock, line] {
+    const auto leaveRoom = [dock, line = fontMetrics().height()] {
         if (dock->widget()) // it may be created later
             dock->widget()->setMinimumHeight(line);
     };
     leaveRoom();
-    const auto grow = [this, dock, leaveRoom, line] {
+    connect(dock, &QDockWidget::visibilityChanged, this, [this, dock, leaveRoom](bool visible) {
+        if (!visible)
+            return;
         leaveRoom();
+        growLater(dock);
+    });
+}
+
+/// Once the layout knows what is shown.
+void MainWindow::growLater(QDockWidget *dock)
+{
+    QTimer::singleShot(0, this, [this, dock] {
+        const int line = fontMetrics().height();
         if (dock->isVisible() && dock->widget() && dock->widget()->height() < 6 * line)
             resizeDocks({dock}, {12 * line}, Qt::Vertical);
-    };
-    connect(dock, &QDockWidget::visibilityChanged, this, [this, grow](bool visible) {
-        if (visible)
-            QTimer::singleShot(0, this, grow);
     });
 }
 

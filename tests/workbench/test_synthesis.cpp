@@ -177,10 +177,16 @@ void TestSynthesis::tellsWhySynthesisFails()
     Core::IView *view = openView(QStringLiteral("a.vlr"));
     m_host->write(QStringLiteral("synth.sh"), script);
     window().messages()->clear();
+    window().resize(1400, 900);
+    auto *dock = window().findChild<QDockWidget *>(QStringLiteral("messagesDock"));
+    dock->show();
+    window().resizeDocks({dock}, {1}, Qt::Vertical);
+    QTRY_VERIFY(dock->height() < 5 * dock->fontMetrics().height());
     action("runSynthesis")->trigger();
     QTRY_VERIFY(action("runSynthesis")->isEnabled());
     QVERIFY2(messages().contains(QLatin1String("Synthesis failed")), qPrintable(messages()));
     QVERIFY2(messages().contains(words), qPrintable(messages()));
+    QTRY_VERIFY(dock->height() > 8 * dock->fontMetrics().height());
     QVERIFY(!view->findChild<QWidget *>(QStringLiteral("VLT__ChangedBanner")));
 }
 
