@@ -1,12 +1,14 @@
 #include "faults.h"
 
-#include "config/safewrite.h"
+#include "check/names/nameplan.h"
 #include "config/vlrfile.h"
 #include "document/vltview.h"
 #include "frame/newfiledialog.h"
 #include "frame/vltsettingplugin.h"
 #include "frame/vltviewmanager.h"
 #include "host/core/projectfile.h"
+#include "host/nlsdata/readnetlist.h"
+#include "nlsdata/netlist.h"
 #include "support/testhost.h"
 
 #include <QtTest>
@@ -41,8 +43,8 @@ struct Saver
 {
     QString file; ///< path inside the folder of the host
     std::function<bool()> save;
-    std::function<bool()> isModified; ///< null when there is no such state
-    std::shared_ptr<void> holder;     ///< keeps what the functions use
+    std::function<bool()> isMarked; ///< modified, or with an error; null when nothing shows it
+    std::shared_ptr<void> holder;   ///< keeps what the functions use
 };
 
 Saver configurationSaver(TestHost *host)
@@ -81,12 +83,53 @@ Saver wizardSaver(TestHost *host)
             nullptr, dialog};
 }
 
+/// What the checks write: the memory of names, or a configuration with another name in it.
+struct NamesWriter
+{
+    explicit NamesWriter(TestHost *host)
+        : input(Check::readConfigurationInput(host->write(
+              QStringLiteral("a.vlr"),
+              QByteArray(VLT::emptyFile())
+                  .replace("<Config/>", "<Config><LocalEnable><Instance name=\"q_reg0\"/>"
+                                        "</LocalEnable></Config>"))))
+    {
+        NlsData::ReadOptions options;
+        options.allNames = true;
+        netlist = NlsData::readNetlistText(host->defaultNetlist().toStdString(),
+                                           QStringLiteral("test"), nullptr, options);
+        design = std::make_unique<Check::DesignNames>(*netlist);
+    }
+    bool record(char digit)
+    {
+        return recordNames(input, *design, QByteArray(64, digit), {}, &error);
+    }
+    bool rename()
+    {
+        return applyPlan(
+            {{},
+             {{QStringLiteral("Instance"), 1, QStringLiteral("q_reg0"), QStringLiteral("q_reg1")}}},
+            input, *design, QByteArray(64, 'a'), false, nullptr, &error);
+    }
+
+    Check::ConfigurationInput input;
+    std::unique_ptr<NlsData::Netlist> netlist;
+    std::unique_ptr<Check::DesignNames> design;
+    QString error;
+};
+
 Saver namesSaver(TestHost *host)
 {
-    const QString path = host->write(QStringLiteral("a.vlr.names"), QByteArray(20000, 'o'));
-    return {QStringLiteral("a.vlr.names"),
-            [path] { return VLT::replaceFile(path, QByteArray(30000, 'n')).isWritten(); }, nullptr,
-            nullptr};
+    const auto writer = std::make_shared<NamesWriter>(host);
+    writer->record('a');
+    return {QStringLiteral("a.vlr.names"), [writer] { return writer->record('b'); },
+            [writer] { return !writer->error.isEmpty(); }, nullptr};
+}
+
+Saver planSaver(TestHost *host)
+{
+    const auto writer = std::make_shared<NamesWriter>(host);
+    return {QStringLiteral("a.vlr"), [writer] { return writer->rename(); },
+            [writer] { return !writer->error.isEmpty(); }, nullptr};
 }
 
 } // namespace
@@ -128,6 +171,7 @@ void TestFaults::savesWholeOrNotAtAll_data()
     add("project", projectSaver, false);
     add("wizard", wizardSaver, true);
     add("memory of names", namesSaver, false);
+    add("changed names", planSaver, false);
 }
 
 void TestFaults::savesWholeOrNotAtAll()
@@ -167,8 +211,8 @@ void TestFaults::savesWholeOrNotAtAll()
         QStringList actual = filesIn(host);
         actual.sort();
         QCOMPARE(actual, expected);
-        if (saver.isModified)
-            QCOMPARE(saver.isModified(), !saved);
+        if (saver.isMarked)
+            QCOMPARE(saver.isMarked(), !saved);
         if (tells)
             QCOMPARE(messages.texts.isEmpty(), saved);
         refused += saved ? 0 : 1;
