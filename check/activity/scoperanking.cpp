@@ -299,7 +299,7 @@ private:
     void order()
     {
         quint32 most[2] = {0, 0};
-        for (const ScopeCandidate &candidate : m_ranking.candidates) {
+        for (const ScopeCandidate &candidate : qAsConst(m_ranking.candidates)) {
             quint32 &covered = most[candidate.isComplete()];
             covered = qMax(covered, candidate.counts.coveredNets());
         }

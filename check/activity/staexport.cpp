@@ -203,7 +203,8 @@ private:
         }
         const NlsData::NetNames::Names names = m_input.names.nets().names(net);
         QStringList words;
-        for (const QString &name : names.given + names.fromCells + names.generated)
+        const QStringList all = names.given + names.fromCells + names.generated;
+        for (const QString &name : all)
             words += tclWord(name);
         line(QStringLiteral("set_driver_activity %1 [list %2] %3")
                  .arg(tclWord(driver->path()), words.join(QLatin1Char(' ')), value));

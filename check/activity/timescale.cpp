@@ -40,7 +40,7 @@ Timescale parseTimescale(const QString &text)
     int digits = 0;
     while (digits < plain.size() && plain.at(digits).isDigit())
         ++digits;
-    const int number = digits == 0 ? 1 : plain.left(digits).toInt();
+    const int number = digits == 0 ? 1 : plain.leftRef(digits).toInt();
     const std::optional<int> exponent = exponentOfUnit(plain.mid(digits));
     if (!exponent || (number != 1 && number != 10 && number != 100))
         return {};

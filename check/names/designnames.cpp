@@ -224,7 +224,7 @@ QSet<QString> DesignNames::identity(ObjectKind kind, const DesignObject &object)
     else if (NlsData::Net *net = object.net ? object.net : object.port->net())
         nets.append(net);
     QSet<QString> identity;
-    for (const NlsData::Net *net : nets) {
+    for (const NlsData::Net *net : qAsConst(nets)) {
         const QStringList names = m_nets.names(net).given;
         for (const QString &name : names)
             identity.insert(name);

@@ -73,7 +73,7 @@ void proposeByIdentity(ReviewedRecord *record, const DesignNames &design)
     // Without a record the name itself is the only witness.
     NlsData::Net *net = kind == ObjectKind::Net ? design.nets().find(record->name) : nullptr;
     if (record->meant.isEmpty() && net)
-        setProposal(record, design.objectsOf(kind, net).first(), Certainty::Likely,
+        setProposal(record, design.objectsOf(kind, net).at(0), Certainty::Likely,
                     sharedWith(kind, record->name) +
                         QStringLiteral("; what the name meant was not recorded"));
 }

@@ -262,7 +262,7 @@ QString RecordScanner::text(const Span &span) const
         const QString name = raw.mid(i + 1, end - i - 1);
         if (name.startsWith(QLatin1Char('#'))) {
             const bool isHex = name.startsWith(QLatin1String("#x"));
-            const uint code = isHex ? name.mid(2).toUInt(nullptr, 16) : name.mid(1).toUInt();
+            const uint code = isHex ? name.midRef(2).toUInt(nullptr, 16) : name.midRef(1).toUInt();
             text += QString::fromUcs4(&code, 1);
         } else {
             text += name == QLatin1String("lt")     ? QLatin1Char('<')

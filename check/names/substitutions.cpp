@@ -150,7 +150,8 @@ void Substitutions::addKept(int index)
     const ReviewedRecord &record = m_records.at(index);
     if (record.state != NameState::Same && record.state != NameState::Unknown)
         return;
-    for (const QString &name : QStringList(record.name) + record.now) {
+    const QStringList names = QStringList(record.name) + record.now;
+    for (const QString &name : names) {
         const PathHashes hashes(name);
         const Parts parts = partsOf(name, true);
         for (const Part &part : parts) {
