@@ -68,6 +68,7 @@ private slots:
     void verdicts_data();
     void verdicts();
     void boundScope();
+    void manyEqualInstances();
 };
 
 void TestScopes::bits_data()
@@ -234,6 +235,34 @@ void TestScopes::boundScope()
     QCOMPARE(bound("u_b"), QStringLiteral("tb/dut/u_a 5"));
     QCOMPARE(bound("u_c"), QStringLiteral(" 0"));
     QCOMPARE(design.tree->findScope(QStringLiteral("none")), DesignTree::NONE);
+}
+
+/// Each of them votes for all the others: that must not make large designs slow.
+void TestScopes::manyEqualInstances()
+{
+    const auto secondsFor = [](int count) {
+        NetlistJson json;
+        int bit = 100;
+        auto &top = json.module("top").top();
+        addNets(&json.module("core"), {{"one", 0}, {"two", 0}}, &bit);
+        QByteArray cores;
+        for (int i = 0; i < count; ++i) {
+            const QByteArray name = "u_" + QByteArray::number(i);
+            top.cell(name, "core");
+            cores += scope(name, var("one") + var("two"));
+        }
+        const ActivityDesign design(json);
+        const auto file = activityFile(vcd(scope("tb", scope("dut", cores))));
+        QElapsedTimer timer;
+        timer.start();
+        const ScopeRanking ranking = rankScopes(*file, *design.tree);
+        if (ranking.verdict != ScopeVerdict::Fits || ranking.candidates.first().instance != 0)
+            qFatal("%s", qPrintable(ranking.verdictText()));
+        return double(timer.nsecsElapsed()) / 1e9;
+    };
+    const double small = secondsFor(500);
+    const double large = secondsFor(2000);
+    QVERIFY2(large < 6 * small, qPrintable(QStringLiteral("%1 %2").arg(small).arg(large)));
 }
 
 QTEST_APPLESS_MAIN(TestScopes)
