@@ -108,6 +108,12 @@ bool editRecords(const QByteArray &bytes, const QVector<RecordEdit> &edits, QByt
     for (const RecordEdit &edit : edits) {
         const QVector<ScannedRecord> section = sections.value(edit.section);
         const bool exists = edit.ordinal >= 1 && edit.ordinal <= section.size();
+        if (exists && !section.at(edit.ordinal - 1).hasName) {
+            *error = QStringLiteral("%1 has no attribute to be changed: choose its object in the "
+                                    "editor and save it once")
+                         .arg(described(edit));
+            return false;
+        }
         if (!exists || !section.at(edit.ordinal - 1).hasName ||
             scanner.text(section.at(edit.ordinal - 1).name) != edit.from) {
             *error = QStringLiteral("%1 is not in the file").arg(described(edit));

@@ -79,6 +79,8 @@ void TestAccessibility::window()
     tabs->setCurrentIndex(tab);
     WindowTest::window().show();
     QCOMPARE(namelessIn(&(WindowTest::window())).join(QLatin1Char('\n')), QString());
+    action("showCoverage")->trigger();
+    QCOMPARE(namelessIn(&(WindowTest::window())).join(QLatin1Char('\n')), QString());
 }
 
 void TestAccessibility::dialogs_data()
