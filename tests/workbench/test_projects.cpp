@@ -54,6 +54,7 @@ private:
         auto *box = dialog->findChild<QDialogButtonBox *>();
         QTest::mouseClick(box->button(QDialogButtonBox::Ok), Qt::LeftButton);
     }
+    void configureByMouse(const QString &path);
     static ModalDriver::Script nameConfiguration(const char *name)
     {
         return [name](QWidget *dialog) {
@@ -96,7 +97,7 @@ void TestProjects::opensNetlistAsProject()
         QApplication::sendEvent(&window(), &drop);
         QTRY_COMPARE(project(), m_host->path(QStringLiteral("mine/top.fpgaproj")));
     }
-    QVERIFY(openView(QStringLiteral("mine/a.vlr")));
+    configureByMouse(QStringLiteral("mine/power.vlr"));
 
     // The project's own netlist is a file of it like others.
     window().open(netlist);
@@ -234,6 +235,39 @@ void TestProjects::opensLastProjectAgain()
     QCOMPARE(project(), QString());
 }
 
+/// From the start page's link to a configuration "power" that is edited and saved, at `path`.
+void TestProjects::configureByMouse(const QString &path)
+{
+    QTRY_VERIFY(link("startConfiguration") && !link("startSynthesis"));
+    {
+        ModalDriver wizard([](QWidget *dialog) {
+            QTest::keyClicks(dialog->findChild<QLineEdit *>(QStringLiteral("editName")),
+                             QStringLiteral("power"));
+            clickOk(dialog);
+        });
+        QTest::mouseClick(link("startConfiguration"), Qt::LeftButton);
+        QTRY_COMPARE(Core::ViewArea::get()->views().size(), 1);
+    }
+    Core::IView *view = Core::ViewArea::get()->activeView();
+    const auto boxes = view->findChildren<QCheckBox *>();
+    const auto box = std::find_if(boxes.begin(), boxes.end(), [](const QCheckBox *candidate) {
+        return candidate->isVisible();
+    });
+    QVERIFY(box != boxes.end());
+    QTest::mouseClick(*box, Qt::LeftButton, Qt::NoModifier, {8, (*box)->height() / 2});
+    QVERIFY(view->windowTitle().endsWith(QLatin1Char('*')));
+    auto *menu = window().menuBar()->actions().first()->menu();
+    QTest::mouseClick(window().menuBar(), Qt::LeftButton, Qt::NoModifier,
+                      window().menuBar()->actionGeometry(menu->menuAction()).center());
+    const auto entries = menu->actions();
+    for (QAction *entry : entries) {
+        if (entry->shortcut() == QKeySequence(QKeySequence::Save))
+            QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
+                              menu->actionGeometry(entry).center());
+    }
+    QTRY_VERIFY(m_host->read(path).contains("<Version>"));
+}
+
 void TestProjects::goesFromVerilogToConfigurationByMouse()
 {
     m_host->write(QStringLiteral("own/blink.v"), "module top(input clk); endmodule");
@@ -273,34 +307,7 @@ void TestProjects::goesFromVerilogToConfigurationByMouse()
     QTRY_VERIFY(action("runSynthesis")->isEnabled());
     QVERIFY2(messages().contains(QLatin1String("synth_ecp5 -top top; autoname; write_json")),
              qPrintable(messages()));
-    QTRY_VERIFY(link("startConfiguration") && !link("startSynthesis"));
-    {
-        ModalDriver wizard([](QWidget *dialog) {
-            QTest::keyClicks(dialog->findChild<QLineEdit *>(QStringLiteral("editName")),
-                             QStringLiteral("power"));
-            clickOk(dialog);
-        });
-        QTest::mouseClick(link("startConfiguration"), Qt::LeftButton);
-        QTRY_COMPARE(Core::ViewArea::get()->views().size(), 1);
-    }
-    Core::IView *view = Core::ViewArea::get()->activeView();
-    const auto boxes = view->findChildren<QCheckBox *>();
-    const auto box = std::find_if(boxes.begin(), boxes.end(), [](const QCheckBox *candidate) {
-        return candidate->isVisible();
-    });
-    QVERIFY(box != boxes.end());
-    QTest::mouseClick(*box, Qt::LeftButton, Qt::NoModifier, {8, (*box)->height() / 2});
-    QVERIFY(view->windowTitle().endsWith(QLatin1Char('*')));
-    auto *menu = window().menuBar()->actions().first()->menu();
-    QTest::mouseClick(window().menuBar(), Qt::LeftButton, Qt::NoModifier,
-                      window().menuBar()->actionGeometry(menu->menuAction()).center());
-    const auto entries = menu->actions();
-    for (QAction *entry : entries) {
-        if (entry->shortcut() == QKeySequence(QKeySequence::Save))
-            QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
-                              menu->actionGeometry(entry).center());
-    }
-    QTRY_VERIFY(m_host->read(QStringLiteral("own/power.vlr")).contains("<Version>"));
+    configureByMouse(QStringLiteral("own/power.vlr"));
     QVERIFY(QDir::setCurrent(folder));
     qputenv("PATH", path);
 }
