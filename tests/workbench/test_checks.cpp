@@ -5,6 +5,7 @@
 #include "host/core/commandregistry.h"
 #include "host/core/ifileopener.h"
 #include "host/core/projectfile.h"
+#include "workbench/checks/checkservice.h"
 
 #include <QtTest>
 #include <QtWidgets>
@@ -135,7 +136,8 @@ void TestChecks::remembersNamesOnSave()
     edit(view);
     save();
     m_host->closeAll();
-    QTRY_VERIFY(m_host->read(QStringLiteral("b.vlr.names")).contains("q_reg1"));
+    window().findChild<Workbench::CheckService *>()->finishRecording();
+    QVERIFY(m_host->read(QStringLiteral("b.vlr.names")).contains("q_reg1"));
 
     // Switched off in the project.
     QAction *record = action("recordNames");
