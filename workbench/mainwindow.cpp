@@ -2,9 +2,11 @@
 
 #include "workbench/checks/checks.h"
 #include "workbench/coverage/coveragetool.h"
-#include "workbench/devicedialog.h"
+#include "workbench/devicemenu.h"
+#include "workbench/docks.h"
 #include "workbench/documents.h"
 #include "workbench/editmenu.h"
+#include "workbench/menuicons.h"
 #include "workbench/panes/messagespane.h"
 #include "workbench/projectnotices.h"
 #include "workbench/projects/lastproject.h"
@@ -12,34 +14,44 @@
 #include "workbench/projects/newfiles.h"
 #include "workbench/projects/projectcommands.h"
 #include "workbench/projecttree.h"
+#include "workbench/startpage.h"
 #include "workbench/synthesis.h"
+#include "workbench/tablestatus.h"
 
+#include "host/core/commandregistry.h"
 #include "host/core/projectfile.h"
 #include "host/core/projectsession.h"
 #include "host/core/viewarea.h"
 #include "host/dev/devicecatalogue.h"
 #include "host/extsys/pluginmanager.h"
 #include "host/nlsdata/celllibrary.h"
-#include "host/te/deviceselection.h"
 #include "host/te/flowcontrol.h"
 #include "host/utils/dialogs.h"
+#include "host/utils/findbar.h"
 
+#include "core/constants.h"
 #include "core/iview.h"
 #include "core/viewmanager.h"
 
 #include <QAction>
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QLabel>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QPointer>
+#include <QProgressBar>
 #include <QScreen>
 #include <QSettings>
+#include <QStatusBar>
+#include <QStyle>
 #include <QTabWidget>
+#include <QToolButton>
 #include <QUrl>
+#include <QVBoxLayout>
 
 namespace Workbench {
 
@@ -80,6 +92,8 @@ MainWindow::MainWindow(QWidget *parent)
     , m_edit(new EditMenu(this))
     , m_checks(new Checks(this))
     , m_coverage(new CoverageTool(m_checks->service(), this))
+    , m_device(new DeviceMenu(this))
+    , m_docks(new Docks(this))
 {
     setObjectName(QStringLiteral("workbench"));
     setAcceptDrops(true);
@@ -98,11 +112,115 @@ MainWindow::MainWindow(QWidget *parent)
 
 MainWindow::~MainWindow() = default;
 
+void MainWindow::createCenter()
+{
+    m_views->setObjectName(QStringLiteral("views"));
+    m_views->setDocumentMode(true);
+    m_views->setTabsClosable(true);
+    m_views->setMovable(true);
+    auto *center = new QWidget;
+    auto *layout = new QVBoxLayout(center);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(createStartPage()->around(m_views));
+    layout->addWidget(m_edit->findBar());
+    setCentralWidget(center);
+}
+
+void MainWindow::createDocks()
+{
+    m_docks->addSide(tr("Project"), QStringLiteral("projectDock"), m_tree);
+    QDockWidget *messages =
+        m_docks->addPane(tr("Messages"), QStringLiteral("messagesDock"), m_messages);
+    m_docks->addPane(m_checks->dock());
+    m_docks->addPane(m_coverage->dock());
+    m_docks->arrange();
+    // The cause is above the message, in the output of the tools.
+    connect(m_synthesis, &Synthesis::failed, messages,
+            [this, messages] { m_docks->bringForward(messages); });
+}
+
+void MainWindow::createFileMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&File"));
+    m_newMenu = menu->addMenu(tr("&New"));
+    m_newMenu->setObjectName(QStringLiteral("newMenu"));
+    m_newMenu->addAction(m_projects->newAction());
+
+    m_open = menu->addAction(tr("&Open\u2026"), this, &MainWindow::chooseFile);
+    m_open->setObjectName(QStringLiteral("open"));
+    m_open->setShortcut(QKeySequence::Open);
+    m_open->setStatusTip(tr("Open a project, a configuration or a netlist"));
+    m_recent.fill(menu->addMenu(tr("Open &recent")));
+    menu->addSeparator();
+
+    Core::CommandRegistry::setDefaultText(QLatin1String(Core::Constants::A_FILE_SAVE), tr("&Save"));
+    QAction *save = Core::CommandRegistry::command(QLatin1String(Core::Constants::A_FILE_SAVE));
+    save->setShortcut(QKeySequence::Save);
+    menu->addAction(save);
+
+    m_close = menu->addAction(tr("&Close"), this, &MainWindow::closeActiveView);
+    m_close->setObjectName(QStringLiteral("closeView"));
+    m_close->setShortcuts({Qt::CTRL + Qt::Key_W, Qt::CTRL + Qt::Key_F4});
+    m_close->setStatusTip(tr("Close the current view"));
+    menu->addSeparator();
+    menu->addAction(m_projects->settingsAction());
+    menu->addAction(m_projects->closeAction());
+    menu->addAction(m_projects->lastProject()->option());
+    menu->addSeparator();
+    QAction *quit = menu->addAction(tr("&Quit"), this, &MainWindow::close);
+    quit->setObjectName(QStringLiteral("quit"));
+    quit->setShortcut(Qt::CTRL + Qt::Key_Q);
+    setIconsWhenShown(menu, {{m_newMenu->menuAction(), QStyle::SP_FileIcon},
+                             {m_open, QStyle::SP_DialogOpenButton},
+                             {save, QStyle::SP_DialogSaveButton},
+                             {m_close, QStyle::SP_DialogCloseButton}});
+}
+
+void MainWindow::createOtherMenus()
+{
+    menuBar()->addMenu(m_edit->menu());
+    QMenu *flow = menuBar()->addMenu(tr("F&low"));
+    flow->addAction(m_synthesis->runAction());
+    flow->addAction(m_synthesis->stopAction());
+    setIconsWhenShown(flow, {{m_synthesis->runAction(), QStyle::SP_MediaPlay},
+                             {m_synthesis->stopAction(), QStyle::SP_MediaStop}});
+
+    menuBar()->addMenu(m_device->menu());
+    m_checks->menu()->addAction(m_coverage->showAction());
+    menuBar()->addMenu(m_checks->menu());
+    menuBar()->addMenu(m_docks->menu());
+
+    QMenu *help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("&About Workbench"), this, &MainWindow::about);
+}
+
+StartPage *MainWindow::createStartPage()
+{
+    auto *page = new StartPage({m_projects->newAction(), m_open, m_projects->settingsAction(),
+                                m_device->chooseAction(), m_synthesis->runAction()});
+    connect(page, &StartPage::failed, m_messages, &MessagesPane::fail);
+    connect(page, &StartPage::fileChosen, this, &MainWindow::open);
+    connect(page, &StartPage::configurationWanted, m_newFiles, &NewFiles::createConfiguration);
+    connect(m_documents, &Documents::opened, page, &StartPage::addRecent);
+    return page;
+}
+
+void MainWindow::createStatusBar()
+{
+    new TableStatus(statusBar());
+    statusBar()->addPermanentWidget(m_synthesis->progress());
+    statusBar()->addPermanentWidget(m_checks->status());
+    statusBar()->addPermanentWidget(m_device->label());
+    m_synthesis->progress()->hide();
+}
+
 void MainWindow::connectParts()
 {
     new ProjectNotices(m_messages, this);
     connect(m_tree, &ProjectTree::fileActivated, m_documents, &Documents::open);
-    connect(m_tree, &ProjectTree::deviceActivated, this, &MainWindow::chooseDevice);
+    connect(m_tree, &ProjectTree::deviceActivated, m_device, &DeviceMenu::choose);
+    connect(m_device, &DeviceMenu::message, m_messages, &MessagesPane::note);
     connect(m_documents, &Documents::opened, &m_recent, &RecentFiles::add);
     connect(m_documents, &Documents::message, m_messages, &MessagesPane::note);
     connect(m_documents, &Documents::failed, m_messages, &MessagesPane::fail);
@@ -193,18 +311,6 @@ void MainWindow::closeActiveView()
         Core::ViewManager::instance()->closeView(view);
 }
 
-void MainWindow::chooseDevice()
-{
-    Utils::GuardedDialog dialog(new DeviceDialog(TE::DeviceSelection::get()->deviceID(), this));
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    TE::DeviceSelection::get()->setDevice(dialog->deviceId());
-    if (!dialog.get()) // messages of views about the change may have run the event loop
-        return;
-    m_messages->note(tr("Device: %1").arg(dialog->deviceId()));
-    updateActions();
-}
-
 void MainWindow::about()
 {
     Utils::GuardedDialog box(new QMessageBox(
@@ -228,8 +334,7 @@ void MainWindow::updateTitle()
 void MainWindow::updateActions()
 {
     m_close->setEnabled(Core::ViewArea::get()->activeView());
-    const QString device = TE::DeviceSelection::get()->deviceID();
-    m_device->setText(device.isEmpty() ? tr("No device") : device);
+    m_device->update();
 }
 
 bool MainWindow::stopRunningSynthesis()

@@ -3,17 +3,15 @@
 #include "workbench/recentfiles.h"
 
 #include <QMainWindow>
-#include <QStyle>
-#include <QVector>
 
-class QDockWidget;
-class QLabel;
 class QTabWidget;
 
 namespace Workbench {
 
 class Checks;
 class CoverageTool;
+class DeviceMenu;
+class Docks;
 class Documents;
 class EditMenu;
 class MessagesPane;
@@ -56,10 +54,6 @@ protected:
 private:
     void createCenter();
     void createDocks();
-    void growWhenShown(QDockWidget *dock);
-    void growLater(QDockWidget *dock);
-    using MenuIcons = QVector<QPair<QAction *, QStyle::StandardPixmap>>;
-    void setIconsWhenShown(QMenu *menu, const MenuIcons &icons);
     void createFileMenu();
     void createOtherMenus();
     void createStatusBar();
@@ -70,7 +64,6 @@ private:
     void openAll(const QStringList &paths);
     void chooseFile();
     void closeActiveView();
-    void chooseDevice();
     void about();
     void updateTitle();
     void updateActions();
@@ -86,13 +79,12 @@ private:
     EditMenu *m_edit;
     Checks *m_checks;
     CoverageTool *m_coverage;
+    DeviceMenu *m_device;
+    Docks *m_docks;
     RecentFiles m_recent;
     QMenu *m_newMenu = nullptr;
-    QMenu *m_viewMenu = nullptr;
     QAction *m_open = nullptr;
     QAction *m_close = nullptr;
-    QAction *m_chooseDevice = nullptr;
-    QLabel *m_device = nullptr;
 };
 
 } // namespace Workbench
