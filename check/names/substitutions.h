@@ -53,7 +53,7 @@ private:
         QString left;
         QString part;
         QVector<Member> members;
-        bool isKept = false; ///< a name that is as it was has the part, too
+        bool isKept = false; ///< a name that has not changed contains it, too
     };
 
     Parts partsOf(const QString &name, bool withCellTypes) const;
