@@ -146,7 +146,7 @@ bool readFamily(const QJsonObject &object, std::vector<Device> *devices, QString
             std::all_of(packages.begin(), packages.end(),
                         [](const QJsonValue &name) { return !name.toString().isEmpty(); });
         if (part.key().isEmpty() || packages.isEmpty() || !named) {
-            *error = tr("the part \"%1\" needs a list of package names").arg(part.key());
+            *error = tr("part \"%1\" needs a list of package names").arg(part.key());
             return false;
         }
         for (const QJsonValue &package : packages) {
